@@ -1,0 +1,22 @@
+# orvane_add_test(<name> SOURCES <files...> LIBS <targets...>)
+# Builds one GoogleTest program and registers its test cases with ctest. Tests run headless,
+# and get the source tree and a scratch directory through environment variables.
+function(orvane_add_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest GTest::gtest_main)
+  set(scratch ${CMAKE_BINARY_DIR}/test-scratch/${name})
+  file(MAKE_DIRECTORY ${scratch})
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ORVANE_SOURCE_DIR=${CMAKE_SOURCE_DIR};ORVANE_TEST_SCRATCH=${scratch}")
+endfunction()
+
+# orvane_add_benchmark(<name> SOURCES <files...> LIBS <targets...>)
+# Builds one Google Benchmark program; benchmarks are never run by ctest.
+function(orvane_add_benchmark name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} benchmark::benchmark)
+endfunction()

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 
 #include "ZEB_Exception.h"
@@ -37,10 +38,113 @@ T string2integer(const std::string & str, const char * funcId) {
 	return value;
 }
 
+/*! True when all eight bytes of the little-endian word are ASCII digits. */
+inline bool isEightDigits(std::uint64_t v) {
+	return (((v & 0xF0F0F0F0F0F0F0F0ull) | (((v + 0x0606060606060606ull) & 0xF0F0F0F0F0F0F0F0ull) >> 4))
+			== 0x3333333333333333ull);
+}
+
+/*! Value of eight ASCII digits held in a little-endian word, combining digit pairs, then
+	pairs of pairs, with multiplications instead of eight dependent steps.
+*/
+inline std::uint32_t eightDigitsValue(std::uint64_t v) {
+	const std::uint64_t mask = 0x000000FF000000FFull;
+	const std::uint64_t mul1 = 100 + (1000000ull << 32);
+	const std::uint64_t mul2 = 1 + (10000ull << 32);
+	v -= 0x3030303030303030ull;
+	v = (v * 10) + (v >> 8);
+	v = (((v & mask) * mul1) + (((v >> 16) & mask) * mul2)) >> 32;
+	return static_cast<std::uint32_t>(v);
+}
+
+/*! Appends the digits at p to mantissa and counts all and significant digits; eight digits at
+	a time once a non-zero digit has been seen. Returns the position after the digits.
+*/
+inline const char * accumulateDigits(const char * p, const char * end, std::uint64_t & mantissa,
+									 int & digits, int & significantDigits)
+{
+	while (mantissa != 0 && end - p >= 8 && significantDigits <= 11) {
+		std::uint64_t word;
+		std::memcpy(&word, p, 8);
+		if (!isEightDigits(word))
+			break;
+		mantissa = mantissa*100000000ull + eightDigitsValue(word);
+		p += 8;
+		digits += 8;
+		significantDigits += 8;
+	}
+	for (; p != end && static_cast<unsigned>(*p - '0') < 10; ++p, ++digits) {
+		if (mantissa != 0 || *p != '0')
+			++significantDigits;
+		mantissa = mantissa*10 + static_cast<unsigned>(*p - '0');
+	}
+	return p;
+}
+
+/*! Exact fast path for the common case of at most 19 significant digits whose integer
+	mantissa fits into 53 bits and whose decimal exponent lies within +-22: both factors are then
+	exact doubles and one IEEE multiplication or division rounds correctly (Clinger's method).
+	Parses the number at the start of [p, end) and returns the position after it, or null when
+	the number is outside that case; the caller then uses the general parser.
+*/
+const char * parseDoubleFastPrefix(const char * p, const char * end, double & value) {
+	static const double pow10[] = {
+		1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+		1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22
+	};
+	bool negative = false;
+	if (p != end && *p == '-') {
+		negative = true;
+		++p;
+	}
+	std::uint64_t mantissa = 0;
+	int significantDigits = 0;
+	int digits = 0;
+	p = accumulateDigits(p, end, mantissa, digits, significantDigits);
+	int exponent = 0;
+	if (p != end && *p == '.') {
+		const int integerDigits = digits;
+		p = accumulateDigits(p + 1, end, mantissa, digits, significantDigits);
+		exponent = integerDigits - digits;
+	}
+	// beyond 19 significant digits the mantissa may have wrapped: leave it to the general parser
+	if (digits == 0 || significantDigits > 19)
+		return nullptr;
+	if (p != end && (*p == 'e' || *p == 'E')) {
+		++p;
+		bool negativeExp = false;
+		if (p != end && (*p == '-' || *p == '+')) {
+			negativeExp = (*p == '-');
+			++p;
+		}
+		if (p == end || static_cast<unsigned>(*p - '0') >= 10)
+			return nullptr;	// an exponent needs digits
+		int e = 0;
+		for (; p != end && static_cast<unsigned>(*p - '0') < 10; ++p) {
+			if (e > 10000)
+				return nullptr;
+			e = e*10 + (*p - '0');
+		}
+		exponent += negativeExp ? -e : e;
+	}
+	if (mantissa == 0) {
+		value = negative ? -0.0 : 0.0;
+		return p;
+	}
+	if (mantissa > (std::uint64_t(1) << 53) || exponent < -22 || exponent > 22)
+		return nullptr;
+	double d = static_cast<double>(mantissa);
+	d = exponent < 0 ? d / pow10[-exponent] : d * pow10[exponent];
+	value = negative ? -d : d;
+	return p;
+}
+
 } // namespace
 
 
 bool parseDouble(const char * begin, const char * end, double & value) {
+	if (parseDoubleFastPrefix(begin, end, value) == end)
+		return true;
 	if (begin != end && *begin == '+') {
 		++begin;
 		// "+-1" is no number
@@ -116,15 +220,19 @@ void string2valueVector(const char * begin, const char * end, std::vector<double
 			++p;
 		if (p == end)
 			break;
-		const char * tokenEnd = p;
-		while (tokenEnd != end && !isSeparator(*tokenEnd))
-			++tokenEnd;
+		// most tokens are plain numbers that end at a separator: parse them in one pass
 		double v;
-		if (!parseDouble(p, tokenEnd, v))
-			throw Exception(MessageFormat("'%1' at character pos #2 is not a valid number.")
-							.arg(std::string(begin, end)), FUNC_ID);
+		const char * stop = parseDoubleFastPrefix(p, end, v);
+		if (stop == nullptr || (stop != end && !isSeparator(*stop))) {
+			stop = p;
+			while (stop != end && !isSeparator(*stop))
+				++stop;
+			if (!parseDouble(p, stop, v))
+				throw Exception(MessageFormat("'%1' at character pos #2 is not a valid number.")
+								.arg(std::string(begin, end)), FUNC_ID);
+		}
 		values.push_back(v);
-		p = tokenEnd;
+		p = stop;
 	}
 }
 

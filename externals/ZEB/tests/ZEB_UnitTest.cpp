@@ -1,0 +1,302 @@
+// This file is UTF-8: unit names contain "µ".
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <sstream>
+
+#include <ZEB_Exception.h>
+#include <ZEB_Math.h>
+#include <ZEB_Unit.h>
+#include <ZEB_UnitList.h>
+#include <ZEB_UnitVector.h>
+
+namespace {
+
+// Typed from the system description ("All unit names, in id order"), independent of the table.
+const char * const NAMES =
+	"undefined m mm cm dm m2 mm2 cm2 dm2 m3 mm3 cm3 dm3 s min h d a sqrt(s) sqrt(h) ms s/s min/s h/s d/s a/s "
+	"m/s cm/s cm/h cm/d m2/s cm2/s m2/h cm2/h m/s2 s/m kg/m2sPa s2/m2 kg g mg kg/ms kg/s kg/h kg/d g/s g/h "
+	"g/d g/a mg/s µg/s kg/m2 kg/dm2 g/dm2 g/cm2 mg/m2 kg/m2s g/m2s g/m2h g/m2d kg/m2h mg/m2s µg/m2s mg/m2h "
+	"µg/m2h kg/m3 kg/dm3 g/dm3 g/cm3 g/m3 mg/m3 µg/m3 log(kg/m3) log(g/m3) log(mg/m3) log(µg/m3) kg/m3s "
+	"g/m3s g/m3h kg/m3h mg/m3s µg/m3s mg/m3h µg/m3h kg/m g/m g/mm kg/mm kg/kg g/kg mg/kg J kJ MJ MWh kWh Wh "
+	"J/m2 kJ/m2 MJ/m2 GJ/m2 J/dm2 J/cm2 kWh/m2 J/m3 Ws/m3 kJ/m3 MJ/m3 GJ/m3 J/dm3 J/cm3 kWh/m3 J/m3s kJ/m3s "
+	"MJ/m3s J/dm3s J/cm3s J/m3h W/m3 kW/m3 MW/m3 W/dm3 W/cm3 W/mm3 J/m3K kJ/m3K J/s J/h J/d kJ/d W kW MW "
+	"Nm/s J/kg kJ/kg J/kgK kJ/kgK Ws/kgK J/gK Ws/gK J/K kJ/K J/m2s W/m2 kW/m2 MW/m2 W/dm2 W/cm2 W/mK kW/mK "
+	"W/m2K W/m2K2 W/mK2 l/m2s l/m2h l/m2d mm/d mm/h l/m3s l/m3h m3/m2s m3/m2h dm3/m2s dm3/m2h m3/m2sPa "
+	"m3/m2hPa m3/s m3/h dm3/s dm3/h m3/m3 Vol% m3/m3d Vol%/d --- % 1 1/10 1/8 ---/d %/d K C 1/K K/m m2s/kg "
+	"Pa hPa kPa Bar PSI Torr 1/Pa Pa/m kPa/m Lux kLux Rad Deg m2/kg m2K/W 1/m 1/cm logcm logm logPa K/Pa "
+	"mol/kg mol/g kg/mol g/mol J/mol kJ/mol kg/m2s05 kg/m2h05 1/logcm mol/m3 mol/ltr mol/dm3 mol/cm3 mol "
+	"mmol - mm/m m3m/m3m m3mm/m3m kg/m3sK g/m3sK g/m3hK kg/m3hK mg/m3sK µg/m3sK mg/m3hK µg/m3hK 1/s 1/min "
+	"1/h W/m2s W/m2h kW/m2s MW/m2s W/dm2s W/cm2s Person/m2 W/Person kW/Person W/K kWh/m2a kWh/a m2/m3 Kh";
+
+const char * const BASES =
+	"undefined m m2 m3 s s/s m/s m2/s m/s2 s/m s2/m2 kg kg/ms kg/s kg/m2 kg/m2s kg/m3 kg/m3s kg/m kg/kg J "
+	"J/m2 J/m3 J/m3s J/m3K J/s J/kg J/kgK J/K J/m2s W/mK W/m2K W/m2K2 W/mK2 l/m2s l/m3s m3/m2s m3/m2sPa "
+	"m3/s m3/m3 m3/m3d --- ---/d K 1/K K/m m2s/kg Pa 1/Pa Pa/m Lux Rad m2/kg m2K/W 1/m logcm logm logPa "
+	"K/Pa mol/kg kg/mol J/mol kg/m2s05 1/logcm mol/m3 mol - mm/m m3m/m3m kg/m3sK 1/s W/m2s Person/m2 "
+	"W/Person W/K kWh/m2a kWh/a m2/m3 Kh";
+
+std::vector<std::string> words(const char * text) {
+	std::istringstream in(text);
+	std::vector<std::string> w;
+	for (std::string s; in >> s;)
+		w.push_back(s);
+	return w;
+}
+
+/*! Passes when f throws a ZEB::Exception whose newest record is (msg, where). */
+template <typename F>
+::testing::AssertionResult throwsWith(F f, const std::string & msg, const std::string & where) {
+	try {
+		f();
+	}
+	catch (ZEB::Exception & ex) {
+		if (ex.what() == msg && ex.messages().back().m_where == where)
+			return ::testing::AssertionSuccess();
+		return ::testing::AssertionFailure() << "got " << ex.messages().back().m_where << " " << ex.what();
+	}
+	return ::testing::AssertionFailure() << "no exception";
+}
+
+double conv(const char * from, const char * to, double v) {
+	ZEB::UnitList::instance().convert(ZEB::Unit(from), ZEB::Unit(to), v);
+	return v;
+}
+
+const ZEB::UnitData * data(const char * name) { return ZEB::UnitList::instance().retrieve(name); }
+
+} // namespace
+
+
+TEST(ZEBUnit, NamesIdsAndGroupsInTableOrder) {
+	const ZEB::UnitList & list = ZEB::UnitList::instance();
+	std::vector<std::string> names = words(NAMES), bases = words(BASES);
+	ASSERT_EQ(names.size(), 252u);
+	ASSERT_EQ(bases.size(), 79u);
+	ASSERT_EQ(list.size(), 252u);
+	std::size_t groups = 0;
+	unsigned int base = 0;
+	for (unsigned int i = 0; i < names.size(); ++i) {
+		EXPECT_EQ(list.retrieve(i)->name(), names[i]);
+		EXPECT_EQ(ZEB::Unit(names[i]).id(), i);
+		EXPECT_EQ(ZEB::Unit(i).name(), names[i]);
+		// groups are contiguous: a base unit starts a group, the others belong to the last base
+		if (groups < bases.size() && names[i] == bases[groups]) {
+			base = i;
+			++groups;
+		}
+		EXPECT_EQ(ZEB::Unit(i).base_id(), base) << names[i];
+	}
+	EXPECT_EQ(groups, 79u);
+	// the stray token of the "-" group is no unit
+	EXPECT_EQ(list.retrieve("mm/mK"), nullptr);
+	EXPECT_EQ(ZEB::Unit(), ZEB::Unit("undefined"));
+	EXPECT_EQ(ZEB::Unit().id(), 0u);
+	EXPECT_TRUE(ZEB::Unit("m") < ZEB::Unit("mm"));
+	EXPECT_NE(ZEB::Unit("Pa"), ZEB::Unit("kPa"));
+	EXPECT_EQ(list.retrieve("pa"), nullptr); // case-sensitive
+	EXPECT_EQ(list.retrieve("PA"), nullptr);
+}
+
+
+TEST(ZEBUnit, TellingRowsKeepTheirFactors) {
+	using Op = ZEB::UnitData::Operation;
+	struct Row { const char * name; Op op; double factor; };
+	const Row rows[] = {
+		{"min", Op::OP_DIV, 60}, {"a", Op::OP_DIV, 3.1536e+07}, {"sqrt(s)", Op::OP_SPECIAL, 0},
+		{"sqrt(h)", Op::OP_SPECIAL, 0}, {"ms", Op::OP_MUL, 1000}, {"kg/m2sPa", Op::OP_MUL, 1},
+		{"g/a", Op::OP_MUL, 31536e6}, {"kg/dm3", Op::OP_DIV, 1000}, {"g/dm3", Op::OP_MUL, 1},
+		{"µg/m3", Op::OP_MUL, 1e9}, {"log(µg/m3)", Op::OP_SPECIAL, 0}, {"MWh", Op::OP_DIV, 3.6e9},
+		{"kJ/d", Op::OP_MUL, 86.4}, {"Nm/s", Op::OP_MUL, 1}, {"mm/d", Op::OP_MUL, 86400},
+		{"Vol%", Op::OP_MUL, 100}, {"1/8", Op::OP_MUL, 8}, {"C", Op::OP_SUB, 273.15},
+		{"Bar", Op::OP_MUL, 1e-5}, {"PSI", Op::OP_MUL, 0.000145038}, {"Torr", Op::OP_MUL, 0.00750062},
+		{"Deg", Op::OP_MUL, 57.2958}, {"mol/cm3", Op::OP_DIV, 1e6}, {"1/h", Op::OP_MUL, 3600},
+		{"W/m2h", Op::OP_MUL, 3600}, {"MW/m2s", Op::OP_DIV, 1e6}, {"W/cm2s", Op::OP_DIV, 1e4},
+		{"K", Op::OP_MUL, 1}, {"s", Op::OP_MUL, 1},
+	};
+	for (const Row & r : rows) {
+		ASSERT_NE(data(r.name), nullptr) << r.name;
+		EXPECT_EQ(data(r.name)->operation(), r.op) << r.name;
+		EXPECT_EQ(data(r.name)->factor(), r.factor) << r.name;
+	}
+}
+
+
+TEST(ZEBUnit, DerivedRowsFollowPhysics) {
+	struct Fact { const char * from; const char * to; double expected; }; // 1 <from> = expected <to>
+	const Fact facts[] = {
+		{"kWh", "J", 3.6e6}, {"MWh", "kWh", 1000}, {"d", "h", 24}, {"a", "d", 365}, {"cm", "mm", 10},
+		{"dm3", "cm3", 1000}, {"m2", "cm2", 1e4}, {"kg/m2", "g/dm2", 10}, {"g/cm2", "kg/m2", 10},
+		{"kg/m", "g/mm", 1}, {"kg/mm", "g/m", 1e6}, {"W/cm2", "W/m2", 1e4}, {"J/cm3", "J/m3", 1e6},
+		{"kWh/m3", "MJ/m3", 3.6}, {"kWh/m2", "kJ/m2", 3600}, {"Bar", "Pa", 1e5}, {"kPa", "hPa", 10},
+		{"cm/h", "m/s", 1/3.6e5}, {"cm/d", "cm/h", 1/24.0}, {"m2/h", "cm2/s", 1e4/3600},
+		{"l/m2h", "mm/h", 1}, {"mm/d", "l/m2s", 1/86400.0}, {"dm3/h", "m3/s", 1/3.6e6},
+		{"dm3/m2h", "m3/m2s", 1/3.6e6}, {"m3/m2hPa", "m3/m2sPa", 1/3600.0}, {"µg/m3", "mg/m3", 1e-3},
+		{"µg/m2h", "g/m2s", 1e-6/3600}, {"g/m2d", "kg/m2s", 1e-3/86400}, {"g/a", "kg/s", 1e-3/31536000},
+		{"µg/s", "g/h", 3.6e-3}, {"kg/m2h05", "kg/m2s05", 1/60.0}, {"mol/ltr", "mol/m3", 1000},
+		{"mmol", "mol", 1e-3}, {"kJ/d", "W", 1000/86400.0}, {"Vol%/d", "m3/m3d", 0.01},
+		{"1/h", "1/min", 1/60.0}, {"J/gK", "kJ/kgK", 1}, {"Ws/kgK", "J/kgK", 1}, {"W/mm3", "kW/m3", 1e6},
+		{"J/m3h", "W/m3", 1/3600.0}, {"kg/dm3", "g/cm3", 1}, {"g/dm3", "kg/m3", 1}, {"mol/g", "mol/kg", 1000},
+		{"g/mol", "kg/mol", 1e-3}, {"kJ/mol", "J/mol", 1000}, {"kW/mK", "W/mK", 1000}, {"GJ/m3", "kJ/m3", 1e6},
+		{"µg/m3sK", "kg/m3hK", 3.6e-6}, {"mg/m3h", "g/m3s", 1e-3/3600}, {"mg/kg", "g/kg", 1e-3},
+		{"a/s", "h/s", 8760}, {"kLux", "Lux", 1000}, {"1/cm", "1/m", 100}, {"kW/Person", "W/Person", 1000},
+		{"m3mm/m3m", "m3m/m3m", 1e-3}, {"1/10", "%", 10}, {"Ws/m3", "J/m3", 1}, {"kJ/K", "J/K", 1000},
+		{"kJ/m3K", "J/m3K", 1000}, {"l/m3h", "l/m3s", 1/3600.0}, {"MJ/m3s", "J/cm3s", 1}, {"mm2", "dm2", 1e-4},
+		// every other derived unit, as the base value of one unit
+		{"dm", "m", 0.1}, {"mm3", "m3", 1e-9}, {"min/s", "s/s", 60}, {"d/s", "s/s", 86400}, {"cm/s", "m/s", 0.01},
+		{"cm2/h", "m2/s", 1e-4/3600}, {"g", "kg", 1e-3}, {"mg", "kg", 1e-6}, {"kg/h", "kg/s", 1/3600.0},
+		{"kg/d", "kg/s", 1/86400.0}, {"g/s", "kg/s", 1e-3}, {"g/d", "kg/s", 1e-3/86400}, {"mg/s", "kg/s", 1e-6},
+		{"kg/dm2", "kg/m2", 100}, {"mg/m2", "kg/m2", 1e-6}, {"g/m2h", "kg/m2s", 1e-3/3600}, {"kg/m2h", "kg/m2s", 1/3600.0},
+		{"mg/m2s", "kg/m2s", 1e-6}, {"µg/m2s", "kg/m2s", 1e-9}, {"mg/m2h", "kg/m2s", 1e-6/3600},
+		{"g/m3h", "kg/m3s", 1e-3/3600}, {"kg/m3h", "kg/m3s", 1/3600.0}, {"mg/m3s", "kg/m3s", 1e-6},
+		{"µg/m3s", "kg/m3s", 1e-9}, {"µg/m3h", "kg/m3s", 1e-9/3600}, {"MJ/m2", "J/m2", 1e6}, {"GJ/m2", "J/m2", 1e9},
+		{"J/dm2", "J/m2", 100}, {"J/cm2", "J/m2", 1e4}, {"J/dm3", "J/m3", 1000}, {"kJ/m3s", "J/m3s", 1000},
+		{"J/dm3s", "J/m3s", 1000}, {"MW/m3", "J/m3s", 1e6}, {"W/dm3", "J/m3s", 1000}, {"W/cm3", "J/m3s", 1e6},
+		{"kJ/kg", "J/kg", 1000}, {"Ws/gK", "J/kgK", 1000}, {"kW/m2", "J/m2s", 1000}, {"MW/m2", "J/m2s", 1e6},
+		{"W/dm2", "J/m2s", 100}, {"m3/m2h", "m3/m2s", 1/3600.0}, {"dm3/m2s", "m3/m2s", 1e-3}, {"m3/h", "m3/s", 1/3600.0},
+		{"dm3/s", "m3/s", 1e-3}, {"%/d", "---/d", 0.01}, {"kPa/m", "Pa/m", 1000}, {"mol/dm3", "mol/m3", 1000},
+		{"g/m3sK", "kg/m3sK", 1e-3}, {"g/m3hK", "kg/m3sK", 1e-3/3600}, {"mg/m3sK", "kg/m3sK", 1e-6},
+		{"mg/m3hK", "kg/m3sK", 1e-6/3600}, {"µg/m3hK", "kg/m3sK", 1e-9/3600},
+	};
+	for (const Fact & f : facts)
+		EXPECT_NEAR(conv(f.from, f.to, 1), f.expected, 1e-14*f.expected) << f.from << " -> " << f.to;
+}
+
+
+TEST(ZEBUnit, ThereAndBackBetweenAllPairsOfEveryGroup) {
+	const ZEB::UnitList & list = ZEB::UnitList::instance();
+	std::map<unsigned int, std::vector<ZEB::Unit> > groups;
+	for (unsigned int i = 0; i < list.size(); ++i)
+		groups[list.retrieve(i)->base_id()].push_back(ZEB::Unit(i));
+	ASSERT_EQ(groups.size(), 79u);
+	const double ordinary[] = {0.37, -3.75, 12.5, 1234.5, 98765.4321};
+	const double special[] = {0.37, 1.7, 12.5}; // inside the domains of square root and logarithm
+	std::size_t pairs = 0;
+	for (const auto & g : groups) {
+		for (const ZEB::Unit & a : g.second) {
+			for (const ZEB::Unit & b : g.second) {
+				bool isSpecial = list.retrieve(a.id())->isSpecial() || list.retrieve(b.id())->isSpecial();
+				const double * vals = isSpecial ? special : ordinary;
+				std::size_t n = isSpecial ? 3 : 5;
+				for (std::size_t k = 0; k < n; ++k) {
+					double v = vals[k];
+					list.convert(a, b, v);
+					EXPECT_TRUE(std::isfinite(v));
+					list.convert(b, a, v);
+					EXPECT_NEAR(v, vals[k], 1e-12*std::fabs(vals[k])) << a.name() << " <-> " << b.name();
+				}
+				++pairs;
+			}
+		}
+	}
+	EXPECT_GT(pairs, 1000u);
+}
+
+
+TEST(ZEBUnit, EdgeCases) {
+	EXPECT_EQ(conv("C", "K", 20), 20 + 273.15);
+	EXPECT_EQ(conv("K", "C", 300), 300 - 273.15);
+	EXPECT_EQ(conv("h", "min", 1.1), 1.1*60);
+	EXPECT_EQ(conv("log(g/m3)", "kg/m3", 3), 1);
+	EXPECT_EQ(conv("kg/m3", "log(g/m3)", 1), 3);
+	EXPECT_EQ(conv("sqrt(h)", "s", 2), 4*3600);
+	EXPECT_EQ(conv("h", "sqrt(h)", 16), 4);
+	EXPECT_EQ(conv("log(µg/m3)", "log(mg/m3)", 5), 2);
+	EXPECT_EQ(conv("Pa", "Pa", 7.5), 7.5);
+	double f;
+	ZEB::UnitData::Operation op;
+	ZEB::UnitList::instance().relate_units(ZEB::Unit("h"), ZEB::Unit("min"), f, op);
+	EXPECT_EQ(op, ZEB::UnitData::OP_MUL);
+	EXPECT_EQ(f, 60);
+	ZEB::UnitList::instance().relate_units(ZEB::Unit("C"), ZEB::Unit("K"), f, op);
+	EXPECT_EQ(op, ZEB::UnitData::OP_ADD);
+	EXPECT_EQ(f, 273.15);
+
+	ZEB::UnitVector vec(std::vector<double>{0, 9, 16}, ZEB::Unit("h"));
+	vec.convert(ZEB::Unit("sqrt(h)"));
+	EXPECT_EQ(vec.m_data, (std::vector<double>{0, 3, 4}));
+	vec.convert(ZEB::Unit("min"));
+	EXPECT_EQ(vec.m_data, (std::vector<double>{0, 540, 960}));
+	EXPECT_EQ(vec.m_unit, ZEB::Unit("min"));
+	ZEB::UnitVector temps(2, 20, ZEB::Unit("C"));
+	temps.convert(ZEB::Unit("K"));
+	EXPECT_EQ(temps[1], 293.15);
+}
+
+
+TEST(ZEBUnit, EveryFailureMessage) {
+	const ZEB::UnitList & list = ZEB::UnitList::instance();
+	EXPECT_TRUE(throwsWith([] { ZEB::Unit("pa"); }, "Unit 'pa' not found.", "[Unit::Unit]"));
+	EXPECT_TRUE(throwsWith([] { ZEB::Unit u; u.set("mm/mK"); }, "Unit 'mm/mK' not found.", "[Unit::set]"));
+	EXPECT_TRUE(throwsWith([] { ZEB::Unit(252u); }, "Unit index 252 out of range 0..251.", "[Unit::Unit]"));
+	EXPECT_TRUE(throwsWith([] { ZEB::Unit u; u.set(300u); }, "Unit index 300 out of range 0..251.", "[Unit::set]"));
+	EXPECT_TRUE(throwsWith([&] { list.retrieve(252u); }, "Unit index 252 out of range 0..251.", "[UnitList::retrieve]"));
+	EXPECT_TRUE(throwsWith([] { conv("m", "s", 1); }, "Can't relate unit [m] to [s]", "[UnitList::relate_units]"));
+	EXPECT_TRUE(throwsWith([] { conv("log(kg/m3)", "sqrt(s)", 1); }, "Can't relate unit [log(kg/m3)] to [sqrt(s)]",
+						   "[UnitList::relate_units]"));
+	EXPECT_TRUE(throwsWith([] { conv("s", "sqrt(s)", -1); }, "Trying to take square root of negative number!",
+						   "[UnitList::convert_special]"));
+	EXPECT_TRUE(throwsWith([] { conv("g/m3", "log(g/m3)", 0); }, "Trying to take logarithm of zero or negative number!",
+						   "[UnitList::convert_special]"));
+	EXPECT_TRUE(throwsWith([] { conv("kg/m3", "log(µg/m3)", -2); }, "Trying to take logarithm of zero or negative number!",
+						   "[UnitList::convert_special]"));
+	EXPECT_TRUE(throwsWith([] { conv("log(kg/m3)", "kg/m3", 51); }, "Exponent too large in power function, exponent = 51",
+						   "[ZEB::f_pow10]"));
+
+	// UnitVector: the cause stays in the chain, the values stay unchanged
+	ZEB::UnitVector vec(std::vector<double>{4, -1}, ZEB::Unit("s"));
+	try {
+		vec.convert(ZEB::Unit("sqrt(s)"));
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_STREQ(ex.what(), "Conversion error (square-root of negative number)!");
+		EXPECT_EQ(ex.messages().back().m_where, "[UnitVector::convert_special]");
+		EXPECT_EQ(ex.messages().front().m_what, "Trying to take square root of negative number!");
+	}
+	EXPECT_EQ(vec.m_data, (std::vector<double>{4, -1}));
+	EXPECT_EQ(vec.m_unit, ZEB::Unit("s"));
+
+	ZEB::ptr_list<int> owned;
+	int * p = new int(1);
+	owned.add(p);
+	EXPECT_TRUE(throwsWith([&] { owned.add(p); }, "Pointer already exists in the list.", "[ptr_list<T>::add]"));
+	EXPECT_EQ(owned.size(), 1u);
+}
+
+
+TEST(ZEBUnit, TableReaderRulesAndErrors) {
+	ZEB::UnitList custom;
+	custom.read_default(" a * 2 b ;; \n K - 273.15 C * 2 X  - 10 F; x * 1e-200 y / 1e-200 z; q lone ;");
+	ASSERT_EQ(custom.size(), 10u); // "lone" is ignored like the stray "mm/mK"
+	EXPECT_EQ(custom.retrieve("lone"), nullptr);
+	// ids of the custom list: a0 b1 K2 C3 X4 F5 x6 y7 z8
+	auto cconv = [&](unsigned int from, unsigned int to, double v) {
+		custom.convert(ZEB::Unit(from), ZEB::Unit(to), v);
+		return v;
+	};
+	EXPECT_DOUBLE_EQ(cconv(3, 5, 20), 283.15); // C -> F: two additive units, through K
+	EXPECT_TRUE(throwsWith([&] { cconv(3, 4, 1); },
+		"* and / operations not allowed when using + and - operations! (tried to convert [C] to [X])", "[UnitList::relate_units]"));
+	EXPECT_TRUE(throwsWith([&] { cconv(4, 3, 1); },
+		"+ and - operations not allowed when using * and / operations! (tried to convert [X] to [C])", "[UnitList::relate_units]"));
+	EXPECT_TRUE(throwsWith([&] { cconv(7, 8, 1); },
+		"Div by zero! (tried to convert [y] to [z])", "[UnitList::relate_units]"));
+
+	const char * fid = "[UnitList::read_default]";
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a * 2 b; c * 3 b"); }, "Duplicate unit 'b' defined.", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a / 0 b"); },
+		"Invalid unit definition: factor = 0, but not a special unit conversion!", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a # 2 b"); },
+		"Invalid unit definition: unknown operator '#' for unit 'b'.", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a * x2 b"); },
+		"Invalid unit definition: invalid factor 'x2' for unit 'b'.", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a * 2"); },
+		"Invalid unit definition: incomplete definition '* 2' in group of unit 'a'.", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a % 1 sqrt(a)"); },
+		"Invalid unit definition: special unit conversion 'sqrt(a)' must have factor 0.", fid));
+	EXPECT_TRUE(throwsWith([&] { custom.read_default("a % 0 cbrt(a)"); },
+		"Invalid unit definition: special unit 'cbrt(a)' must be 'sqrt(<unit>)' or 'log(<unit>)' of an ordinary unit of its group.", fid));
+	EXPECT_EQ(custom.size(), 10u); // a failed read leaves the list unchanged
+}

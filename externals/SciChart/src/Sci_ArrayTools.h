@@ -1,0 +1,21 @@
+#ifndef Sci_ArrayToolsH
+#define Sci_ArrayToolsH
+
+#include <QVector>
+
+namespace SCI {
+
+/*! Helpers for the value arrays that series models hand to the plot. */
+class ArrayTools {
+public:
+	/*! Copy of n values (none when values is null). */
+	static QVector<double> toVector(const double * values, unsigned int n);
+	/*! Smallest of n values ignoring NaN; NaN when there is none. */
+	static double minimum(const double * values, unsigned int n);
+	/*! Largest of n values ignoring NaN; NaN when there is none. */
+	static double maximum(const double * values, unsigned int n);
+};
+
+} // namespace SCI
+
+#endif // Sci_ArrayToolsH

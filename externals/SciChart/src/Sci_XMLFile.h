@@ -1,0 +1,43 @@
+#ifndef Sci_XMLFileH
+#define Sci_XMLFileH
+
+#include <QString>
+
+class TiXmlDocument;
+class TiXmlElement;
+
+namespace SCI {
+
+/*! Reading and writing of the chart library's own XML files (chart styles, colour maps):
+	document head with the Orvane namespace declarations, saving and loading through Qt's file
+	classes (so that any file name works), and the error messages for unreadable files.
+*/
+class XMLFile {
+public:
+	/*! Namespace of Orvane files. */
+	static const char * const NAMESPACE_URI;
+	/*! Namespace of the foundation library's elements (prefix "ZEB"). */
+	static const char * const ZEB_NAMESPACE_URI;
+	/*! The standard XML Schema instance namespace. */
+	static const char * const XSI_NAMESPACE_URI;
+
+	/*! Fills an empty document with the declaration (version 1.0, UTF-8) and a root element
+		with the namespace attributes, schema location NAMESPACE_URI + " " + schemaFile and
+		fileVersion "1.0"; returns the root element.
+	*/
+	static TiXmlElement * createDocument(TiXmlDocument & doc, const char * rootName, const char * schemaFile);
+
+	/*! Writes the document to path; throws ZEB::Exception with funcId when that fails. */
+	static void save(const TiXmlDocument & doc, const QString & path, const char * funcId);
+
+	/*! Reads and parses the file at path. A parse error is thrown as ZEB::Exception with the
+		message parseErrorTemplate, whose placeholders are filled with the line, the path and
+		the parser's message; a file that cannot be read is reported as such.
+	*/
+	static void load(TiXmlDocument & doc, const QString & path, const char * parseErrorTemplate,
+					 const char * funcId);
+};
+
+} // namespace SCI
+
+#endif // Sci_XMLFileH

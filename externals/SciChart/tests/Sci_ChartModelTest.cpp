@@ -1,0 +1,400 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QSize>
+
+#include <Sci_ColorGridSeriesDummyModel.h>
+#include <Sci_LineSeriesDummyModel.h>
+
+#include "Sci_TestSupport.h"
+
+using namespace SciTest;
+using SCI::AbstractChartModel;
+using SCI::AbstractCartesianChartModel;
+
+TEST(SciChartModel, ChartDefaultsFollowTheRoleTable) {
+	SCI::LineSeriesDummyModel m;
+	EXPECT_EQ(m.chartData(0).toString(), QString("Title"));
+	EXPECT_EQ(m.chartData(1).value<QFont>(), QFont());
+	EXPECT_EQ(m.chartData(2).toString(), QString("Title"));
+	EXPECT_EQ(m.chartData(3).toBool(), true);
+	EXPECT_EQ(m.chartData(4).toInt(), 2);
+	EXPECT_EQ(m.chartData(5).toInt(), 3);
+	EXPECT_EQ(m.chartData(6).toBool(), true);
+	EXPECT_EQ(m.chartData(7).toInt(), 0);
+	EXPECT_EQ(m.chartData(8).toInt(), 20);
+	EXPECT_EQ(m.chartData(9).value<QColor>(), QColor(Qt::white));
+	EXPECT_EQ(m.chartData(10).toDouble(), 1.0);
+	EXPECT_EQ(m.chartData(11).toSize(), QSize(10, 10));
+	EXPECT_EQ(m.chartData(12).toInt(), 0);
+	EXPECT_EQ(m.chartData(13).toInt(), 8);
+	EXPECT_EQ(m.chartData(14).value<QFont>(), QFont());
+	EXPECT_EQ(m.chartData(15).toBool(), false);
+	EXPECT_EQ(m.chartData(16).toBool(), false);
+	EXPECT_EQ(m.chartData(17).toBool(), true);
+	const QPen pen = m.chartData(18).value<QPen>();
+	EXPECT_EQ(pen.color(), QColor(Qt::black));
+	EXPECT_EQ(pen.style(), Qt::SolidLine);
+	EXPECT_EQ(pen.width(), 1);
+	EXPECT_EQ(m.chartData(19).toBool(), true);
+	EXPECT_EQ(m.chartData(20).toBool(), false);
+	EXPECT_EQ(m.chartData(21).toDouble(), 0.0);
+	EXPECT_FALSE(m.chartData(22).isValid());
+	EXPECT_FALSE(m.chartData(-1).isValid());
+	EXPECT_FALSE(m.writeAll());
+}
+
+
+TEST(SciChartModel, SetChartDataSignalsOnlyRealChanges) {
+	MessageCapture capture;
+	SCI::LineSeriesDummyModel m;
+	QSignalSpy spy(&m, &AbstractChartModel::chartChanged);
+
+	// the current value: accepted, no signal
+	EXPECT_TRUE(m.setChartData(QString("Title"), 0));
+	EXPECT_TRUE(m.setChartData(8, 13));
+	EXPECT_EQ(spy.count(), 0);
+
+	EXPECT_TRUE(m.setChartData(QString("Wall"), 0));
+	ASSERT_EQ(spy.count(), 1);
+	EXPECT_EQ(spy.at(0).at(0).toInt(), 0);
+	EXPECT_EQ(m.chartData(2).toString(), QString("Wall"));
+
+	// the alias is read-only
+	EXPECT_FALSE(m.setChartData(QString("Other"), 2));
+	EXPECT_EQ(m.chartData(0).toString(), QString("Wall"));
+
+	// unknown roles are reported, not thrown
+	capture.m_records.clear();
+	EXPECT_FALSE(m.setChartData(true, 22));
+	EXPECT_FALSE(m.setChartData(true, -1));
+	ASSERT_EQ(capture.m_records.size(), 2u);
+	EXPECT_EQ(capture.m_records[0].m_functionId, "[AbstractChartModel::setChartData]");
+	EXPECT_EQ(capture.m_records[0].m_type, ZEB::MSG_ERROR);
+
+	// values that do not convert to the role's type
+	EXPECT_FALSE(m.setChartData(QString("many"), 13));			// int
+	EXPECT_FALSE(m.setChartData(QVariant(), 3));				// bool
+	EXPECT_FALSE(m.setChartData(QString("#12345"), 9));			// colour
+	EXPECT_FALSE(m.setChartData(5, 18));						// pen
+	EXPECT_FALSE(m.setChartData(QString("x"), 10));				// double
+	EXPECT_FALSE(m.setChartData(7, 4));							// legend position without keyword
+	EXPECT_EQ(m.chartData(13).toInt(), 8);
+	EXPECT_EQ(m.chartData(4).toInt(), 2);
+	EXPECT_EQ(spy.count(), 1);
+
+	// convertible values of other types are accepted
+	EXPECT_TRUE(m.setChartData(QString("12"), 13));
+	EXPECT_EQ(m.chartData(13).toInt(), 12);
+	EXPECT_TRUE(m.setChartData(QString("#102030"), 9));
+	EXPECT_EQ(m.chartData(9).value<QColor>(), QColor(0x10, 0x20, 0x30));
+	EXPECT_EQ(spy.count(), 3);
+	EXPECT_EQ(spy.at(2).at(0).toInt(), 9);
+}
+
+
+TEST(SciChartModel, AxisDefaultsRangesAndUnitTitle) {
+	SCI::LineSeriesDummyModel m;
+	const int hAlign[3] = {2, 0, 1};
+	const int vAlign[3] = {1, 2, 2};
+	for (int p = 0; p < 3; ++p) {
+		EXPECT_EQ(m.axisData(p, 0).toBool(), true);
+		EXPECT_EQ(m.axisData(p, 2).toString(), QString());
+		EXPECT_EQ(m.axisData(p, 3).toDouble(), 0.0);
+		EXPECT_EQ(m.axisData(p, 4).toDouble(), 0.0);
+		EXPECT_EQ(m.axisData(p, 7).toBool(), true);
+		EXPECT_EQ(m.axisData(p, 10).toInt(), hAlign[p]);
+		EXPECT_EQ(m.axisData(p, 11).toInt(), vAlign[p]);
+		EXPECT_EQ(m.axisData(p, 13).toInt(), 5);
+		EXPECT_EQ(m.axisData(p, 14).toInt(), 8);
+		EXPECT_EQ(m.axisData(p, 15).toUInt(), 0u);
+		EXPECT_EQ(m.axisData(p, 17).value<QPen>().style(), Qt::DashLine);
+		EXPECT_EQ(m.axisData(p, 19).value<QColor>(), QColor(Qt::gray));
+		EXPECT_EQ(m.axisData(p, 23).value<QColor>(), QColor(Qt::lightGray));
+		EXPECT_EQ(m.axisData(p, 24).toInt(), 35);
+		EXPECT_EQ(m.axisData(p, 25).toInt(), 5);
+		EXPECT_EQ(m.axisData(p, 27).toDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
+		EXPECT_EQ(m.axisData(p, 28).toInt(), 1);
+		EXPECT_EQ(m.axisData(p, 29).toStringList(), QStringList({"hh:mm:ss:zzz", "dd hh:mm:ss", "dd.MM. hh:mm",
+			"hh:mm;;dd.MM.", "dd.MM.yyyy", "dd.MM.yyyy", "MMM yyyy", "yyyy"}));
+		EXPECT_FALSE(m.axisData(p, 30).isValid());
+		EXPECT_FALSE(m.axisData(p, -1).isValid());
+	}
+	for (int r = 0; r < 30; ++r) {
+		EXPECT_TRUE(m.axisData(2, r).isValid()) << r;
+		EXPECT_FALSE(m.axisData(3, r).isValid()) << r;
+		EXPECT_FALSE(m.axisData(-1, r).isValid()) << r;
+	}
+
+	// "$unit" is replaced everywhere in the displayed title, the stored title keeps it
+	ASSERT_TRUE(m.setAxisData(QString("Temperature [$unit], $unit"), 1, 2));
+	ASSERT_TRUE(m.setAxisData(ZEB::Unit("C").id(), 1, 15));
+	EXPECT_EQ(m.axisData(1, 1).toString(), QString("Temperature [C], C"));
+	EXPECT_EQ(m.axisData(1, 2).toString(), QString("Temperature [$unit], $unit"));
+	EXPECT_FALSE(m.setAxisData(QString("x"), 1, 1));
+}
+
+
+TEST(SciChartModel, AxisSettersWidthsColoursAndSignals) {
+	MessageCapture capture;
+	SCI::LineSeriesDummyModel m;
+	QSignalSpy spy(&m, &AbstractChartModel::axisChanged);
+
+	// a displayed width of 4 is a pen of width 2; the colour role keeps style and width
+	ASSERT_TRUE(m.setAxisData(4.0, 0, 18));
+	EXPECT_DOUBLE_EQ(m.axisData(0, 17).value<QPen>().widthF(), 2.0);
+	EXPECT_DOUBLE_EQ(m.axisData(0, 18).toDouble(), 4.0);
+	ASSERT_TRUE(m.setAxisData(QColor(Qt::red), 0, 19));
+	QPen pen = m.axisData(0, 17).value<QPen>();
+	EXPECT_EQ(pen.color(), QColor(Qt::red));
+	EXPECT_EQ(pen.style(), Qt::DashLine);
+	EXPECT_DOUBLE_EQ(pen.widthF(), 2.0);
+
+	ASSERT_TRUE(m.setAxisData(QPen(QBrush(Qt::green), 3, Qt::DotLine), 2, 21));
+	EXPECT_DOUBLE_EQ(m.axisData(2, 22).toDouble(), 6.0);
+	ASSERT_TRUE(m.setAxisData(1.0, 2, 22));
+	pen = m.axisData(2, 21).value<QPen>();
+	EXPECT_DOUBLE_EQ(pen.widthF(), 0.5);
+	EXPECT_EQ(pen.style(), Qt::DotLine);
+	EXPECT_EQ(m.axisData(2, 23).value<QColor>(), QColor(Qt::green));
+	// the other axes are untouched
+	EXPECT_EQ(m.axisData(1, 19).value<QColor>(), QColor(Qt::gray));
+
+	ASSERT_EQ(spy.count(), 4);
+	EXPECT_EQ(spy.at(0).at(0).toInt(), 0);
+	EXPECT_EQ(spy.at(0).at(1).toInt(), 18);
+	EXPECT_EQ(spy.at(3).at(0).toInt(), 2);
+	EXPECT_EQ(spy.at(3).at(1).toInt(), 22);
+
+	// refused: bad positions, unknown roles, unknown unit ids, bad values
+	capture.m_records.clear();
+	EXPECT_FALSE(m.setAxisData(true, 3, 0));
+	EXPECT_FALSE(m.setAxisData(true, 0, 30));
+	EXPECT_FALSE(m.setAxisData(100000u, 0, 15));
+	EXPECT_FALSE(m.setAxisData(QString("eight"), 0, 14));
+	EXPECT_FALSE(m.setAxisData(7, 0, 28));
+	EXPECT_EQ(spy.count(), 4);
+	EXPECT_GE(capture.m_records.size(), 5u);
+	for (const MessageCapture::Record & r : capture.m_records)
+		EXPECT_EQ(r.m_functionId, "[AbstractCartesianChartModel::setAxisData]");
+}
+
+
+TEST(SciChartModel, SignalsAreDeclaredInInterfaceOrder) {
+	const QMetaObject & mo = AbstractChartModel::staticMetaObject;
+	const char * expected[] = {
+		"chartChanged(int)", "axisChanged(int,int)", "seriesViewChanged(int,int,int)",
+		"seriesAboutToBeInserted(int,int)", "seriesInserted(int,int)",
+		"seriesAboutToBeRemoved(int,int)", "seriesRemoved(int,int)",
+		"seriesAboutToBeChanged(int,int)", "seriesChanged(int,int)",
+		"modelAboutToBeReset()", "modelReset()", "modelAboutToBeChanged()", "modelChanged()"
+	};
+	int index = mo.methodOffset();
+	for (const char * sig : expected) {
+		EXPECT_EQ(mo.indexOfSignal(sig), index) << sig;
+		++index;
+	}
+	const QMetaMethod m = mo.method(mo.indexOfSignal("axisChanged(int,int)"));
+	EXPECT_EQ(m.parameterNames(), QList<QByteArray>({"axisPosition", "role"}));
+	EXPECT_EQ(mo.method(mo.indexOfSignal("chartChanged(int)")).parameterNames(), QList<QByteArray>({"chartDataRole"}));
+}
+
+
+TEST(SciChartModel, ChangeBracketsNestAndBalance) {
+	MessageCapture capture;
+	TestLineModel m(4);
+	SignalRecorder rec(&m);
+	QSignalSpy changed(&m, &AbstractChartModel::seriesChanged);
+
+	m.beginChangeModel();
+	m.beginChangeSeries(0, 1);
+	m.beginChangeSeries(2, 3);
+	m.endChangeSeries();
+	m.clearCachedData();
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Unbalanced changes record.", "[AbstractChartModel::clearCachedData]"));
+	m.endChangeSeries();
+	m.endChangeModel();
+	m.insertSeries(1, 2);
+	m.removeSeries(0, 1);
+	m.beginResetModel();
+	m.endResetModel();
+
+	EXPECT_EQ(rec.m_signals, QStringList({
+		"modelAboutToBeChanged()",
+		"seriesAboutToBeChanged(0,1)", "seriesAboutToBeChanged(2,3)",
+		"seriesChanged(2,3)", "seriesChanged(0,1)",
+		"modelChanged()",
+		"seriesAboutToBeInserted(1,2)", "seriesInserted(1,2)",
+		"seriesAboutToBeRemoved(0,0)", "seriesRemoved(0,0)",
+		"modelAboutToBeReset()", "modelReset()"}));
+	ASSERT_EQ(changed.count(), 2);
+	EXPECT_EQ(changed.at(0), QList<QVariant>({2, 3}));
+
+	// balanced again: no complaint
+	capture.m_records.clear();
+	m.clearCachedData();
+	EXPECT_TRUE(capture.m_records.empty());
+	EXPECT_EQ(m.seriesCount(), 5u);
+}
+
+
+TEST(SciLineSeriesModel, RolesRecordsAndViewSignals) {
+	MessageCapture capture;
+	TestLineModel m(3);
+	QSignalSpy spy(&m, &AbstractChartModel::seriesViewChanged);
+
+	// defaults of every line role
+	EXPECT_EQ(m.seriesData(0, 1).toString(), QString());
+	EXPECT_EQ(m.seriesData(0, 3).value<QPen>(), QPen(QBrush(Qt::black), 1, Qt::SolidLine));
+	EXPECT_EQ(m.seriesData(0, 4).toInt(), 1);
+	EXPECT_EQ(m.seriesData(0, 5).value<QColor>(), QColor(Qt::black));
+	EXPECT_EQ(m.seriesData(0, 6).toBool(), true);
+	EXPECT_EQ(m.seriesData(0, 7).toInt(), 0);
+	EXPECT_EQ(m.seriesData(0, 8).toInt(), -1);
+	EXPECT_EQ(m.seriesData(0, 9).toBool(), false);
+	EXPECT_EQ(m.seriesData(0, 10).toBool(), false);
+	EXPECT_EQ(m.seriesData(0, 11).toBool(), true);
+	EXPECT_EQ(m.seriesData(0, 12).toUInt(), 4u);
+	EXPECT_EQ(m.seriesData(0, 13).toBool(), true);
+	EXPECT_EQ(m.seriesData(0, 14).value<QColor>(), QColor(Qt::blue));
+	EXPECT_FALSE(m.seriesData(0, 0).isValid());
+	EXPECT_FALSE(m.seriesData(0, 15).isValid());
+
+	ASSERT_TRUE(m.setSeriesData(QString("Inside"), 1, 1));
+	EXPECT_EQ(m.seriesData(1, 2).toString(), QString("Inside"));
+	EXPECT_FALSE(m.setSeriesData(QString("x"), 1, 2));
+	EXPECT_FALSE(m.setSeriesData(true, 1, 15));
+	EXPECT_FALSE(m.setSeriesData(true, 1, 0));
+	EXPECT_FALSE(m.setSeriesData(QString("wide"), 1, 4));
+
+	// width and colour roles change the pen, the pen role replaces it
+	ASSERT_TRUE(m.setSeriesData(QPen(QBrush(Qt::red), 2, Qt::DashLine), 2, 3));
+	ASSERT_TRUE(m.setSeriesData(5, 2, 4));
+	ASSERT_TRUE(m.setSeriesData(QColor(Qt::cyan), 2, 5));
+	EXPECT_EQ(m.seriesData(2, 3).value<QPen>(), QPen(QBrush(Qt::cyan), 5, Qt::DashLine));
+	EXPECT_EQ(m.seriesData(1, 3).value<QPen>(), QPen(QBrush(Qt::black), 1, Qt::SolidLine));
+
+	ASSERT_EQ(spy.count(), 4);
+	EXPECT_EQ(spy.at(0), QList<QVariant>({1, 1, 1}));
+	EXPECT_EQ(spy.at(3), QList<QVariant>({2, 2, 5}));
+
+	// records move with inserted and removed series
+	m.insertSeries(0, 2);
+	EXPECT_EQ(m.seriesData(3, 1).toString(), QString("Inside"));
+	EXPECT_EQ(m.seriesData(4, 5).value<QColor>(), QColor(Qt::cyan));
+	EXPECT_EQ(m.seriesData(0, 1).toString(), QString());
+	// removing the second new series and the first old one leaves new, old 1, old 2
+	m.removeSeries(1, 2);
+	EXPECT_EQ(m.seriesData(0, 1).toString(), QString());
+	EXPECT_EQ(m.seriesData(1, 1).toString(), QString("Inside"));
+	EXPECT_EQ(m.seriesData(2, 5).value<QColor>(), QColor(Qt::cyan));
+	EXPECT_EQ(m.seriesData(2, 1).toString(), QString());
+	EXPECT_EQ(m.seriesCount(), 3u);
+}
+
+
+TEST(SciColorGridSeriesModel, SettersAnnounceRangeAndColourBar) {
+	MessageCapture capture;
+	TestColorGridModel m(true);
+	SignalRecorder rec(&m);
+
+	EXPECT_TRUE(std::isnan(m.seriesData(0, 9).toDouble()));
+	EXPECT_TRUE(std::isnan(m.seriesData(0, 18).toDouble()));
+	EXPECT_EQ(m.seriesData(0, 15).toInt(), 1);
+	EXPECT_EQ(m.seriesData(0, 7).value<SCI::ColorMap>(), SCI::ColorMap());
+
+	ASSERT_TRUE(m.setSeriesData(false, 0, 8));
+	ASSERT_TRUE(m.setSeriesData(-3.0, 0, 9));
+	ASSERT_TRUE(m.setSeriesData(12.0, 0, 10));
+	ASSERT_TRUE(m.setSeriesData(2, 0, 14));
+	ASSERT_TRUE(m.setSeriesData(false, 0, 16));
+	EXPECT_EQ(rec.m_signals, QStringList({
+		"seriesViewChanged(0,0,13)", "seriesViewChanged(0,0,13)", "seriesViewChanged(0,0,13)",
+		"seriesViewChanged(0,0,14)", "seriesViewChanged(0,0,16)", "axisChanged(2,0)"}));
+	EXPECT_EQ(m.seriesData(0, 13).toPointF(), QPointF(-3, 12));
+
+	// data roles come from the derived model
+	EXPECT_EQ(m.seriesData(0, 0).value<QVector<double> >(), QVector<double>({0, 0.1, 0.3, 0.6}));
+	EXPECT_EQ(m.seriesData(0, 5).toUInt(), ZEB::Unit("C").id());
+	EXPECT_EQ(m.seriesData(0, 6).toSize(), QSize(3, 2));
+	EXPECT_EQ(m.seriesData(0, 11).toDouble(), -2.0);
+	EXPECT_EQ(m.seriesData(0, 12).toDouble(), 9.5);
+	ASSERT_TRUE(m.setSeriesData(true, 0, 8));
+	EXPECT_EQ(m.seriesData(0, 13).toPointF(), QPointF(-2, 9.5));
+
+	rec.m_signals.clear();
+	capture.m_records.clear();
+	EXPECT_FALSE(m.setSeriesData(1.0, 2, 9));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid series index #2.", "[AbstractColorGridSeriesModel::setSeriesData]"));
+	for (int role : {0, 6, 11, 12, 13, 20}) {
+		EXPECT_FALSE(m.setSeriesData(1.0, 0, role)) << role;
+		EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid data role #" + std::to_string(role) + ".",
+								"[AbstractColorGridSeriesModel::setSeriesData]")) << role;
+	}
+	EXPECT_FALSE(m.setSeriesData(QString("blue"), 0, 7));
+	EXPECT_TRUE(rec.m_signals.isEmpty());
+
+	// without a grid only the axis hears of the colour bar
+	SCI::ColorGridSeriesDummyModel dummy;
+	SignalRecorder dummyRec(&dummy);
+	SCI::ColorMap map;
+	map.setLinearMap(Qt::black, Qt::white, 3);
+	ASSERT_TRUE(dummy.setSeriesData(QVariant::fromValue(map), 0, 7));
+	ASSERT_TRUE(dummy.setSeriesData(false, 0, 16));
+	EXPECT_EQ(dummyRec.m_signals, QStringList({"axisChanged(2,0)"}));
+	EXPECT_EQ(dummy.seriesData(0, 7).value<SCI::ColorMap>(), map);
+	EXPECT_FALSE(dummy.seriesData(0, 0).isValid());
+}
+
+
+TEST(SciVectorFieldSeriesModel, SettersAndDataRoles) {
+	MessageCapture capture;
+	TestVectorModel m(true);
+	SignalRecorder rec(&m);
+
+	ASSERT_TRUE(m.setSeriesData(15.6, 0, 14));
+	EXPECT_EQ(m.seriesData(0, 14).toInt(), 16);
+	ASSERT_TRUE(m.setSeriesData(false, 0, 12));
+	EXPECT_EQ(rec.m_signals, QStringList({"seriesViewChanged(0,0,14)", "seriesViewChanged(0,0,12)", "axisChanged(2,0)"}));
+
+	EXPECT_EQ(m.seriesData(0, 17).toInt(), 2);
+	EXPECT_EQ(m.seriesData(0, 19).toDouble(), 50.0);
+	EXPECT_EQ(m.seriesData(0, 21).toDouble(), 1.0);
+	// magnitudes 5, 0, 1, 0.5
+	EXPECT_EQ(m.seriesData(0, 11).toPointF(), QPointF(0, 5));
+	EXPECT_EQ(m.seriesData(0, 10).toUInt(), ZEB::Unit("kg/m2s").id());
+
+	EXPECT_FALSE(m.setSeriesData(1.0, 5, 7));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid series index #5.", "[AbstractVectorPlotSeriesModel::setSeriesData]"));
+	EXPECT_FALSE(m.setSeriesData(1.0, 0, 9));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid data role #9.", "[AbstractVectorPlotSeriesModel::setSeriesData]"));
+	EXPECT_FALSE(m.setSeriesData(QString("x"), 0, 14));
+}
+
+
+TEST(SciBarSeriesModel, SymbolRecordsFollowTheSeries) {
+	MessageCapture capture;
+	TestBarModel m(3);
+	// neighbouring series are told apart by their default fill colours
+	EXPECT_NE(m.seriesData(0, 2).value<QColor>(), m.seriesData(1, 2).value<QColor>());
+	EXPECT_NE(m.seriesData(1, 2).value<QColor>(), m.seriesData(2, 2).value<QColor>());
+	const QColor secondDefault = m.seriesData(1, 2).value<QColor>();
+
+	QSignalSpy spy(&m, &AbstractChartModel::seriesViewChanged);
+	ASSERT_TRUE(m.setSeriesData(QString("Heating"), 1, 1));
+	ASSERT_TRUE(m.setSeriesData(QColor("#123456"), 2, 2));
+	EXPECT_FALSE(m.setSeriesData(QString("none"), 1, 2));
+	EXPECT_FALSE(m.setSeriesData(1, 1, 4));
+	ASSERT_EQ(spy.count(), 2);
+	EXPECT_EQ(spy.at(1), QList<QVariant>({2, 2, 2}));
+
+	m.insertSeries(1);
+	EXPECT_EQ(m.seriesData(2, 1).toString(), QString("Heating"));
+	EXPECT_EQ(m.seriesData(3, 2).value<QColor>(), QColor("#123456"));
+	EXPECT_EQ(m.seriesData(1, 1).toString(), QString());
+	EXPECT_EQ(m.seriesData(1, 2).value<QColor>(), secondDefault);
+	EXPECT_FALSE(m.seriesData(0, 4).isValid());
+}

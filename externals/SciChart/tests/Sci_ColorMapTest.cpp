@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include <QVariant>
+
+#include <tinyxml.h>
+
+#include <Sci_ColorMap.h>
+#include <Sci_ColorMapFile.h>
+
+#include "Sci_TestSupport.h"
+
+using SCI::ColorMap;
+using SciTest::chainHas;
+
+TEST(SciColorMap, LinearMapStepsPositionsAndHsvInterpolation) {
+	ColorMap m;
+	m.setLinearMap(Qt::blue, Qt::red, 10);
+	ASSERT_EQ(m.m_linearColorStops.size(), 11);
+	for (int i = 0; i <= 10; ++i) {
+		const ColorMap::ColorStop & s = m.m_linearColorStops[i];
+		EXPECT_DOUBLE_EQ(s.m_pos, i/10.0) << i;
+		// blue has hue 240, red 0: the hue falls linearly, saturation and value stay 1
+		EXPECT_NEAR(s.m_color.hsvHueF()*360, 240.0*(1 - i/10.0), 1.0) << i;
+		EXPECT_EQ(s.m_color.hsvSaturation(), 255) << i;
+		EXPECT_EQ(s.m_color.value(), 255) << i;
+		EXPECT_EQ(s.m_color.alpha(), 255) << i;
+	}
+	EXPECT_EQ(m.m_linearColorStops.front().m_color, QColor(Qt::blue));
+	EXPECT_EQ(m.m_linearColorStops.back().m_color, QColor(Qt::red));
+	// the default map is exactly this one
+	EXPECT_EQ(ColorMap(), m);
+
+	// one step gives just the end stops
+	m.setLinearMap(QColor("#102030"), QColor("#f0e0d0"), 1);
+	ASSERT_EQ(m.m_linearColorStops.size(), 2);
+	EXPECT_EQ(m.m_linearColorStops[0].m_pos, 0.0);
+	EXPECT_EQ(m.m_linearColorStops[1].m_pos, 1.0);
+	EXPECT_EQ(m.m_linearColorStops[0].m_color, QColor("#102030"));
+	EXPECT_EQ(m.m_linearColorStops[1].m_color, QColor("#f0e0d0"));
+
+	// no step at all is refused and the map stays as it was
+	const ColorMap before = m;
+	try {
+		m.setLinearMap(Qt::blue, Qt::red, 0);
+		FAIL() << "0 steps accepted";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_TRUE(chainHas(ex, "Invalid number of steps, must be > 1.", "[ColorMap::setLinearMap]"));
+	}
+	EXPECT_EQ(m, before);
+}
+
+
+TEST(SciColorMap, GreyEndTakesTheHueOfTheOtherEnd) {
+	ColorMap m;
+	m.setLinearMap(QColor(128, 128, 128), QColor(0, 255, 0), 4);
+	ASSERT_EQ(m.m_linearColorStops.size(), 5);
+	for (int i = 1; i < 4; ++i) {
+		const QColor c = m.m_linearColorStops[i].m_color;
+		// hue of green throughout, saturation rising from 0 to 1, value from 128/255 to 1
+		EXPECT_NEAR(c.hsvHueF()*360, 120.0, 1.0) << i;
+		EXPECT_NEAR(c.hsvSaturationF(), i/4.0, 0.01) << i;
+		EXPECT_NEAR(c.valueF(), 128/255.0 + i/4.0*(1 - 128/255.0), 0.01) << i;
+	}
+	// both ends grey: a plain grey ramp
+	m.setLinearMap(Qt::black, Qt::white, 2);
+	EXPECT_EQ(m.m_linearColorStops[1].m_color.red(), m.m_linearColorStops[1].m_color.blue());
+	EXPECT_NEAR(m.m_linearColorStops[1].m_color.valueF(), 0.5, 0.01);
+}
+
+
+TEST(SciColorMap, TravelsAsRegisteredMetaType) {
+	ColorMap::registerMetaType();
+	EXPECT_NE(QMetaType::type("SCI::ColorMap"), static_cast<int>(QMetaType::UnknownType));
+	ColorMap a;
+	a.m_type = ColorMap::AlphaMap;
+	const QVariant v = QVariant::fromValue(a);
+	EXPECT_STREQ(v.typeName(), "SCI::ColorMap");
+	EXPECT_EQ(v.value<ColorMap>(), a);
+	EXPECT_TRUE(v == QVariant::fromValue(a));
+	EXPECT_FALSE(v == QVariant::fromValue(ColorMap()));
+}
+
+
+TEST(SciColorMap, XmlRoundTripAndInvalidStops) {
+	ColorMap a;
+	a.m_type = ColorMap::AlphaMap;
+	a.m_alphaColor = QColor("#336699");
+	a.setLinearMap(QColor("#00ff00"), QColor("#ff00ff"), 7);
+	TiXmlElement e("ColorMap");
+	a.writeXML(&e);
+	EXPECT_EQ(SciTest::childNames(&e), QStringList({"Type", "ColorStops", "AlphaColor"}));
+	ColorMap b;
+	b.readXML(&e);
+	EXPECT_EQ(b, a);
+
+	// an element without colour map children leaves the map as it is
+	TiXmlElement empty("ColorMap");
+	b.readXML(&empty);
+	EXPECT_EQ(b, a);
+
+	struct Case { const char * xml; const char * msg; };
+	const Case cases[] = {
+		{ "<C><ColorStops><ColorStop position='0' color='#000000'/></ColorStops></C>", "Expected 'index' attribute in Series." },
+		{ "<C><ColorStops><ColorStop index='0' color='#000000'/></ColorStops></C>", "Expected 'position' attribute in Series." },
+		{ "<C><ColorStops><ColorStop index='0' position='0'/></ColorStops></C>", "Expected 'color' attribute in Series." },
+	};
+	for (const Case & c : cases) {
+		TiXmlDocument doc;
+		doc.Parse(c.xml);
+		try {
+			b.readXML(doc.RootElement());
+			FAIL() << c.xml;
+		}
+		catch (ZEB::Exception & ex) {
+			EXPECT_TRUE(chainHas(ex, c.msg, "[ColorMap::readXML]")) << ex.msgWithOrigin();
+			EXPECT_TRUE(chainHas(ex, "Error reading ColorMap.", "[ColorMap::readXML]")) << ex.msgWithOrigin();
+		}
+		EXPECT_EQ(b, a) << "map changed by failed read: " << c.xml;
+	}
+
+	// stops that do not rise from 0 to 1, bad colours and unknown types are refused too
+	const char * bad[] = {
+		"<C><ColorStops><ColorStop index='0' position='0' color='#000000'/>"
+			"<ColorStop index='1' position='0.5' color='#ffffff'/></ColorStops></C>",
+		"<C><ColorStops><ColorStop index='0' position='0' color='#000000'/>"
+			"<ColorStop index='1' position='NaN' color='#ffffff'/></ColorStops></C>",
+		"<C><ColorStops><ColorStop index='0' position='0' color='#000000'/>"
+			"<ColorStop index='1' position='0.6' color='#ffffff'/>"
+			"<ColorStop index='2' position='0.4' color='#ffffff'/>"
+			"<ColorStop index='3' position='1' color='#ffffff'/></ColorStops></C>",
+		"<C><ColorStops><ColorStop index='0' position='0' color='#000000'/>"
+			"<ColorStop index='3' position='1' color='#ffffff'/></ColorStops></C>",
+		"<C><ColorStops><ColorStop index='0' position='0' color='nocolour'/>"
+			"<ColorStop index='1' position='1' color='#ffffff'/></ColorStops></C>",
+		"<C><Type>SplineMap</Type></C>",
+	};
+	for (const char * xml : bad) {
+		TiXmlDocument doc;
+		doc.Parse(xml);
+		EXPECT_THROW(b.readXML(doc.RootElement()), ZEB::Exception) << xml;
+		EXPECT_EQ(b, a) << xml;
+	}
+}
+
+
+TEST(SciColorMapFile, SaveLoadAndRefusedFiles) {
+	ColorMap a;
+	a.setLinearMap(QColor("#202020"), QColor("#ffcc00"), 5);
+	a.m_alphaColor = QColor("#abcdef");
+	const QString path = SciTest::scratchPath("map.o2colormap");
+	SCI::ColorMapFile::save(a, path);
+
+	TiXmlDocument doc;
+	ASSERT_TRUE(doc.LoadFile(path.toStdString()));
+	const TiXmlElement * root = doc.RootElement();
+	EXPECT_EQ(root->ValueStr(), "OrvaneColorMap");
+	ASSERT_NE(root->Attribute("xsi:schemaLocation"), nullptr);
+	EXPECT_TRUE(QString(root->Attribute("xsi:schemaLocation")).endsWith(" OrvaneColorMap.xsd"));
+	EXPECT_EQ(SciTest::childNames(root), QStringList({"ColorMap"}));
+	EXPECT_EQ(SCI::ColorMapFile::load(path), a);
+
+	const QString other = SciTest::scratchPath("other.o2colormap");
+	SciTest::writeTextFile(other, "<?xml version=\"1.0\"?>\n<OrvaneStyle><ColorMap/></OrvaneStyle>\n");
+	try {
+		SCI::ColorMapFile::load(other);
+		FAIL() << "foreign root accepted";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(std::string(ex.what()), "Expected OrvaneColorMap as root node in XML file.");
+	}
+
+	SciTest::writeTextFile(other, "<?xml version=\"1.0\"?>\n<OrvaneColorMap><Map/></OrvaneColorMap>\n");
+	try {
+		SCI::ColorMapFile::load(other);
+		FAIL() << "missing ColorMap accepted";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(std::string(ex.what()), "Expected top-level 'ColorMap' element.");
+	}
+
+	// a broken tag in line 3
+	SciTest::writeTextFile(other, "<?xml version=\"1.0\"?>\n<OrvaneColorMap>\n<ColorMap></Map>\n</OrvaneColorMap>\n");
+	try {
+		SCI::ColorMapFile::load(other);
+		FAIL() << "broken file accepted";
+	}
+	catch (ZEB::Exception & ex) {
+		const std::string expectedStart = "Error in line 3 of file '" + other.toStdString() + "':\n";
+		EXPECT_EQ(std::string(ex.what()).substr(0, expectedStart.size()), expectedStart) << ex.what();
+		EXPECT_GT(std::string(ex.what()).size(), expectedStart.size());
+	}
+}

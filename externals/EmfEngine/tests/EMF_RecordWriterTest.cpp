@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+
+#include <EMF_RecordWriter.h>
+
+#include "EMF_TestParser.h"
+
+TEST(EMFRecordWriter, EmptyFileHasHeaderAndEof) {
+	EMF::RecordWriter w;
+	EMF::HeaderInfo info;
+	info.frame = EMF::RectL(0, 0, 999, 499);
+	info.deviceCx = 567;
+	info.deviceCy = 283;
+	info.millimetersCx = 10;
+	info.millimetersCy = 5;
+	info.micrometersCx = 10000;
+	info.micrometersCy = 5000;
+	info.description = QString("App") + QChar(0) + "Pic" + QChar(0) + QChar(0);
+	QByteArray data = w.finish(info);
+
+	EmfTest::File f;
+	ASSERT_TRUE(f.parse(data)) << f.errorText();
+	ASSERT_EQ(f.records.size(), 2u);
+	EXPECT_EQ(f.records[0].type, EmfTest::T_HEADER);
+	EXPECT_EQ(f.records[1].type, EmfTest::T_EOF);
+	EXPECT_EQ(f.header.bytes, uint32_t(data.size()));
+	EXPECT_EQ(f.header.records, 2u);
+	EXPECT_EQ(f.header.handles, 1u);	// only the reserved index 0
+	EXPECT_EQ(f.header.bounds.l, 0);
+	EXPECT_EQ(f.header.bounds.r, -1);	// nothing drawn
+	EXPECT_EQ(f.header.frame.r, 999);
+	EXPECT_EQ(f.header.frame.b, 499);
+	EXPECT_EQ(f.header.deviceCx, 567);
+	EXPECT_EQ(f.header.mmCy, 5);
+	EXPECT_EQ(f.header.umCx, 10000u);
+	EXPECT_EQ(f.header.nDescription, 9u);
+	EXPECT_EQ(f.header.offDescription, 108u);
+	EXPECT_EQ(f.header.description, info.description);
+	EXPECT_EQ(f.records[0].size, 108u + 20u);	// 9 UTF-16 chars = 18 bytes, padded to 20
+}
+
+
+TEST(EMFRecordWriter, RecordsArePaddedAndCounted) {
+	EMF::RecordWriter w;
+	w.beginRecord(70);	// EMR_COMMENT with 5 data bytes
+	w.writeU32(5);
+	w.writeBytes("abcde", 5);
+	w.endRecord();
+	w.writeRecord(33);	// SAVEDC
+	w.beginRecord(34);
+	w.writeI32(-1);
+	w.endRecord();
+	EXPECT_EQ(w.recordCount(), 3u);
+	EMF::HeaderInfo info;
+	QByteArray data = w.finish(info);
+	EmfTest::File f;
+	ASSERT_TRUE(f.parse(data)) << f.errorText();
+	ASSERT_EQ(f.records.size(), 5u);
+	EXPECT_EQ(f.records[1].size, 20u);	// 8 + 4 + 5 -> padded to 20
+	EXPECT_EQ(f.records[1].u8(16), 'e');
+	EXPECT_EQ(f.records[1].u8(17), 0);
+	EXPECT_EQ(f.records[3].i32(8), -1);
+}
+
+
+TEST(EMFRecordWriter, HandlesAreReusedLowestFirst) {
+	EMF::RecordWriter w;
+	EXPECT_EQ(w.allocateHandle(), 1u);
+	EXPECT_EQ(w.allocateHandle(), 2u);
+	EXPECT_EQ(w.allocateHandle(), 3u);
+	w.releaseHandle(2);
+	w.releaseHandle(1);
+	EXPECT_EQ(w.allocateHandle(), 1u);
+	EXPECT_EQ(w.allocateHandle(), 2u);
+	EXPECT_EQ(w.allocateHandle(), 4u);
+	EXPECT_EQ(w.handleTableSize(), 5u);
+	EXPECT_EQ(w.liveHandles(), 4);
+}

@@ -1,0 +1,82 @@
+#ifndef EMF_TestUtilsH
+#define EMF_TestUtilsH
+
+#include <functional>
+
+#include <QDir>
+#include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <EMF_PaintDevice.h>
+
+#include "EMF_TestParser.h"
+
+namespace EmfTest {
+
+/*! Directory for files the tests write (ORVANE_TEST_SCRATCH under ctest, else a temp dir). */
+inline QString scratchDir() {
+	QString dir = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
+	if (dir.isEmpty())
+		dir = QDir::tempPath() + "/EmfEngineTests";
+	QDir().mkpath(dir);
+	return dir;
+}
+
+inline QString scratchFile(const QString & name) {
+	return scratchDir() + "/" + name;
+}
+
+/*! Paints with the given function on a device of the given size and parses the result. */
+inline File paintAndParse(const QString & name, const QSize & size, const std::function<void(QPainter &)> & paint,
+						  double dpi = 96.0, EMF::PaintDevice::BoundsMode mode = EMF::PaintDevice::PictureBounds)
+{
+	const QString path = scratchFile(name);
+	EMF::PaintDevice dev(path, size, dpi);
+	dev.setBoundsMode(mode);
+	{
+		QPainter p(&dev);
+		paint(p);
+	}
+	File f;
+	if (!dev.isWritten() || dev.hasError()) {
+		f.errors.push_back("device did not write the file: " + dev.errorMessage());
+		return f;
+	}
+	f.parseFile(path);
+	return f;
+}
+
+/*! Path of emf2svg-conv, or empty when it is not installed. */
+inline QString emf2svg() {
+	return QStandardPaths::findExecutable("emf2svg-conv");
+}
+
+/*! Converts an EMF file to SVG with emf2svg-conv; returns the SVG text or an empty string. */
+inline QString convertToSvg(const QString & emfPath, const QString & svgPath, QString * log = nullptr) {
+	QProcess proc;
+	proc.start(emf2svg(), QStringList() << "-i" << emfPath << "-o" << svgPath);
+	bool ok = proc.waitForFinished(60000) && proc.exitStatus() == QProcess::NormalExit && proc.exitCode() == 0;
+	if (log)
+		*log = QString::fromLocal8Bit(proc.readAllStandardError() + proc.readAllStandardOutput());
+	if (!ok)
+		return QString();
+	QFile f(svgPath);
+	if (!f.open(QIODevice::ReadOnly))
+		return QString();
+	return QString::fromUtf8(f.readAll());
+}
+
+/*! Renders an SVG to PNG with rsvg-convert when it is installed (for looking at the result). */
+inline bool svgToPng(const QString & svgPath, const QString & pngPath, int width) {
+	const QString rsvg = QStandardPaths::findExecutable("rsvg-convert");
+	if (rsvg.isEmpty())
+		return false;
+	QProcess proc;
+	proc.start(rsvg, QStringList() << "-w" << QString::number(width) << "-b" << "white" << svgPath << "-o" << pngPath);
+	return proc.waitForFinished(60000) && proc.exitCode() == 0;
+}
+
+} // namespace EmfTest
+
+#endif // EMF_TestUtilsH

@@ -1,16 +1,20 @@
 # orvane_add_test(<name> SOURCES <files...> LIBS <targets...>)
-# Builds one GoogleTest program and registers its test cases with ctest. Tests run headless,
-# and get the source tree and a scratch directory through environment variables.
+# Builds one GoogleTest program and registers its test cases with ctest. Tests run headless in
+# their scratch directory and find it and the source tree in the environment variables
+# ORVANE_TEST_SCRATCH and ORVANE_SOURCE_DIR (see OrvaneTestEnvironment.cpp).
 function(orvane_add_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
-  add_executable(${name} ${ARG_SOURCES})
+  add_executable(${name} ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/OrvaneTestEnvironment.cpp)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest GTest::gtest_main)
   set(scratch ${CMAKE_BINARY_DIR}/test-scratch/${name})
   file(MAKE_DIRECTORY ${scratch})
+  target_compile_definitions(${name} PRIVATE
+    ORVANE_SOURCE_DIR_PATH="${PROJECT_SOURCE_DIR}"
+    ORVANE_TEST_SCRATCH_PATH="${scratch}")
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
-    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ORVANE_SOURCE_DIR=${CMAKE_SOURCE_DIR};ORVANE_TEST_SCRATCH=${scratch}")
+    WORKING_DIRECTORY ${scratch})
 endfunction()
 
 # orvane_add_benchmark(<name> SOURCES <files...> LIBS <targets...>)

@@ -124,10 +124,10 @@ bool AbstractCartesianChartModel::setAxisData(const QVariant & value, int axisPo
 		case AxisDateTimeEnabled :	ok = VC::convert(value, a.m_dateTimeEnabled); break;
 		case AxisDateTimeZero :		ok = VC::convert(value, a.m_dateTimeZero); break;
 		case AxisDateTimeSpec : {
-			int spec = 0;
-			ok = VC::convert(value, spec) && spec >= Qt::LocalTime && spec <= Qt::TimeZone;
+			int timeSpec = 0;
+			ok = VC::convert(value, timeSpec) && timeSpec >= Qt::LocalTime && timeSpec <= Qt::TimeZone;
 			if (ok)
-				a.m_dateTimeSpec = spec;
+				a.m_dateTimeSpec = timeSpec;
 		} break;
 		case AxisDateTimeFormats :	ok = VC::convert(value, a.m_dateTimeFormats); break;
 		default :

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+
+#include <OVP_MessageHandler.h>
+
+namespace {
+
+/*! The application handler with the console copy captured instead of printed. */
+class CapturingHandler : public OVP::MessageHandler {
+public:
+	void writeConsole(const std::string & text, ZEB::MsgType) override { m_console += text; }
+	std::string m_console;
+};
+
+QString logPath(const QString & name) {
+	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
+	if (base.isEmpty())
+		base = QDir::temp().filePath("OrvanePartTests");
+	QDir().mkpath(base);
+	return QDir(base).filePath(name);
+}
+
+QString readAll(const QString & path) {
+	QFile f(path);
+	return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+}
+
+} // namespace
+
+
+TEST(OVPMessageHandler, EmitsTrimmedMessagesUpToConsoleLevel) {
+	CapturingHandler h;
+	h.setConsoleVerbosityLevel(1);
+	h.setLogfileVerbosityLevel(3);
+	const QString log = logPath("signal.log");
+	std::string err;
+	ASSERT_TRUE(h.openLog(log.toStdString(), false, err)) << err;
+	QSignalSpy spy(&h, &OVP::MessageHandler::msgReceived);
+
+	h.message("  Reading file 'a.out'\n", ZEB::MSG_PROGRESS, "[Test::a]", 1);
+	h.message("Temperatur 20 \xc2\xb0" "C\t\n", ZEB::MSG_WARNING, "[Test::b]", 0);
+	h.message("detail\n", ZEB::MSG_PROGRESS, "[Test::c]", 2);		// above console level: log only
+	h.message("hidden error", ZEB::MSG_ERROR, "[Test::d]", 3);		// shown and logged, but not signalled
+	h.message("\n", ZEB::MSG_DEBUG, "[Test::e]", 1);
+
+	ASSERT_EQ(spy.count(), 3);
+	EXPECT_EQ(spy.at(0).at(0).toInt(), int(ZEB::MSG_PROGRESS));
+	EXPECT_EQ(spy.at(0).at(1).toString(), "Reading file 'a.out'");
+	EXPECT_EQ(spy.at(1).at(0).toInt(), int(ZEB::MSG_WARNING));
+	EXPECT_EQ(spy.at(1).at(1).toString(), QString::fromUtf8("Temperatur 20 \xc2\xb0" "C"));
+	EXPECT_EQ(spy.at(2).at(0).toInt(), int(ZEB::MSG_DEBUG));
+	EXPECT_EQ(spy.at(2).at(1).toString(), "");
+
+	// the base handler's work is done as before: console and log file
+	EXPECT_NE(h.m_console.find("  Reading file 'a.out'\n"), std::string::npos);
+	EXPECT_NE(h.m_console.find("hidden error"), std::string::npos);
+	EXPECT_EQ(h.m_console.find("detail"), std::string::npos);
+	h.closeLog();
+	const QString logText = readAll(log);
+	EXPECT_TRUE(logText.contains("[Test::c]")) << logText.toStdString();
+	EXPECT_TRUE(logText.contains("hidden error")) << logText.toStdString();
+
+	// raising the console level lets more through
+	spy.clear();
+	h.setConsoleVerbosityLevel(3);
+	h.message("detail\n", ZEB::MSG_PROGRESS, "[Test::c]", 3);
+	h.message("more detail\n", ZEB::MSG_PROGRESS, "[Test::c]", 4);
+	ASSERT_EQ(spy.count(), 1);
+	EXPECT_EQ(spy.at(0).at(1).toString(), "detail");
+}
+
+
+TEST(OVPMessageHandler, QtDiagnosticsBecomeDebugMessages) {
+	CapturingHandler h;
+	h.setConsoleVerbosityLevel(1);
+	const QString log = logPath("bridge.log");
+	std::string err;
+	ASSERT_TRUE(h.openLog(log.toStdString(), false, err)) << err;
+	ZEB::MessageHandler::setCurrent(&h);
+	QSignalSpy spy(&h, &OVP::MessageHandler::msgReceived);
+
+	const QtMessageHandler previous = qInstallMessageHandler(OVP::qDebugMsgHandler);
+	qWarning("Cannot open %s (%d)", "x.png", 5);
+	qDebug() << "plain debug";
+	// forwarded at level 1: not signalled when the console shows only level 0
+	h.setConsoleVerbosityLevel(0);
+	qInfo("quiet");
+	qInstallMessageHandler(previous);
+	ZEB::MessageHandler::setCurrent(nullptr);
+	h.closeLog();
+
+	ASSERT_EQ(spy.count(), 2);
+	EXPECT_EQ(spy.at(0).at(0).toInt(), int(ZEB::MSG_DEBUG));
+	EXPECT_EQ(spy.at(0).at(1).toString(), "Cannot open x.png (5)");
+	EXPECT_EQ(spy.at(1).at(1).toString(), "plain debug");
+
+	const QStringList lines = readAll(log).split('\n', Qt::SkipEmptyParts);
+	ASSERT_EQ(lines.size(), 3) << readAll(log).toStdString();
+	for (const QString & l : lines) {
+		EXPECT_TRUE(l.contains("[Debug   ]\t[qDebugMsgHandler]")) << l.toStdString();
+	}
+	EXPECT_TRUE(lines[2].endsWith("quiet"));
+}

@@ -1,0 +1,110 @@
+#include "QtExt_LanguageHandler.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSettings>
+#include <QTranslator>
+
+#include <ZEB_FunctionId.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+
+namespace QtExt {
+
+LanguageHandler::LanguageHandler() = default;
+
+
+LanguageHandler::~LanguageHandler() {
+	removeTranslators();
+}
+
+
+LanguageHandler & LanguageHandler::instance() {
+	static LanguageHandler handler;
+	return handler;
+}
+
+
+void LanguageHandler::setup(const QString & organization, const QString & program,
+							const QString & translationDir, const QString & filePrefix)
+{
+	m_organization = organization;
+	m_program = program;
+	m_translationDir = translationDir;
+	m_filePrefix = filePrefix;
+}
+
+
+QString LanguageHandler::langId() const {
+	QSettings store(m_organization, m_program);
+	return store.value("LangID", QString("en")).toString();
+}
+
+
+void LanguageHandler::setLangId(const QString & id) const {
+	QSettings store(m_organization, m_program);
+	store.setValue("LangID", id);
+}
+
+
+void LanguageHandler::installTranslator(const QString & langId) {
+	FUNCID(LanguageHandler::installTranslator);
+	const QString id = langId.isEmpty() ? QString("en") : langId;
+
+	removeTranslators();
+
+	if (id != "en") {
+		const QString qtFile = "qt_" + id;
+		m_qtTranslator = loadTranslator(qtFile);
+		if (m_qtTranslator == nullptr)
+			ZEB::reportProgress(ZEB::MessageFormat("Could not load system translator file: '%1'.\n")
+								.arg(qtFile.toStdString()).str(), FUNC_ID);
+
+		m_appTranslator = loadTranslator(m_filePrefix + "_" + id);
+		if (m_appTranslator == nullptr)
+			ZEB::reportProgress(ZEB::MessageFormat("Could not load application translator file: '%1_%2'.\n")
+								.arg(m_filePrefix.toStdString()).arg(id.toStdString()).str(), FUNC_ID);
+	}
+
+	QLocale::setDefault(localeForLanguage(id));
+	setLangId(id);
+}
+
+
+QLocale LanguageHandler::localeForLanguage(const QString & langId) {
+	QLocale locale;
+	if (langId == "en")
+		locale = QLocale(QLocale::English);
+	else if (langId == "de")
+		locale = QLocale(QLocale::German);
+	else
+		locale = QLocale(langId);
+	locale.setNumberOptions(QLocale::OmitGroupSeparator);
+	return locale;
+}
+
+
+std::unique_ptr<QTranslator> LanguageHandler::loadTranslator(const QString & baseName) const {
+	const QString path = QDir(m_translationDir).filePath(baseName + ".qm");
+	std::unique_ptr<QTranslator> translator(new QTranslator);
+	if (!QFileInfo(path).isFile() || !translator->load(path))
+		return nullptr;
+	QCoreApplication::installTranslator(translator.get());
+	return translator;
+}
+
+
+void LanguageHandler::removeTranslators() {
+	if (m_qtTranslator != nullptr) {
+		QCoreApplication::removeTranslator(m_qtTranslator.get());
+		m_qtTranslator.reset();
+	}
+	if (m_appTranslator != nullptr) {
+		QCoreApplication::removeTranslator(m_appTranslator.get());
+		m_appTranslator.reset();
+	}
+}
+
+} // namespace QtExt

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QProcess>
+#include <QSettings>
+
+#include <QtExt_LanguageHandler.h>
+
+#include "QtExt_TestSupport.h"
+
+using QtExtTest::MessageCapture;
+using QtExtTest::scratchDir;
+using QtExtTest::writeFile;
+
+namespace {
+
+const char * const LRELEASE = "/usr/lib/qt5/bin/lrelease";
+
+/*! Compiles a translation of one text of context "LangTest" into dir/<baseName>.qm with lrelease;
+	returns false when lrelease is missing or fails.
+*/
+bool makeQmFile(const QString & dir, const QString & baseName, const QString & source, const QString & translation) {
+	if (!QFileInfo(LRELEASE).isExecutable())
+		return false;
+	const QString ts = QDir(dir).filePath(baseName + ".ts");
+	const QString content = QString(
+		"<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"de_DE\">\n"
+		"<context>\n<name>LangTest</name>\n<message>\n<source>%1</source>\n<translation>%2</translation>\n"
+		"</message>\n</context>\n</TS>\n").arg(source, translation);
+	if (!writeFile(ts, content.toUtf8()))
+		return false;
+	QProcess p;
+	p.start(LRELEASE, { "-silent", ts, "-qm", QDir(dir).filePath(baseName + ".qm") });
+	return p.waitForFinished(30000) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
+}
+
+QString tr(const char * text) {
+	return QCoreApplication::translate("LangTest", text);
+}
+
+} // namespace
+
+
+TEST(QtExtLanguageHandler, MissingTranslationFilesAreReportedAndEnglishStays) {
+	const QString dir = scratchDir("translations-missing");
+	MessageCapture capture;
+	{
+		QtExt::LanguageHandler handler;
+		handler.setup("ZEBTest", "LangMissing", dir, "OrvaneApp");
+		handler.installTranslator("xx");
+
+		ASSERT_EQ(capture.m_msgs.size(), 2u);
+		EXPECT_EQ(capture.m_msgs[0].m_text, "Could not load system translator file: 'qt_xx'.\n");
+		EXPECT_EQ(capture.m_msgs[1].m_text, "Could not load application translator file: 'OrvaneApp_xx'.\n");
+		EXPECT_EQ(capture.m_msgs[0].m_functionId, "[LanguageHandler::installTranslator]");
+		EXPECT_EQ(tr("Hello"), "Hello");
+		EXPECT_EQ(handler.langId(), "xx");
+		// the id is stored in the store of the configured organisation and application
+		EXPECT_EQ(QSettings("ZEBTest", "LangMissing").value("LangID").toString(), "xx");
+
+		// English needs no translation files and reports nothing
+		capture.m_msgs.clear();
+		handler.installTranslator("en");
+		EXPECT_TRUE(capture.m_msgs.empty());
+		EXPECT_EQ(QLocale().language(), QLocale::English);
+		EXPECT_EQ(QLocale().toString(1234567), "1234567");
+		EXPECT_EQ(handler.langId(), "en");
+	}
+	QLocale::setDefault(QLocale::c());
+}
+
+
+TEST(QtExtLanguageHandler, InstallsTranslationsAndLocale) {
+	const QString dir = scratchDir("translations");
+	if (!makeQmFile(dir, "OrvaneApp_de", "Hello", "Hallo") || !makeQmFile(dir, "qt_de", "Cancel", "Abbrechen"))
+		GTEST_SKIP() << "lrelease is not available";
+
+	MessageCapture capture;
+	{
+		QtExt::LanguageHandler handler;
+		handler.setup("ZEBTest", "LangReal", dir, "OrvaneApp");
+		handler.installTranslator("de");
+		EXPECT_TRUE(capture.m_msgs.empty());
+		EXPECT_EQ(tr("Hello"), "Hallo");
+		EXPECT_EQ(tr("Cancel"), "Abbrechen");
+		EXPECT_EQ(QLocale().language(), QLocale::German);
+		EXPECT_EQ(QLocale().toString(1234567.5, 'f', 1), "1234567,5");
+		EXPECT_EQ(QSettings("ZEBTest", "LangReal").value("LangID").toString(), "de");
+
+		// switching replaces the earlier translators
+		handler.installTranslator("en");
+		EXPECT_EQ(tr("Hello"), "Hello");
+		EXPECT_EQ(tr("Cancel"), "Cancel");
+		EXPECT_EQ(QLocale().toString(1234567.5, 'f', 1), "1234567.5");
+
+		// a language without files reports both and leaves no earlier translation behind
+		handler.installTranslator("de");
+		EXPECT_EQ(tr("Hello"), "Hallo");
+		handler.installTranslator("fr");
+		EXPECT_EQ(capture.m_msgs.size(), 2u);
+		EXPECT_EQ(tr("Hello"), "Hello");
+
+		handler.installTranslator("de");
+	}
+	// a destroyed handler takes its translators with it
+	EXPECT_EQ(tr("Hello"), "Hello");
+	QLocale::setDefault(QLocale::c());
+}

@@ -1,0 +1,319 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFile>
+#include <QSettings>
+
+#include <ZEB_ArgParser.h>
+#include <ZEB_Exception.h>
+
+#include <QtExt_Settings.h>
+
+#include "QtExt_TestSupport.h"
+
+using QtExtTest::MessageCapture;
+using QtExtTest::scratchDir;
+using QtExtTest::writeFile;
+
+namespace {
+
+/*! Settings on an INI file in the given scratch directory. */
+QString iniFile(const QString & dirName) {
+	return QDir(scratchDir(dirName)).filePath("settings.ini");
+}
+
+/*! Parses a command line given as list (without the program path). */
+void parse(ZEB::ArgParser & parser, const std::vector<std::string> & args) {
+	std::vector<std::string> all{ "OrvaneApp" };
+	all.insert(all.end(), args.begin(), args.end());
+	parser.parse(all);
+}
+
+} // namespace
+
+
+TEST(QtExtSettings, DefaultsOfAFreshInstance) {
+	QtExt::Settings s("ZEB", "OrvanePart", iniFile("defaults"));
+	EXPECT_TRUE(s.m_lastProjectFile.isEmpty());
+	EXPECT_TRUE(s.m_recentProjects.isEmpty());
+	EXPECT_EQ(s.m_maxRecentProjects, 10u);
+	EXPECT_EQ(s.m_maxNumUNDOSteps, 10000u);
+	EXPECT_EQ(s.m_langId, "en");
+	EXPECT_EQ(s.m_userLogLevelConsole, 1);
+	EXPECT_EQ(s.m_userLogLevelLogfile, 2);
+	EXPECT_TRUE(s.m_doNotShowAgainDialogs.empty());
+	EXPECT_TRUE(s.m_doNotShowAgainDialogAnswers.empty());
+	EXPECT_TRUE(s.m_initialProjectFile.isEmpty());
+	EXPECT_FALSE(s.m_noSplashScreen);
+	EXPECT_EQ(s.m_installDir, QCoreApplication::applicationDirPath());
+
+	// reading a store that does not exist keeps all defaults, without complaints
+	MessageCapture capture;
+	s.read();
+	EXPECT_EQ(s.m_maxNumUNDOSteps, 10000u);
+	EXPECT_EQ(s.m_langId, "en");
+	EXPECT_EQ(capture.count(ZEB::MSG_WARNING), 0);
+}
+
+
+TEST(QtExtSettings, RoundTripOfEveryKey) {
+	const QString file = iniFile("roundtrip");
+	const QByteArray geometry("\x01\x02\x00\xffgeo", 7);
+	const QByteArray state("state\x00\x10", 7);
+	{
+		QtExt::Settings s("ZEB", "OrvanePart", file);
+		s.m_lastProjectFile = "/home/user/projects/wall, east.o2";
+		s.m_recentProjects = QStringList{ "/p/a.o2", "/p/b.o2", "/p/c,d.o2" };
+		s.m_maxRecentProjects = 7;
+		s.m_maxNumUNDOSteps = 250;
+		s.m_textEditorExecutable = "/usr/bin/some editor";
+		s.m_langId = "de";
+		s.m_userLogLevelConsole = 3;
+		s.m_userLogLevelLogfile = 4;
+		s.m_doNotShowAgainDialogs = { {"DlgA", true}, {"DlgB", false} };
+		s.m_doNotShowAgainDialogAnswers = { {"DlgA", 0x4000}, {"DlgC", -2} };
+		s.m_initialProjectFile = "/not/stored.o2";
+		s.m_noSplashScreen = true;
+		s.write(geometry, state);
+	}
+
+	QtExt::Settings r("ZEB", "OrvanePart", file);
+	MessageCapture capture;
+	r.read();
+	EXPECT_EQ(capture.count(ZEB::MSG_WARNING), 0);
+	EXPECT_EQ(r.m_lastProjectFile, "/home/user/projects/wall, east.o2");
+	EXPECT_EQ(r.m_recentProjects, (QStringList{ "/p/a.o2", "/p/b.o2", "/p/c,d.o2" }));
+	EXPECT_EQ(r.m_maxRecentProjects, 7u);
+	// written as "UndoSize" but read from "MaxNumUndoSteps": the stored value does not come back
+	EXPECT_EQ(r.m_maxNumUNDOSteps, 10000u);
+	EXPECT_EQ(r.m_textEditorExecutable, "/usr/bin/some editor");
+	EXPECT_EQ(r.m_langId, "de");
+	EXPECT_EQ(r.m_userLogLevelConsole, 3);
+	EXPECT_EQ(r.m_userLogLevelLogfile, 4);
+	ASSERT_EQ(r.m_doNotShowAgainDialogs.size(), 2u);
+	EXPECT_EQ(r.m_doNotShowAgainDialogs[0].m_dialogID, "DlgA");
+	EXPECT_TRUE(r.m_doNotShowAgainDialogs[0].m_checked);
+	EXPECT_EQ(r.m_doNotShowAgainDialogs[1].m_dialogID, "DlgB");
+	EXPECT_FALSE(r.m_doNotShowAgainDialogs[1].m_checked);
+	ASSERT_EQ(r.m_doNotShowAgainDialogAnswers.size(), 2u);
+	EXPECT_EQ(r.m_doNotShowAgainDialogAnswers[0].m_dialogID, "DlgA");
+	EXPECT_EQ(r.m_doNotShowAgainDialogAnswers[0].m_answer, 0x4000);
+	EXPECT_EQ(r.m_doNotShowAgainDialogAnswers[1].m_dialogID, "DlgC");
+	EXPECT_EQ(r.m_doNotShowAgainDialogAnswers[1].m_answer, -2);
+	// command-line values are not stored
+	EXPECT_TRUE(r.m_initialProjectFile.isEmpty());
+	EXPECT_FALSE(r.m_noSplashScreen);
+
+	QByteArray g, st;
+	r.readMainWindowGeometry(g, st);
+	EXPECT_EQ(g, geometry);
+	EXPECT_EQ(st, state);
+
+	// the raw store holds exactly the documented key names
+	QSettings raw(file, QSettings::IniFormat);
+	EXPECT_EQ(raw.value("UndoSize").toUInt(), 250u);
+	EXPECT_FALSE(raw.contains("MaxNumUndoSteps"));
+	for (const char * key : { "LastProjectFile", "RecentProjects", "MaxRecentProjects", "TextEditorExecutable",
+							  "LangID", "UserLogLevelConsole", "UserLogLevelLogfile", "MainWindowGeometry",
+							  "MainWindowState", "DoNotShowAgainDialogs/size", "DoNotShowAgainDialogs/1/DialogID",
+							  "DoNotShowAgainDialogs/2/Checked", "DoNotShowAgainDialogsAnswer/2/Answer" })
+		EXPECT_TRUE(raw.contains(key)) << key;
+}
+
+
+TEST(QtExtSettings, UndoLimitIsReadOnlyFromMaxNumUndoSteps) {
+	const QString file = iniFile("undo");
+	ASSERT_TRUE(writeFile(file, "[General]\nUndoSize=5\n"));
+	QtExt::Settings s("ZEB", "OrvanePart", file);
+	s.read();
+	EXPECT_EQ(s.m_maxNumUNDOSteps, 10000u);
+
+	ASSERT_TRUE(writeFile(file, "[General]\nUndoSize=5\nMaxNumUndoSteps=77\n"));
+	s.read();
+	EXPECT_EQ(s.m_maxNumUNDOSteps, 77u);
+}
+
+
+TEST(QtExtSettings, CorruptValuesKeepCurrentValuesAndWarn) {
+	const QString file = iniFile("corrupt");
+	ASSERT_TRUE(writeFile(file,
+		"[General]\n"
+		"MaxRecentProjects=-3\n"
+		"MaxNumUndoSteps=lots\n"
+		"UserLogLevelConsole=2.5\n"
+		"UserLogLevelLogfile=3\n"
+		"LastProjectFile=a, b.o2\n"
+		"[DoNotShowAgainDialogs]\n"
+		"1\\DialogID=X\n1\\Checked=maybe\n"
+		"2\\DialogID=Y\n2\\Checked=true\n"
+		"size=2000000000\n"
+		"[DoNotShowAgainDialogsAnswer]\n"
+		"1\\DialogID=X\n1\\Answer=none\n"
+		"size=1\n"));
+	QtExt::Settings s("ZEB", "OrvanePart", file);
+	MessageCapture capture;
+	s.read();
+	EXPECT_EQ(s.m_maxRecentProjects, 10u);
+	EXPECT_EQ(s.m_maxNumUNDOSteps, 10000u);
+	EXPECT_EQ(s.m_userLogLevelConsole, 1);
+	EXPECT_EQ(s.m_userLogLevelLogfile, 3);
+	// an unquoted comma makes the INI reader see a list; the text comes back as written
+	EXPECT_EQ(s.m_lastProjectFile, "a, b.o2");
+	// records with an unusable field keep that field's default; the absurd size is cut
+	ASSERT_EQ(s.m_doNotShowAgainDialogs.size(), 2u);
+	EXPECT_FALSE(s.m_doNotShowAgainDialogs[0].m_checked);
+	EXPECT_TRUE(s.m_doNotShowAgainDialogs[1].m_checked);
+	ASSERT_EQ(s.m_doNotShowAgainDialogAnswers.size(), 1u);
+	EXPECT_EQ(s.m_doNotShowAgainDialogAnswers[0].m_answer, 0);
+	// three scalar keys, two record fields and the array size
+	EXPECT_EQ(capture.count(ZEB::MSG_WARNING), 6);
+	for (const MessageCapture::Msg & m : capture.m_msgs)
+		EXPECT_EQ(m.m_functionId, "[Settings::read]");
+}
+
+
+TEST(QtExtSettings, RewritingShorterArraysLeavesNoStaleRecords) {
+	const QString file = iniFile("arrays");
+	QtExt::Settings s("ZEB", "OrvanePart", file);
+	s.m_doNotShowAgainDialogs = { {"A", true}, {"B", true}, {"C", true} };
+	s.write(QByteArray(), QByteArray());
+	s.m_doNotShowAgainDialogs = { {"Z", false} };
+	s.write(QByteArray(), QByteArray());
+
+	QSettings raw(file, QSettings::IniFormat);
+	EXPECT_FALSE(raw.contains("DoNotShowAgainDialogs/2/DialogID"));
+	QtExt::Settings r("ZEB", "OrvanePart", file);
+	r.read();
+	ASSERT_EQ(r.m_doNotShowAgainDialogs.size(), 1u);
+	EXPECT_EQ(r.m_doNotShowAgainDialogs[0].m_dialogID, "Z");
+}
+
+
+TEST(QtExtSettings, WriteFailureThrows) {
+	// a directory in place of the settings file cannot be written, whatever the user's rights
+	const QString dir = scratchDir("notafile");
+	QtExt::Settings s("ZEB", "OrvanePart", dir);
+	try {
+		s.write(QByteArray(), QByteArray());
+		FAIL() << "writing into a directory succeeded";
+	}
+	catch (ZEB::Exception & ex) {
+		ASSERT_EQ(ex.messages().size(), 1u);
+		EXPECT_EQ(ex.messages()[0].m_where, "[Settings::write]");
+		EXPECT_NE(ex.messages()[0].m_what.find(dir.toStdString()), std::string::npos) << ex.what();
+	}
+}
+
+
+TEST(QtExtSettings, CommandLineOptions) {
+	QtExt::Settings s("ZEB", "OrvanePart", iniFile("cmdline"));
+	ZEB::ArgParser parser;
+	parser.setProgramName("OrvaneApp");
+	s.updateArgParser(parser);
+
+	std::ostringstream help;
+	parser.printHelp(help);
+	EXPECT_NE(help.str().find("--no-splash[=<true|false>]"), std::string::npos) << help.str();
+	EXPECT_NE(help.str().find("--lang=<en;de;it;...>"), std::string::npos) << help.str();
+	EXPECT_NE(help.str().find("Disables splash screen."), std::string::npos) << help.str();
+	EXPECT_NE(help.str().find("Default: en"), std::string::npos) << help.str();
+
+	// only the exact text "true" switches the splash screen off
+	const std::map<std::string, bool> splashCases = {
+		{ "--no-splash=true", true }, { "--no-splash", true }, { "--no-splash=TRUE", false },
+		{ "--no-splash=yes", false }, { "--no-splash=1", false }, { "--no-splash=false", false }
+	};
+	for (const auto & c : splashCases) {
+		s.m_noSplashScreen = !c.second;
+		parse(parser, { c.first });
+		s.applyCommandLineArgs(parser);
+		EXPECT_EQ(s.m_noSplashScreen, c.second) << c.first;
+	}
+
+	// lang given, two positional arguments: only the first one is the project to open
+	s.m_langId = "en";
+	parse(parser, { "--lang=it", "first.o2", "second.o2" });
+	s.applyCommandLineArgs(parser);
+	EXPECT_EQ(s.m_langId, "it");
+	EXPECT_EQ(s.m_initialProjectFile, "first.o2");
+	EXPECT_FALSE(s.m_noSplashScreen);
+
+	// without lang the language read from the store stays
+	s.m_langId = "de";
+	s.m_initialProjectFile.clear();
+	parse(parser, {});
+	s.applyCommandLineArgs(parser);
+	EXPECT_EQ(s.m_langId, "de");
+	EXPECT_TRUE(s.m_initialProjectFile.isEmpty());
+}
+
+
+TEST(QtExtSettings, RecentProjectsBehaveLikeMostRecentlyUsedList) {
+	QtExt::Settings s("ZEB", "OrvanePart", iniFile("recent"));
+	std::mt19937 rng(42);
+	for (unsigned int maxCount : { 0u, 1u, 3u, 10u }) {
+		s.m_maxRecentProjects = maxCount;
+		s.m_recentProjects.clear();
+		// independent model: time of the last use of each path
+		std::map<QString, int> lastUse;
+		for (int t = 0; t < 200; ++t) {
+			const QString path = QString("/p/%1.o2").arg(rng() % 8);
+			s.addRecentProject(path);
+			lastUse[path] = t;
+			std::vector<std::pair<int, QString>> byTime;
+			for (const auto & e : lastUse)
+				byTime.emplace_back(e.second, e.first);
+			std::sort(byTime.rbegin(), byTime.rend());
+			QStringList expected;
+			for (std::size_t i = 0; i < byTime.size() && i < maxCount; ++i)
+				expected << byTime[i].second;
+			ASSERT_EQ(s.m_recentProjects, expected) << "max " << maxCount << " step " << t;
+		}
+	}
+	s.m_maxRecentProjects = 5;
+	s.m_recentProjects = QStringList{ "a" };
+	s.addRecentProject(QString());
+	EXPECT_EQ(s.m_recentProjects, QStringList{ "a" });
+}
+
+
+TEST(QtExtSettings, TextEditorSearch) {
+	const QString dir = scratchDir("editors");
+	const QString bin = QDir(dir).filePath("bin");
+	QDir().mkpath(bin);
+	auto makeExecutable = [&](const QString & name, bool executable) {
+		const QString path = QDir(bin).filePath(name);
+		writeFile(path, "#!/bin/sh\n");
+		QFile::Permissions p = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+		if (executable)
+			p |= QFileDevice::ExeOwner;
+		QFile::setPermissions(path, p);
+		return path;
+	};
+	const QStringList editors{ "gedit", "kate", "mousepad", "xed" };
+	const QString xed = makeExecutable("xed", true);
+	makeExecutable("mousepad", false);
+	EXPECT_EQ(QtExt::Settings::findTextEditor({ "/no/such/notepad++.exe" }, editors, { bin }), xed);
+	const QString kate = makeExecutable("kate", true);
+	EXPECT_EQ(QtExt::Settings::findTextEditor({ "/no/such/notepad++.exe" }, editors, { bin }), kate);
+
+	// an existing install location comes before anything on the search path
+	const QString notepad = QDir(dir).filePath("notepad++.exe");
+	writeFile(notepad, "x");
+	EXPECT_EQ(QtExt::Settings::findTextEditor({ "/no/such/notepad++.exe", notepad }, editors, { bin }), notepad);
+	// a directory is not an editor
+	EXPECT_EQ(QtExt::Settings::findTextEditor({ bin }, editors, { QDir(dir).filePath("empty") }), QString());
+
+	// the default is either empty or one of the desktop editors found on the PATH
+	const QString def = QtExt::Settings::defaultTextEditor();
+	if (!def.isEmpty()) {
+		EXPECT_TRUE(editors.contains(QFileInfo(def).fileName()) || def.endsWith("notepad++.exe")) << def.toStdString();
+	}
+}

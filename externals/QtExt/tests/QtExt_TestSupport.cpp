@@ -1,0 +1,57 @@
+#include "QtExt_TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace QtExtTest {
+
+MessageCapture::MessageCapture() {
+	setConsoleVerbosityLevel(10);
+	ZEB::MessageHandler::setCurrent(this);
+}
+
+
+MessageCapture::~MessageCapture() {
+	ZEB::MessageHandler::setCurrent(nullptr);
+}
+
+
+void MessageCapture::message(const std::string & msg, ZEB::MsgType type, const char * functionId, int) {
+	m_msgs.push_back(Msg{msg, type, functionId != nullptr ? functionId : ""});
+}
+
+
+int MessageCapture::count(ZEB::MsgType type) const {
+	int n = 0;
+	for (const Msg & m : m_msgs)
+		if (m.m_type == type)
+			++n;
+	return n;
+}
+
+
+QString scratchDir(const QString & name) {
+	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
+	if (base.isEmpty())
+		base = QDir::temp().filePath("QtExtTests");
+	QDir dir(QDir(base).filePath(name));
+	dir.removeRecursively();
+	QDir().mkpath(dir.path());
+	return dir.path();
+}
+
+
+bool writeFile(const QString & path, const QByteArray & data) {
+	QFile f(path);
+	return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
+}
+
+
+QByteArray readFile(const QString & path) {
+	QFile f(path);
+	if (!f.open(QIODevice::ReadOnly))
+		return QByteArray();
+	return f.readAll();
+}
+
+} // namespace QtExtTest

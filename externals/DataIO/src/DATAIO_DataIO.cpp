@@ -1,0 +1,991 @@
+#include "DATAIO_DataIO.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include <ZEB_Exception.h>
+#include <ZEB_FileReader.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_NotificationHandler.h>
+#include <ZEB_StringUtils.h>
+
+#include "DATAIO_BinaryReader.h"
+#include "DATAIO_CreationTime.h"
+#include "DATAIO_GeoFile.h"
+#include "DATAIO_LineReader.h"
+#include "DATAIO_Tokenizer.h"
+#include "DATAIO_Version.h"
+
+namespace DATAIO {
+
+const char * const DataIO::MAGIC_ASCII = "S6OAQXV!";
+const char * const DataIO::MAGIC_BINARY = "S6OBQXV!";
+const char * const DataIO::PRE_V6_TITLE = "Soravi 5 Output file";
+const char * const DataIO::PRE_V6_BINARY_MARK = "- binary";
+
+const char * const DataIO::KW_TYPE = "TYPE";
+const char * const DataIO::KW_PROJECT_FILE = "PROJECT_FILE";
+const char * const DataIO::KW_GEO_FILE_HASH = "GEO_FILE_HASH";
+const char * const DataIO::KW_GEO_FILE = "GEO_FILE";
+const char * const DataIO::KW_CREATED = "CREATED";
+const char * const DataIO::KW_QUANTITY_KW = "QUANTITY_KW";
+const char * const DataIO::KW_QUANTITY = "QUANTITY";
+const char * const DataIO::KW_SPACE_TYPE = "SPACE_TYPE";
+const char * const DataIO::KW_TIME_TYPE = "TIME_TYPE";
+const char * const DataIO::KW_VALUE_UNIT = "VALUE_UNIT";
+const char * const DataIO::KW_TIME_UNIT = "TIME_UNIT";
+const char * const DataIO::KW_START_YEAR = "START_YEAR";
+const char * const DataIO::KW_INDICES = "INDICES";
+const char * const DataIO::KW_TABLE = "TABLE";
+const char * const DataIO::KW_ELEMENTS = "ELEMENTS";
+const char * const DataIO::KW_SIDES = "SIDES";
+
+namespace {
+
+/*! Length of the text block that starts a generation-5 file. */
+const std::size_t PRE_V6_TITLE_LENGTH = 40;
+/*! Number of bytes before the end of the last record that refresh() compares. */
+const std::uint64_t TAIL_SIGNATURE_SIZE = 64;
+/*! Size of the blocks in which binary data sections are read. */
+const std::uint64_t BINARY_BLOCK_SIZE = std::uint64_t(4) << 20;
+/*! Lines after which the ASCII reader estimates the line count of the rest of the file. */
+const std::size_t LINES_BEFORE_ESTIMATE = 4096;
+/*! Longest part of a faulty line quoted in an error message. */
+const std::size_t MAX_QUOTED_LINE = 200;
+
+/*! Opens a file for binary reading and determines its size. */
+bool openFile(const std::string & filename, std::ifstream & in, std::uint64_t & size) {
+	in.open(filename, std::ios::binary);
+	if (!in)
+		return false;
+	in.seekg(0, std::ios::end);
+	const std::streamoff end = in.tellg();
+	in.seekg(0, std::ios::beg);
+	if (end < 0 || !in)
+		return false;
+	size = static_cast<std::uint64_t>(end);
+	return true;
+}
+
+/*! A line for an error message, cut to a readable length. */
+std::string quoted(const char * begin, const char * end) {
+	const std::size_t len = static_cast<std::size_t>(end - begin);
+	if (len <= MAX_QUOTED_LINE)
+		return std::string(begin, end);
+	return std::string(begin, MAX_QUOTED_LINE) + "...";
+}
+
+/*! True when the trimmed line starts with the keyword. */
+bool startsWith(const std::string & line, const char * keyword) {
+	return line.compare(0, std::strlen(keyword), keyword) == 0;
+}
+
+/*! True when the trimmed line is the ELEMENTS or SIDES line that ends a generation-5 header
+	(and not the SIDES_GEOMETRY section keyword of an embedded geometry).
+*/
+bool isPreV6EndLine(const std::string & line) {
+	for (const char * kw : { DataIO::KW_ELEMENTS, DataIO::KW_SIDES }) {
+		const std::size_t len = std::strlen(kw);
+		if (startsWith(line, kw) && (line.size() == len || line[len] != '_'))
+			return true;
+	}
+	return false;
+}
+
+/*! Maps a stored enumeration number to the enumeration; numbers beyond it are undetermined. */
+template <typename E>
+E enumFromNumber(std::uint32_t v, E undetermined) {
+	return v < static_cast<std::uint32_t>(undetermined) ? static_cast<E>(v) : undetermined;
+}
+
+/*! The enumeration value whose keyword the header value contains, else undetermined. */
+template <typename E>
+E enumFromText(const std::string & value, const char * const keywords[], E undetermined) {
+	for (int i = 0; i < static_cast<int>(undetermined); ++i)
+		if (value.find(keywords[i]) != std::string::npos)
+			return static_cast<E>(i);
+	return undetermined;
+}
+
+const char * const OUTPUT_TYPE_KEYWORDS[] = { "FIELD", "FLUX", "REFERENCE", "UNDEFINED" };
+const char * const SPACE_TYPE_KEYWORDS[] = { "SINGLE", "MEAN", "INTEGRAL", "UNDEFINED" };
+const char * const TIME_TYPE_KEYWORDS[] = { "NONE", "MEAN", "INTEGRAL", "UNDEFINED" };
+
+/*! FNV-1a hash over a byte range, continuing from h. */
+void hashBytes(std::uint64_t & h, const char * p, std::size_t n) {
+	for (std::size_t i = 0; i < n; ++i) {
+		h ^= static_cast<unsigned char>(p[i]);
+		h *= 1099511628211ull;
+	}
+}
+
+} // namespace
+
+
+const char * DataIO::dataFormatText(DataFormat format) {
+	switch (format) {
+		case DF_2D : return "2D [time, value]";
+		case DF_3D : return "3D [time, vector of values]";
+		case DF_4D : return "4D [time, matrix 2x2 of values]";
+		case DF_5D : return "5D [time, matrix 3x3 of values]";
+		case NUM_DF : break;
+	}
+	return "undetermined";
+}
+
+
+const char * DataIO::outputTypeKeyword(OutputType type) {
+	return OUTPUT_TYPE_KEYWORDS[type < NUM_T ? type : NUM_T];
+}
+
+
+const char * DataIO::spaceTypeKeyword(SpaceType type) {
+	return SPACE_TYPE_KEYWORDS[type < NUM_ST ? type : NUM_ST];
+}
+
+
+const char * DataIO::timeTypeKeyword(TimeType type) {
+	return TIME_TYPE_KEYWORDS[type < NUM_TT ? type : NUM_TT];
+}
+
+
+std::size_t DataIO::valueCount(OutputType type, SpaceType spaceType, std::size_t numberCount) {
+	if ((spaceType == ST_MEAN || spaceType == ST_INTEGRAL) && type != T_REFERENCE)
+		return 1;
+	return numberCount;
+}
+
+
+DataIO::DataIO() = default;
+DataIO::~DataIO() = default;
+DataIO::DataIO(DataIO &&) noexcept = default;
+DataIO & DataIO::operator=(DataIO &&) noexcept = default;
+
+
+void DataIO::clear() {
+	*this = DataIO();
+}
+
+
+void DataIO::read(const std::string & filename, ZEB::NotificationHandler * notification) {
+	FUNCID(DataIO::read);
+	try {
+		openAndReadHeader(filename);
+		if (m_isBinary) {
+			try {
+				readBinaryData(notification);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, "Error on reading binary content from file.", FUNC_ID);
+			}
+		}
+		else {
+			try {
+				readASCIIData(notification);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, "Error on reading ASCII content from file.", FUNC_ID);
+			}
+		}
+	}
+	catch (ZEB::Exception & ex) {
+		clear();
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading DataIO file '%1'").arg(filename), FUNC_ID);
+	}
+	catch (std::exception & ex) {
+		clear();
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading DataIO file '%1'").arg(filename), FUNC_ID);
+	}
+}
+
+
+void DataIO::openAndReadHeader(const std::string & filename) {
+	FUNCID(DataIO::openAndReadHeader);
+	clear();
+	try {
+		if (filename.empty() || filename.find('\0') != std::string::npos)
+			throw ZEB::Exception("No filename or invalid file path given.", FUNC_ID);
+		std::error_code ec;
+		if (!std::filesystem::exists(filename, ec))
+			throw ZEB::Exception(ZEB::MessageFormat("File '%1' doesn't exist.").arg(filename), FUNC_ID);
+		std::ifstream in;
+		if (std::filesystem::is_directory(filename, ec) || !openFile(filename, in, m_fileSize))
+			throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(filename), FUNC_ID);
+		m_filename = filename;
+
+		// generation 6 starts with the magic block, generation 5 with a title text
+		bool preV6 = false;
+		try {
+			Version::read(in, MAGIC_ASCII, MAGIC_BINARY, m_isBinary, m_majorFileVersion, m_minorFileVersion);
+		}
+		catch (ZEB::Exception & ex) {
+			in.clear();
+			in.seekg(0);
+			char title[PRE_V6_TITLE_LENGTH];
+			in.read(title, sizeof(title));
+			const std::string text(title, static_cast<std::size_t>(in.gcount()));
+			if (text.find(PRE_V6_TITLE) == std::string::npos)
+				throw ZEB::Exception(ex, "File format not recognized!", FUNC_ID);
+			preV6 = true;
+			m_isBinary = text.find(PRE_V6_BINARY_MARK) != std::string::npos;
+			m_majorFileVersion = PRE_V6_MAJOR_FILE_VERSION;
+			m_minorFileVersion = 0;
+		}
+		if (!preV6 && m_majorFileVersion != MAJOR_FILE_VERSION)
+			throw ZEB::Exception("Unknown major file version, not able to read this format!", FUNC_ID);
+
+		in.clear();
+		try {
+			if (m_isBinary) {
+				if (preV6) {
+					in.seekg(PRE_V6_TITLE_LENGTH);
+					readBinaryHeaderPreV6(in);
+				}
+				else {
+					readBinaryHeader(in);
+				}
+			}
+			else {
+				in.seekg(preV6 ? 0 : 16);
+				readASCIIHeader(in, preV6);
+			}
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, m_isBinary ? "Error on reading binary header from file."
+												: "Error on reading ASCII header from file.", FUNC_ID);
+		}
+
+		// a binary generation-6 header states data section offset and value count up front
+		const std::size_t computed = valueCount(m_type, m_spaceType, m_nums.size());
+		if (m_isBinary && !preV6) {
+			const std::streamoff pos = in.tellg();
+			if (pos < 0 || static_cast<std::uint64_t>(pos) != m_dataSectionOffset)
+				throw ZEB::Exception("Data section offset defined at header start does not match file "
+									 "offset after reading header section.", FUNC_ID);
+			if (m_nValues != computed)
+				throw ZEB::Exception(ZEB::MessageFormat("Number of values in data section %1 defined at "
+					"header start does not match number of values computed from INDICES and SPACE_TYPE = %2.")
+					.arg(m_nValues).arg(static_cast<unsigned long>(computed)), FUNC_ID);
+		}
+		m_nValues = static_cast<unsigned int>(computed);
+
+		if (m_nValues == 1 || m_type == T_REFERENCE)
+			m_dataFormat = DF_2D;
+		if (preV6)
+			checkEmbeddedGeometry();
+
+		in.clear();
+		m_headerHash = headerHash(in);
+		m_values.reset(m_nValues);
+		m_source = m_isBinary ? SRC_BINARY : SRC_ASCII;
+		m_consumedEnd = m_dataSectionOffset;
+		m_tailSignature = tailBytes(m_consumedEnd);
+	}
+	catch (...) {
+		clear();
+		throw;
+	}
+}
+
+
+void DataIO::readASCIIHeader(std::istream & in, bool preV6) {
+	FUNCID(DataIO::readASCIIHeader);
+	const std::streamoff start = in.tellg();
+	LineReader reader(in);
+	std::string rawLine;
+	std::string geometryText;
+	bool inTable = false;
+	while (reader.next(rawLine)) {
+		if (ZEB::trimmed(rawLine, " \t\r\n#").empty())
+			continue;
+		const std::string line = ZEB::trimmed(rawLine, " \t\r\n");
+
+		// the embedded geometry of generation 5 runs up to the ELEMENTS or SIDES line
+		if (inTable) {
+			if (!isPreV6EndLine(line)) {
+				geometryText += rawLine;
+				geometryText += '\n';
+				continue;
+			}
+			if (line.find('=') == std::string::npos)
+				throw ZEB::Exception("Missing = character in last line of geometry header.", FUNC_ID);
+			inTable = false;
+			std::unique_ptr<GeoFile> geo(new GeoFile);
+			geo->setFileVersion(PRE_V6_MAJOR_FILE_VERSION, 0);
+			try {
+				geo->parseGeometryData(geometryText);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, "Error reading geometry file.", FUNC_ID);
+			}
+			m_geometry = std::move(geo);
+			geometryText = std::string();
+		}
+
+		const std::size_t eq = line.find('=');
+		if (eq == std::string::npos)
+			continue;
+		if (preV6 && startsWith(line, KW_TABLE)) {
+			inTable = true;
+			continue;
+		}
+		// the value begins at the second character after '='
+		const std::string value = eq + 2 <= line.size() ? ZEB::trimmed(line.substr(eq + 2), " \t") : std::string();
+
+		const bool isEnd = preV6 ? isPreV6EndLine(line) : startsWith(line, KW_INDICES);
+		if (isEnd) {
+			if (value.empty())
+				throw ZEB::Exception("Missing value for ELEMENTS|SIDES|INDICES keyword.", FUNC_ID);
+			Tokenizer tok(value.data(), value.data() + value.size());
+			std::uint32_t n;
+			while (!tok.atEnd()) {
+				if (!tok.nextInteger(n))
+					throw ZEB::Exception("Invalid value for ELEMENTS|SIDES|INDICES keyword.", FUNC_ID);
+				m_nums.push_back(n);
+			}
+			// a header line still being written must not be taken: the list may be incomplete
+			if (!reader.lastLineTerminated())
+				throw ZEB::Exception("Missing line end after the last header line, header incomplete.", FUNC_ID);
+			const std::uint64_t offset = static_cast<std::uint64_t>(start) + reader.consumed();
+			if (offset > std::numeric_limits<std::uint32_t>::max())
+				throw ZEB::Exception("ASCII header longer than 4 GB.", FUNC_ID);
+			m_dataSectionOffset = static_cast<std::uint32_t>(offset);
+			return;
+		}
+
+		if (startsWith(line, KW_GEO_FILE_HASH)) {
+			if (value.empty())
+				throw ZEB::Exception("Missing value for GEO_FILE_HASH keyword.", FUNC_ID);
+			try {
+				m_geoFileHash = ZEB::string2val<unsigned int>(value);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, "Invalid value for GEO_FILE_HASH keyword.", FUNC_ID);
+			}
+			continue;
+		}
+		if (startsWith(line, KW_START_YEAR)) {
+			if (value.empty())
+				throw ZEB::Exception("Missing value for START_YEAR keyword.", FUNC_ID);
+			try {
+				m_startYear = ZEB::string2val<int>(value);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, "Invalid value for START_YEAR keyword.", FUNC_ID);
+			}
+			continue;
+		}
+		if (value.empty())
+			continue;
+		// tested in this order because of the shared prefixes
+		if (startsWith(line, KW_TYPE))
+			m_type = enumFromText(value, OUTPUT_TYPE_KEYWORDS, NUM_T);
+		else if (startsWith(line, KW_PROJECT_FILE))
+			m_projectFileName = value;
+		else if (startsWith(line, KW_GEO_FILE))
+			m_geoFileName = value;
+		else if (startsWith(line, KW_CREATED))
+			m_createdTime = value;
+		else if (startsWith(line, KW_QUANTITY_KW))
+			m_quantityKeyword = value;
+		else if (startsWith(line, KW_QUANTITY))
+			m_quantity = value;
+		else if (startsWith(line, KW_SPACE_TYPE))
+			m_spaceType = enumFromText(value, SPACE_TYPE_KEYWORDS, NUM_ST);
+		else if (startsWith(line, KW_TIME_TYPE))
+			m_timeType = enumFromText(value, TIME_TYPE_KEYWORDS, NUM_TT);
+		else if (startsWith(line, KW_VALUE_UNIT))
+			m_valueUnit = value;
+		else if (startsWith(line, KW_TIME_UNIT))
+			m_timeUnit = value;
+	}
+	if (inTable)
+		throw ZEB::Exception(ZEB::Exception("Embedded geometry not ended by an ELEMENTS or SIDES line.", FUNC_ID),
+							 "Error reading geometry section.", FUNC_ID);
+	throw ZEB::Exception(preV6 ? "Missing ELEMENTS or SIDES line, header incomplete."
+							   : "Missing INDICES line, header incomplete.", FUNC_ID);
+}
+
+
+void DataIO::readBinaryHeader(std::istream & in) {
+	FUNCID(DataIO::readBinaryHeader);
+	try {
+		BinaryReader reader(in, m_fileSize);
+		// strings and the number vector are wrapped with the name of their field
+		auto field = [&](std::string & str, unsigned int maxSize, const char * context) {
+			try {
+				reader.string(str, maxSize);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, std::string(context) + ex.what(), FUNC_ID);
+			}
+		};
+		std::uint32_t u = 0;
+		reader.value(m_dataSectionOffset);
+		reader.value(m_nValues);
+		reader.value(u);
+		m_type = enumFromNumber(u, NUM_T);
+		field(m_projectFileName, MAX_FILENAME_LENGTH, "Error reading PROJECT_FILE property in header: ");
+		field(m_geoFileName, MAX_FILENAME_LENGTH, "Error reading GEO_FILE property in header: ");
+		reader.value(m_geoFileHash);
+		std::int64_t created = 0;
+		reader.value(created);
+		m_createdTime = CreationTime::toText(created);
+		field(m_quantity, MAX_QUANTITY_LENGTH, "Error reading QUANTITY property in header: ");
+		field(m_quantityKeyword, MAX_QUANTITY_LENGTH, "Error reading QUANTITY_KW property in header: ");
+		reader.value(u);
+		m_spaceType = enumFromNumber(u, NUM_ST);
+		reader.value(u);
+		m_timeType = enumFromNumber(u, NUM_TT);
+		field(m_valueUnit, MAX_UNIT_LENGTH, "Error reading VALUE_UNIT property in header: ");
+		field(m_timeUnit, MAX_UNIT_LENGTH, "Error reading TIME_UNIT property in header: ");
+		reader.value(m_startYear);
+		try {
+			reader.vector(m_nums, MAX_NUMS);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, std::string("Error reading element/sides numbers vector: ") + ex.what(), FUNC_ID);
+		}
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Error reading binary header.", FUNC_ID);
+	}
+}
+
+
+void DataIO::readBinaryHeaderPreV6(std::istream & in) {
+	FUNCID(DataIO::readBinaryHeaderPreV6);
+	try {
+		BinaryReader reader(in, m_fileSize);
+		std::uint32_t geometrySize = 0;
+		try {
+			std::uint32_t u = 0;
+			reader.value(u);
+			m_type = enumFromNumber(u, NUM_T);
+			reader.string(m_projectFileName, MAX_FILENAME_LENGTH);
+			std::int64_t created = 0;
+			reader.value(created);
+			m_createdTime = CreationTime::toText(created);
+			reader.string(m_quantity, MAX_QUANTITY_LENGTH);
+			reader.string(m_quantityKeyword, MAX_QUANTITY_LENGTH);
+			reader.value(u);
+			m_spaceType = enumFromNumber(u, NUM_ST);
+			reader.value(u);
+			m_timeType = enumFromNumber(u, NUM_TT);
+			reader.string(m_valueUnit, MAX_UNIT_LENGTH);
+			reader.string(m_timeUnit, MAX_UNIT_LENGTH);
+			reader.value(m_startYear);
+			geometrySize = reader.count(1);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Binary header data corrupt!", FUNC_ID);
+		}
+
+		const std::uint64_t geometryEnd = reader.position() + geometrySize;
+		std::unique_ptr<GeoFile> geo(new GeoFile);
+		geo->setBinary(true);
+		geo->setFileVersion(PRE_V6_MAJOR_FILE_VERSION, 0);
+		try {
+			geo->readBinaryGeometryData(in, geometryEnd);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Error reading geometry data:\n", FUNC_ID);
+		}
+		if (reader.position() != geometryEnd)
+			throw ZEB::Exception("[DataIO::readBinaryHeader]  Size mismatch in geometry section!", FUNC_ID);
+		m_geometry = std::move(geo);
+
+		try {
+			reader.vector(m_nums, MAX_NUMS);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Binary header data corrupt!", FUNC_ID);
+		}
+		char tag[7];
+		if (!reader.raw(tag, sizeof(tag)) || std::memcmp(tag, "HDR_END", sizeof(tag)) != 0)
+			throw ZEB::Exception("Binary header data corrupt! Failed to read HDR_END tag.", FUNC_ID);
+		m_dataSectionOffset = static_cast<std::uint32_t>(reader.position());
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Error reading binary header (pre V6 version).", FUNC_ID);
+	}
+}
+
+
+void DataIO::checkEmbeddedGeometry() {
+	FUNCID(DataIO::openAndReadHeader);
+	try {
+		if (m_geometry != nullptr) {
+			std::vector<std::uint32_t> ids;
+			for (const GeoFile::Material & m : m_geometry->materials())
+				ids.push_back(m.m_id);
+			std::sort(ids.begin(), ids.end());
+			for (const GeoFile::Element & e : m_geometry->elements())
+				if (!std::binary_search(ids.begin(), ids.end(), e.m_matId))
+					throw ZEB::Exception(ZEB::MessageFormat("Error in geometry data, element #%1 references "
+						"material with ID #%2, which does not exist in materials table.\n").arg(e.m_n).arg(e.m_matId), FUNC_ID);
+		}
+		determineDataFormat(m_geometry.get());
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Error in DataIO or embedded geometry data.", FUNC_ID);
+	}
+}
+
+
+void DataIO::readASCIIData(ZEB::NotificationHandler * notification) {
+	FUNCID(DataIO::readASCIIData);
+	const std::size_t before = m_timePoints.size();
+	try {
+		// after a few lines, estimate how many follow and reserve the per-line bookkeeping once
+		std::size_t lines = 0;
+		std::uint64_t bytes = 0;
+		const std::uint64_t toRead = m_fileSize > m_consumedEnd ? m_fileSize - m_consumedEnd : 0;
+		auto handler = [&](const char * begin, const char * end) {
+			addValueLine(begin, end);
+			if (lines < LINES_BEFORE_ESTIMATE) {
+				bytes += static_cast<std::uint64_t>(end - begin) + 1;
+				if (++lines == LINES_BEFORE_ESTIMATE && toRead > bytes) {
+					const std::size_t estimate = static_cast<std::size_t>((toRead - bytes)/(bytes/lines + 1)*21/20);
+					m_timePoints.reserve(m_timePoints.size() + estimate);
+					m_asciiDataLines.reserveLines(estimate);
+				}
+			}
+		};
+		std::uint64_t end = 0;
+		try {
+			end = ZEB::FileReader::readLines(m_filename, m_consumedEnd, handler, notification, true);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Error reading file with FileReader.", FUNC_ID);
+		}
+		m_consumedEnd = end;
+	}
+	catch (ZEB::Exception & ex) {
+		m_timePoints.resize(before);
+		m_asciiDataLines.truncate(before);
+		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
+	}
+	catch (std::exception & ex) {
+		m_timePoints.resize(before);
+		m_asciiDataLines.truncate(before);
+		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
+	}
+	m_asciiDataLines.shrinkLastBlock();
+	m_values.resize(m_timePoints.size());
+	m_tailSignature = tailBytes(m_consumedEnd);
+}
+
+
+void DataIO::addValueLine(const char * begin, const char * end) {
+	FUNCID(DataIO::addValueLine);
+	const char * p = begin;
+	while (p != end && Tokenizer::isSeparator(*p))
+		++p;
+	if (p == end)
+		return;
+	const char * tokenEnd = p;
+	while (tokenEnd != end && !Tokenizer::isSeparator(*tokenEnd))
+		++tokenEnd;
+	double t;
+	if (!ZEB::parseDouble(p, tokenEnd, t))
+		throw ZEB::Exception(ZEB::MessageFormat("Error parsing time point from line '%1', using substr '%2'.")
+							 .arg(quoted(begin, end)).arg(quoted(p, tokenEnd)), FUNC_ID);
+	while (tokenEnd != end && Tokenizer::isSeparator(*tokenEnd))
+		++tokenEnd;
+	m_asciiDataLines.append(tokenEnd, end);
+	m_timePoints.push_back(t);
+}
+
+
+void DataIO::readBinaryData(ZEB::NotificationHandler * notification) {
+	FUNCID(DataIO::readBinaryData);
+	std::ifstream in(m_filename, std::ios::binary);
+	if (!in)
+		throw ZEB::Exception(ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(m_filename), FUNC_ID),
+							 "Error on reading binary data from file.", FUNC_ID);
+	const std::uint64_t recordSize = (static_cast<std::uint64_t>(m_nValues) + 1)*8;
+	const std::size_t before = m_timePoints.size();
+	std::uint64_t pos = m_dataSectionOffset + before*recordSize;
+	// records whose time point is complete; the values of the last one may still be missing
+	const std::uint64_t available = m_fileSize > pos ? m_fileSize - pos : 0;
+	const std::uint64_t count = available/recordSize + (available % recordSize >= 8 ? 1 : 0);
+	m_timePoints.reserve(m_timePoints.size() + static_cast<std::size_t>(count));
+
+	const std::uint64_t recordsPerBlock = std::max<std::uint64_t>(1, BINARY_BLOCK_SIZE/recordSize);
+	std::vector<char> block(recordSize <= BINARY_BLOCK_SIZE ? static_cast<std::size_t>(recordsPerBlock*recordSize) : 8);
+	std::uint64_t done = 0;
+	while (done < count && in.good()) {
+		if (notification != nullptr && m_fileSize > 0)
+			notification->notify(static_cast<double>(pos)/static_cast<double>(m_fileSize));
+		in.seekg(static_cast<std::streamoff>(pos));
+		if (recordSize <= BINARY_BLOCK_SIZE) {
+			// several records per read; only the time point of each is taken
+			const std::uint64_t want = std::min<std::uint64_t>(block.size(), m_fileSize - pos);
+			in.read(block.data(), static_cast<std::streamsize>(want));
+			if (in.bad()) {
+				m_timePoints.resize(before);
+				throw ZEB::Exception("Error on read binary data.", FUNC_ID);
+			}
+			const std::uint64_t got = static_cast<std::uint64_t>(in.gcount());
+			for (std::uint64_t off = 0; off + 8 <= got && done < count; off += recordSize, ++done) {
+				double t;
+				std::memcpy(&t, block.data() + off, sizeof(t));
+				m_timePoints.push_back(t);
+			}
+			pos += got - got % recordSize;
+			if (got < want)
+				break;	// the file became shorter while reading
+		}
+		else {
+			double t;
+			if (!in.read(reinterpret_cast<char*>(&t), sizeof(t))) {
+				if (in.bad()) {
+					m_timePoints.resize(before);
+					throw ZEB::Exception("Error on read binary data.", FUNC_ID);
+				}
+				break;	// the file became shorter while reading
+			}
+			m_timePoints.push_back(t);
+			++done;
+			pos += recordSize;
+		}
+	}
+	if (notification != nullptr)
+		notification->notify(1.0);
+	m_values.resize(m_timePoints.size());
+	// the bytes that existed when reading, up to the end of the last record listed; a writer that
+	// only appends never changes them
+	m_consumedEnd = std::min<std::uint64_t>(m_fileSize, m_dataSectionOffset + m_timePoints.size()*recordSize);
+	m_tailSignature = tailBytes(m_consumedEnd);
+}
+
+
+DataIO::RefreshResult DataIO::refresh(ZEB::NotificationHandler * notification) {
+	FUNCID(DataIO::refresh);
+	if (m_filename.empty())
+		throw ZEB::Exception("Container was not read from a file.", FUNC_ID);
+	const std::string filename = m_filename;
+	try {
+		if (m_source != SRC_MEMORY) {
+			DataIO current;
+			current.openAndReadHeader(m_filename);
+			const bool sameFile = current.m_headerHash == m_headerHash &&
+				current.m_dataSectionOffset == m_dataSectionOffset &&
+				current.m_fileSize >= m_consumedEnd && tailBytes(m_consumedEnd) == m_tailSignature;
+			if (sameFile) {
+				const std::size_t before = m_timePoints.size();
+				m_fileSize = current.m_fileSize;
+				if (m_isBinary)
+					readBinaryData(notification);
+				else
+					readASCIIData(notification);
+				return m_timePoints.size() > before ? RR_APPENDED : RR_UNCHANGED;
+			}
+		}
+		read(filename, notification);
+		return RR_RELOADED;
+	}
+	catch (ZEB::Exception & ex) {
+		// keep the name, so that a later refresh tries again
+		m_filename = filename;
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Error refreshing DataIO file '%1'").arg(filename), FUNC_ID);
+	}
+	catch (std::exception & ex) {
+		m_filename = filename;
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Error refreshing DataIO file '%1'").arg(filename), FUNC_ID);
+	}
+}
+
+
+const double * DataIO::data(unsigned int timeIndex) {
+	FUNCID(DataIO::data);
+	const std::size_t t = timeIndex;
+	if (t >= m_timePoints.size())
+		throw ZEB::Exception(ZEB::MessageFormat("Time index %1 out of range, the container has %2 time points.")
+							 .arg(timeIndex).arg(static_cast<unsigned long>(m_timePoints.size())), FUNC_ID);
+	if (m_values.isLoaded(t))
+		return m_values.row(t);
+
+	if (m_source == SRC_ASCII) {
+		const char * begin;
+		const char * end;
+		m_asciiDataLines.line(t, begin, end);
+		try {
+			ZEB::string2valueVector(begin, end, m_parseBuffer);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid values for time index %1 in output file.")
+								 .arg(timeIndex), FUNC_ID);
+		}
+		if (m_parseBuffer.size() != m_nValues)
+			throw ZEB::Exception(ZEB::MessageFormat("Not enough values for time index %1 in output file, "
+				"only got %2 values, but needed %3.").arg(timeIndex).arg(static_cast<unsigned long>(m_parseBuffer.size()))
+				.arg(m_nValues), FUNC_ID);
+		if (m_nValues != 0)
+			std::memcpy(rowForWriting(t, FUNC_ID), m_parseBuffer.data(), m_nValues*sizeof(double));
+		m_values.setLoaded(t);
+		m_asciiDataLines.release(t);
+	}
+	else if (m_source == SRC_BINARY) {
+		std::ifstream in(m_filename, std::ios::binary);
+		if (!in)
+			throw ZEB::Exception("Cannot open output file for reading.", FUNC_ID);
+		const std::uint64_t pos = m_dataSectionOffset + ((static_cast<std::uint64_t>(m_nValues) + 1)*t + 1)*8;
+		in.seekg(static_cast<std::streamoff>(pos));
+		double * row = rowForWriting(t, FUNC_ID);
+		if (!in.read(reinterpret_cast<char*>(row), static_cast<std::streamsize>(m_nValues*sizeof(double))))
+			throw ZEB::Exception("Error reading data for this time index.", FUNC_ID);
+		m_values.setLoaded(t);
+	}
+	return m_values.row(t);
+}
+
+
+double * DataIO::rowForWriting(std::size_t t, const char * funcId) {
+	try {
+		return m_values.rowForWriting(t);
+	}
+	catch (std::bad_alloc &) {
+		throw ZEB::Exception(ZEB::MessageFormat("Not enough memory for the values of %1 time points.")
+							 .arg(static_cast<unsigned long>(m_values.rows())), funcId);
+	}
+}
+
+
+void DataIO::loadAllBinaryValues(const char * funcId) {
+	std::ifstream in(m_filename, std::ios::binary);
+	if (!in)
+		return;	// data() reports the failure for each time point
+	const std::size_t n = m_nValues;
+	const std::uint64_t recordSize = (static_cast<std::uint64_t>(n) + 1)*8;
+	const std::size_t recordsPerBlock = static_cast<std::size_t>(std::max<std::uint64_t>(1, BINARY_BLOCK_SIZE/recordSize));
+	std::vector<char> block(static_cast<std::size_t>(recordsPerBlock*recordSize));
+	std::size_t t = 0;
+	while (t < m_timePoints.size()) {
+		if (m_values.isLoaded(t)) {
+			++t;
+			continue;
+		}
+		in.clear();
+		in.seekg(static_cast<std::streamoff>(m_dataSectionOffset + t*recordSize));
+		in.read(block.data(), static_cast<std::streamsize>(block.size()));
+		const std::size_t records = static_cast<std::size_t>(static_cast<std::uint64_t>(in.gcount())/recordSize);
+		if (records == 0)
+			return;	// an incomplete last record: data() reports it
+		for (std::size_t r = 0; r < records && t < m_timePoints.size(); ++r, ++t) {
+			if (m_values.isLoaded(t))
+				continue;
+			std::memcpy(rowForWriting(t, funcId), block.data() + r*recordSize + 8, n*sizeof(double));
+			m_values.setLoaded(t);
+		}
+	}
+}
+
+
+const double * DataIO::dataVector() {
+	FUNCID(DataIO::dataVector);
+	if (m_timePoints.empty())
+		throw ZEB::Exception("No data in output file.", FUNC_ID);
+	for (std::size_t t = 1; t < m_timePoints.size(); ++t)
+		if (!(m_timePoints[t] > m_timePoints[t - 1]))
+			throw ZEB::Exception(ZEB::MessageFormat("Time value %1 follows %2, not monotonically increasing "
+				"time points found.").arg(m_timePoints[t]).arg(m_timePoints[t - 1]), FUNC_ID);
+	if (m_source == SRC_BINARY && !m_values.allLoaded())
+		loadAllBinaryValues(FUNC_ID);
+	for (std::size_t t = 0; t < m_timePoints.size(); ++t) {
+		if (m_values.isLoaded(t))
+			continue;
+		try {
+			data(static_cast<unsigned int>(t));
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, ZEB::MessageFormat("Error retrieving values for time index %1.")
+								 .arg(static_cast<unsigned long>(t)), FUNC_ID);
+		}
+	}
+	return m_values.buffer();
+}
+
+
+void DataIO::setData(const std::vector<double> & timePoints, const std::vector<std::vector<double> > & values) {
+	FUNCID(DataIO::setData);
+	if (timePoints.size() != values.size())
+		throw ZEB::Exception("Size mismatch between values and timePoints vectors.", FUNC_ID);
+	const std::size_t n = values.empty() ? m_nValues : values.front().size();
+	for (const std::vector<double> & v : values)
+		if (v.size() != n)
+			throw ZEB::Exception("Size mismatch between individual vectors in values vector.", FUNC_ID);
+	m_asciiDataLines.clear();
+	m_timePoints = timePoints;
+	m_nValues = static_cast<unsigned int>(n);
+	m_values.reset(n);
+	m_values.resize(values.size());
+	for (std::size_t t = 0; t < values.size(); ++t) {
+		if (n != 0)
+			std::memcpy(rowForWriting(t, FUNC_ID), values[t].data(), n*sizeof(double));
+		m_values.setLoaded(t);
+	}
+	m_source = SRC_MEMORY;
+}
+
+
+void DataIO::deleteData(unsigned int idxFrom, unsigned int idxTo) {
+	FUNCID(DataIO::deleteData);
+	if (idxFrom >= m_timePoints.size())
+		throw ZEB::Exception("First time index 'idxFrom' out of range.", FUNC_ID);
+	if (idxTo >= m_timePoints.size() || idxTo < idxFrom)
+		throw ZEB::Exception("Second time index 'idxTo' out of range.", FUNC_ID);
+	if (m_source != SRC_MEMORY) {
+		// the remaining time points are taken into memory: lazy loading relies on positions in the file
+		if (m_source == SRC_BINARY)
+			loadAllBinaryValues(FUNC_ID);
+		for (std::size_t t = 0; t < m_timePoints.size(); ++t) {
+			if ((t >= idxFrom && t <= idxTo) || m_values.isLoaded(t))
+				continue;
+			try {
+				data(static_cast<unsigned int>(t));
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, ZEB::MessageFormat("Error loading values of time index %1 before "
+					"removing time points.").arg(static_cast<unsigned long>(t)), FUNC_ID);
+			}
+		}
+		m_asciiDataLines.clear();
+		m_source = SRC_MEMORY;
+	}
+	m_values.erase(idxFrom, static_cast<std::size_t>(idxTo) + 1);
+	m_timePoints.erase(m_timePoints.begin() + idxFrom, m_timePoints.begin() + idxTo + 1);
+}
+
+
+DataIO::DataFormat DataIO::determineDataFormat(const GeoFile * geometry) {
+	FUNCID(DataIO::determineDataFormat);
+	if (m_nValues == 1 || m_type == T_REFERENCE) {
+		m_dataFormat = DF_2D;
+		return m_dataFormat;
+	}
+	m_dataFormat = NUM_DF;
+	if (geometry == nullptr || geometry->isEmpty())
+		throw ZEB::Exception("Empty/uninitialized geometry data.", FUNC_ID);
+
+	double minPos[3] = { std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity(),
+						 std::numeric_limits<double>::infinity() };
+	double maxPos[3] = { -minPos[0], -minPos[1], -minPos[2] };
+	auto extend = [&](double x, double y, double z) {
+		const double p[3] = { x, y, z };
+		for (int d = 0; d < 3; ++d) {
+			minPos[d] = std::min(minPos[d], p[d]);
+			maxPos[d] = std::max(maxPos[d], p[d]);
+		}
+	};
+	if (m_type == T_FLUX) {
+		const std::vector<GeoFile::Side> & sides = geometry->sides();
+		if (sides.empty())
+			throw ZEB::Exception("Missing/empty sides vector in Geometry file.", FUNC_ID);
+		for (std::uint32_t n : m_nums) {
+			if (n >= sides.size())
+				throw ZEB::Exception(ZEB::MessageFormat("Invalid side index #%1, sides vector has only %2 entries.")
+									 .arg(n).arg(static_cast<unsigned long>(sides.size())), FUNC_ID);
+			extend(sides[n].m_x, sides[n].m_y, sides[n].m_z);
+		}
+	}
+	else {
+		const std::vector<GeoFile::Element> & elements = geometry->elements();
+		if (elements.empty())
+			throw ZEB::Exception("Missing/empty elements vector in Geometry file.", FUNC_ID);
+		for (std::uint32_t n : m_nums) {
+			if (n >= elements.size())
+				throw ZEB::Exception(ZEB::MessageFormat("Invalid element index #%1, elements vector has only %2 entries.")
+									 .arg(n).arg(static_cast<unsigned long>(elements.size())), FUNC_ID);
+			extend(elements[n].m_x, elements[n].m_y, elements[n].m_z);
+		}
+	}
+	int directions = 0;
+	for (int d = 0; d < 3; ++d)
+		if (maxPos[d] > minPos[d])
+			++directions;
+	switch (directions) {
+		case 3 : m_dataFormat = DF_5D; break;
+		case 2 : m_dataFormat = DF_4D; break;
+		case 1 : m_dataFormat = DF_3D; break;
+		default :
+			throw ZEB::Exception("Cannot determine data format.", FUNC_ID);
+	}
+	return m_dataFormat;
+}
+
+
+bool DataIO::isLoaded(unsigned int timeIndex) const {
+	return timeIndex < m_timePoints.size() && m_values.isLoaded(timeIndex);
+}
+
+
+void DataIO::setNums(const std::vector<std::uint32_t> & nums) {
+	m_nums = nums;
+	updateValueCount();
+}
+
+
+void DataIO::setType(OutputType type) {
+	m_type = type;
+	updateValueCount();
+}
+
+
+void DataIO::setSpaceType(SpaceType type) {
+	m_spaceType = type;
+	updateValueCount();
+}
+
+
+void DataIO::setFileVersion(unsigned int majorVersion, unsigned int minorVersion) {
+	m_majorFileVersion = majorVersion;
+	m_minorFileVersion = minorVersion;
+}
+
+
+void DataIO::setGeometry(std::unique_ptr<GeoFile> geometry) {
+	m_geometry = std::move(geometry);
+}
+
+
+void DataIO::updateValueCount() {
+	if (!m_timePoints.empty())
+		return;
+	m_nValues = static_cast<unsigned int>(valueCount(m_type, m_spaceType, m_nums.size()));
+	m_values.reset(m_nValues);
+}
+
+
+std::string DataIO::tailBytes(std::uint64_t end) const {
+	std::ifstream in(m_filename, std::ios::binary);
+	const std::uint64_t start = end > TAIL_SIGNATURE_SIZE ? end - TAIL_SIGNATURE_SIZE : 0;
+	std::string bytes(static_cast<std::size_t>(end - start), '\0');
+	in.seekg(static_cast<std::streamoff>(start));
+	if (!in || !in.read(&bytes[0], static_cast<std::streamsize>(bytes.size())))
+		return std::string();
+	return bytes;
+}
+
+
+std::uint64_t DataIO::headerHash(std::istream & in) const {
+	std::uint64_t h = 14695981039346656037ull;
+	in.seekg(0);
+	std::vector<char> buf(65536);
+	std::uint64_t left = m_dataSectionOffset;
+	while (left > 0 && in) {
+		in.read(buf.data(), static_cast<std::streamsize>(std::min<std::uint64_t>(left, buf.size())));
+		const std::size_t got = static_cast<std::size_t>(in.gcount());
+		if (got == 0)
+			break;
+		hashBytes(h, buf.data(), got);
+		left -= got;
+	}
+	return h;
+}
+
+} // namespace DATAIO

@@ -1,0 +1,315 @@
+#ifndef DATAIO_DataIOH
+#define DATAIO_DataIOH
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "DATAIO_AsciiLineStore.h"
+#include "DATAIO_ValueStore.h"
+
+namespace ZEB {
+class NotificationHandler;
+}
+
+namespace DATAIO {
+
+class GeoFile;
+
+/*! One simulation output file in memory: the header that tells what was recorded, the list of
+	time points, and the values of each time point, which are loaded when first asked for.
+
+	Reads generation-6 files (ASCII "S6OAQXV!" and binary "S6OBQXV!") and generation-5 files
+	(ASCII and binary, with the construction geometry embedded). The data file readers fill the
+	same container in memory through the setters and setData().
+
+	A file that a running simulation is still writing can be followed with refresh(), which
+	re-reads the header and appends the records written since the last read without reading
+	the earlier ones again. Records are only taken once they are complete: an ASCII line needs
+	its line end; a binary record is listed when its time point is complete, and its values can
+	be read once the record is complete.
+
+	A container is used by one thread at a time: even data() changes it.
+*/
+class DataIO {
+public:
+	/*! What the values are: values in elements, fluxes across sides, or columns of a reference. */
+	enum OutputType {
+		T_FIELD,
+		T_FLUX,
+		T_REFERENCE,
+		NUM_T		///< undetermined
+	};
+
+	/*! How values were combined over space. */
+	enum SpaceType {
+		ST_SINGLE,
+		ST_MEAN,
+		ST_INTEGRAL,
+		NUM_ST		///< undetermined
+	};
+
+	/*! How values were combined over time. */
+	enum TimeType {
+		TT_NONE,
+		TT_MEAN,
+		TT_INTEGRAL,
+		NUM_TT		///< undetermined
+	};
+
+	/*! Shape of the values of one time point. */
+	enum DataFormat {
+		DF_2D,		///< one value per time point
+		DF_3D,		///< values along one space direction
+		DF_4D,		///< values over a 2D grid
+		DF_5D,		///< values over a 3D grid
+		NUM_DF		///< undetermined
+	};
+
+	/*! What refresh() found. */
+	enum RefreshResult {
+		RR_UNCHANGED,	///< no new complete records
+		RR_APPENDED,	///< new time points were appended
+		RR_RELOADED		///< the file was replaced or rewritten and has been read again
+	};
+
+	/*! Magic characters of the generation-6 ASCII and binary output files. */
+	static const char * const MAGIC_ASCII;
+	static const char * const MAGIC_BINARY;
+	/*! Text the first 40 bytes of a generation-5 file contain, and the mark of its binary variant. */
+	static const char * const PRE_V6_TITLE;
+	static const char * const PRE_V6_BINARY_MARK;
+	/*! The generation-6 version written by this program. */
+	static constexpr unsigned int MAJOR_FILE_VERSION = 6;
+	static constexpr unsigned int MINOR_FILE_VERSION = 0;
+	/*! Version assigned to generation-5 files, which carry no version number. */
+	static constexpr unsigned int PRE_V6_MAJOR_FILE_VERSION = 5;
+	/*! Largest lengths of the binary header fields. */
+	static constexpr unsigned int MAX_FILENAME_LENGTH = 10000;
+	static constexpr unsigned int MAX_QUANTITY_LENGTH = 500000;
+	static constexpr unsigned int MAX_UNIT_LENGTH = 100;
+	static constexpr unsigned int MAX_NUMS = 1000000;
+
+	/*! Header keywords of the ASCII variants. */
+	static const char * const KW_TYPE;
+	static const char * const KW_PROJECT_FILE;
+	static const char * const KW_GEO_FILE_HASH;
+	static const char * const KW_GEO_FILE;
+	static const char * const KW_CREATED;
+	static const char * const KW_QUANTITY_KW;
+	static const char * const KW_QUANTITY;
+	static const char * const KW_SPACE_TYPE;
+	static const char * const KW_TIME_TYPE;
+	static const char * const KW_VALUE_UNIT;
+	static const char * const KW_TIME_UNIT;
+	static const char * const KW_START_YEAR;
+	static const char * const KW_INDICES;
+	static const char * const KW_TABLE;
+	static const char * const KW_ELEMENTS;
+	static const char * const KW_SIDES;
+
+	/*! Display text of a data format, e.g. "2D [time, value]"; "undetermined" for NUM_DF. */
+	static const char * dataFormatText(DataFormat format);
+	/*! Header keywords of the enumerations ("FIELD", "MEAN", ...); "UNDEFINED" when undetermined. */
+	static const char * outputTypeKeyword(OutputType type);
+	static const char * spaceTypeKeyword(SpaceType type);
+	static const char * timeTypeKeyword(TimeType type);
+	/*! Values per time point that a header defines: 1 for MEAN and INTEGRAL outputs that are not
+		references, else one per element or side number.
+	*/
+	static std::size_t valueCount(OutputType type, SpaceType spaceType, std::size_t numberCount);
+
+	DataIO();
+	~DataIO();
+	DataIO(const DataIO &) = delete;
+	DataIO & operator=(const DataIO &) = delete;
+	DataIO(DataIO &&) noexcept;
+	DataIO & operator=(DataIO &&) noexcept;
+
+	/*! Resets everything to an empty container. */
+	void clear();
+
+	/*! Reads a file: its header (openAndReadHeader()), then the time points of its data section.
+		Values are loaded later by data(). The notification handler, when given, receives the
+		fraction of the file read so far. Every failure is wrapped in "Error reading DataIO file".
+	*/
+	void read(const std::string & filename, ZEB::NotificationHandler * notification = nullptr);
+
+	/*! Reads the header of a file alone (the container is cleared first and has no time points
+		afterwards).
+	*/
+	void openAndReadHeader(const std::string & filename);
+
+	/*! Follows a file that is still being written. Re-reads the header; when the file is still
+		the one read before (same header, not shorter, the bytes before the end of the last
+		record taken unchanged), only the bytes appended since the last read are read and their
+		time points appended. Otherwise the file is read again from the start. Values loaded so
+		far stay loaded. Pointers returned by data() and dataVector() become invalid.
+	*/
+	RefreshResult refresh(ZEB::NotificationHandler * notification = nullptr);
+
+	/*! The nValues() values of a time point, loaded on first request. The pointer stays valid
+		until the container changes (refresh(), setData(), deleteData(), read(), clear()).
+	*/
+	const double * data(unsigned int timeIndex);
+
+	/*! Loads all values, after checking that there are time points and that they increase, and
+		returns them as one array: value i of time point t at index t*nValues() + i. Valid until
+		the container changes, like data().
+	*/
+	const double * dataVector();
+
+	/*! Replaces time points and values of an in-memory container; the number of values per time
+		point becomes that of the value vectors.
+	*/
+	void setData(const std::vector<double> & timePoints, const std::vector<std::vector<double> > & values);
+
+	/*! Removes the time points idxFrom to idxTo (both included) and their values. A container
+		read from a file loads the values of the remaining time points first and is held in
+		memory from then on (refresh() then reads the file anew).
+	*/
+	void deleteData(unsigned int idxFrom, unsigned int idxTo);
+
+	/*! Decides and stores the data format from the positions of the listed elements (or sides of
+		a flux output) in the geometry; null stands for no geometry. Failures set NUM_DF and throw.
+	*/
+	DataFormat determineDataFormat(const GeoFile * geometry);
+
+	// header and data accessors
+
+	const std::string & filename() const { return m_filename; }
+	bool isBinary() const { return m_isBinary; }
+	/*! The ELEMENTS, SIDES or INDICES list of the header. */
+	const std::vector<std::uint32_t> & nums() const { return m_nums; }
+	OutputType type() const { return m_type; }
+	const std::string & projectFileName() const { return m_projectFileName; }
+	const std::string & quantity() const { return m_quantity; }
+	const std::string & quantityKeyword() const { return m_quantityKeyword; }
+	SpaceType spaceType() const { return m_spaceType; }
+	TimeType timeType() const { return m_timeType; }
+	const std::string & valueUnit() const { return m_valueUnit; }
+	const std::string & timeUnit() const { return m_timeUnit; }
+	const std::string & geoFileName() const { return m_geoFileName; }
+	std::uint32_t geoFileHash() const { return m_geoFileHash; }
+	std::int32_t startYear() const { return m_startYear; }
+	const std::vector<double> & timePoints() const { return m_timePoints; }
+	unsigned int majorFileVersion() const { return m_majorFileVersion; }
+	unsigned int minorFileVersion() const { return m_minorFileVersion; }
+	/*! CREATED, "YYYY-MM-DD HH:MM:SS" (UTC) for files written by this program, empty if unknown. */
+	const std::string & createdTime() const { return m_createdTime; }
+	/*! Number of values per time point. */
+	unsigned int nValues() const { return m_nValues; }
+	/*! Size of the file when it was last read. */
+	std::uint64_t fileSize() const { return m_fileSize; }
+	DataFormat dataFormat() const { return m_dataFormat; }
+	/*! The geometry embedded in a generation-5 file, else null. */
+	const GeoFile * geometry() const { return m_geometry.get(); }
+	/*! File position of the first data record. */
+	std::uint32_t dataSectionOffset() const { return m_dataSectionOffset; }
+	/*! True when the values of the time point are in memory. */
+	bool isLoaded(unsigned int timeIndex) const;
+
+	// header setters, for containers built in memory and for writing files; setters that
+	// change the number of values per time point apply only to containers without time points
+
+	void setFilename(const std::string & filename) { m_filename = filename; }
+	void setBinary(bool binary) { m_isBinary = binary; }
+	void setNums(const std::vector<std::uint32_t> & nums);
+	void setType(OutputType type);
+	void setProjectFileName(const std::string & name) { m_projectFileName = name; }
+	void setQuantity(const std::string & quantity) { m_quantity = quantity; }
+	void setQuantityKeyword(const std::string & keyword) { m_quantityKeyword = keyword; }
+	void setSpaceType(SpaceType type);
+	void setTimeType(TimeType type) { m_timeType = type; }
+	void setValueUnit(const std::string & unit) { m_valueUnit = unit; }
+	void setTimeUnit(const std::string & unit) { m_timeUnit = unit; }
+	void setGeoFileName(const std::string & name) { m_geoFileName = name; }
+	void setGeoFileHash(std::uint32_t hash) { m_geoFileHash = hash; }
+	void setStartYear(std::int32_t year) { m_startYear = year; }
+	/*! A major version below 6 makes the writer produce a generation-5 file. */
+	void setFileVersion(unsigned int majorVersion, unsigned int minorVersion);
+	void setCreatedTime(const std::string & created) { m_createdTime = created; }
+	void setDataFormat(DataFormat format) { m_dataFormat = format; }
+	/*! Sets the geometry that a generation-5 file embeds (may be null). */
+	void setGeometry(std::unique_ptr<GeoFile> geometry);
+
+private:
+	/*! Where the values of time points not yet loaded come from. */
+	enum Source {
+		SRC_MEMORY,		///< all values are in memory
+		SRC_ASCII,		///< unparsed lines in m_asciiDataLines
+		SRC_BINARY		///< records in the file
+	};
+
+	void readASCIIHeader(std::istream & in, bool preV6);
+	void readBinaryHeader(std::istream & in);
+	void readBinaryHeaderPreV6(std::istream & in);
+	/*! Reads the ASCII data lines from the end of the last read on. */
+	void readASCIIData(ZEB::NotificationHandler * notification);
+	/*! Reads the binary time points from the first record not yet listed on. */
+	void readBinaryData(ZEB::NotificationHandler * notification);
+	/*! Takes one ASCII data line: its time point and the unparsed rest. */
+	void addValueLine(const char * begin, const char * end);
+	/*! Storage for the values of time point t; a failed allocation throws with funcId. */
+	double * rowForWriting(std::size_t t, const char * funcId);
+	/*! Loads all binary values that are missing with one sequential pass over the file; records
+		that cannot be read are left for data() to report. Failures carry funcId.
+	*/
+	void loadAllBinaryValues(const char * funcId);
+	/*! Checks the generation-5 embedded geometry (materials exist) and determines the format. */
+	void checkEmbeddedGeometry();
+	/*! Up to 64 bytes before file position end as they are in the file now (empty when they
+		cannot be read); refresh() compares them to recognise a rewritten file.
+	*/
+	std::string tailBytes(std::uint64_t end) const;
+	/*! Hash of the header bytes [0, data section offset) read from the stream. */
+	std::uint64_t headerHash(std::istream & in) const;
+	/*! Updates m_nValues after a header setter, for containers without time points. */
+	void updateValueCount();
+
+	std::string					m_filename;
+	bool						m_isBinary = false;
+	std::vector<std::uint32_t>	m_nums;
+	OutputType					m_type = NUM_T;
+	std::string					m_projectFileName;
+	std::string					m_quantity;
+	std::string					m_quantityKeyword;
+	SpaceType					m_spaceType = NUM_ST;
+	TimeType					m_timeType = NUM_TT;
+	std::string					m_valueUnit;
+	std::string					m_timeUnit;
+	std::string					m_geoFileName;
+	std::uint32_t				m_geoFileHash = 0;
+	std::int32_t				m_startYear = 0;
+	std::vector<double>			m_timePoints;
+	unsigned int				m_majorFileVersion = MAJOR_FILE_VERSION;
+	unsigned int				m_minorFileVersion = MINOR_FILE_VERSION;
+	std::string					m_createdTime;
+	unsigned int				m_nValues = 0;
+	/*! Values per time point, loaded ones marked. */
+	ValueStore					m_values;
+	/*! Unparsed rest of each ASCII data line, released when parsed. */
+	AsciiLineStore				m_asciiDataLines;
+	std::uint64_t				m_fileSize = 0;
+	DataFormat					m_dataFormat = NUM_DF;
+	std::unique_ptr<GeoFile>	m_geometry;
+	std::uint32_t				m_dataSectionOffset = 0;
+
+	Source						m_source = SRC_MEMORY;
+	/*! File position after the last complete line (ASCII) or the last record listed, as far as it
+		existed (binary), when the data section was last read.
+	*/
+	std::uint64_t				m_consumedEnd = 0;
+	/*! Up to 64 bytes before m_consumedEnd as they were when read. */
+	std::string					m_tailSignature;
+	/*! Hash of the header bytes, to recognise a replaced file. */
+	std::uint64_t				m_headerHash = 0;
+	/*! Reused buffer for the values of one ASCII line while they are parsed. */
+	std::vector<double>			m_parseBuffer;
+};
+
+} // namespace DATAIO
+
+#endif // DATAIO_DataIOH

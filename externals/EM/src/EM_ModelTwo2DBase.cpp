@@ -1,0 +1,286 @@
+#include "EM_ModelTwo2DBase.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include <DATAIO_DataIO.h>
+
+#include <ZEB_Exception.h>
+#include <ZEB_LinearSpline.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_StringUtils.h>
+#include <ZEB_UnitList.h>
+#include <ZEB_UnitVector.h>
+
+namespace EM {
+
+namespace {
+
+/*! Every fault of the inputs is reported under the origin of the resampling step, also when it
+	is found while the series are read from their containers: one origin for all input faults.
+*/
+const char * const UNIFIED_DATA_ID = "[ModelTwo2DBase::unifiedData]";
+
+/*! Largest common grid; more points than a thousand years of hourly values mean that the time
+	points or the time unit of an input are broken, and would only exhaust the memory.
+*/
+const double MAX_GRID_POINTS = 1e7;
+
+/*! The unit of the given name, or the undefined unit when the name is unknown. */
+ZEB::Unit unitOrUndefined(const std::string & name) {
+	const ZEB::UnitData * data = ZEB::UnitList::instance().retrieve(name);
+	return data == nullptr ? ZEB::Unit() : ZEB::Unit(data->id());
+}
+
+/*! The values in unit target: the values themselves when they are in that unit already (no
+	copy of long series), else a converted copy held in buffer. Throws when the units cannot be
+	related.
+*/
+const std::vector<double> & converted(const std::vector<double> & values, const ZEB::Unit & src,
+									  const ZEB::Unit & target, ZEB::UnitVector & buffer)
+{
+	if (src == target)
+		return values;
+	buffer.m_data = values;
+	buffer.m_unit = src;
+	buffer.convert(target);
+	return buffer.m_data;
+}
+
+/*! Values of the spline at the n grid points start + k*step, k = 0 .. n-1.
+	The same interpolation as LinearSpline::value() (held constant outside the table, exact at
+	the knots), but the grid increases, so the interval is found by walking forward through the
+	knots instead of a search per point: resampling years of hourly data costs a pass over both.
+*/
+void resampleOnGrid(const ZEB::LinearSpline & spline, double start, double step, std::size_t n,
+					std::vector<double> & values)
+{
+	const std::vector<double> & x = spline.x();
+	const std::vector<double> & y = spline.y();
+	const std::size_t last = x.size() - 1;
+	values.resize(n);
+	std::size_t i = 0;
+	for (std::size_t k = 0; k < n; ++k) {
+		const double g = start + static_cast<double>(k) * step;
+		if (g <= x.front()) {
+			values[k] = y.front();
+			continue;
+		}
+		if (g >= x[last]) {
+			values[k] = y[last];
+			continue;
+		}
+		while (g >= x[i+1])
+			++i;
+		const double t = (g - x[i]) / (x[i+1] - x[i]);
+		const double dy = y[i+1] - y[i];
+		// the difference of two huge values of opposite sign can overflow; the weighted form cannot
+		values[k] = std::isfinite(dy) ? y[i] + t * dy : (1 - t) * y[i] + t * y[i+1];
+	}
+}
+
+} // namespace
+
+
+ModelTwo2DBase::ModelTwo2DBase(const std::string & timeUnit) :
+	m_temperatureUnit("C"),
+	m_humidityUnit("%"),
+	m_timeUnit(timeUnit)
+{
+}
+
+
+ModelTwo2DBase::~ModelTwo2DBase() = default;
+
+
+std::string ModelTwo2DBase::inputName(unsigned int index) const {
+	return index == 0 ? "Temperature" : "Relative humidity";
+}
+
+
+void ModelTwo2DBase::calculate(DATAIO::DataIO * first, DATAIO::DataIO * second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
+	if (first == nullptr || second == nullptr)
+		throw ZEB::Exception("At least one dataio object not valid", UNIFIED_DATA_ID);
+	TimeSeries s1 = seriesFromDataIO(*first, 1);
+	TimeSeries s2 = seriesFromDataIO(*second, 2);
+	calculate(s1, s2, x, y);
+}
+
+
+void ModelTwo2DBase::calculate(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
+	// compute into fresh series, so that a failure leaves the caller's result as it was
+	ZEB::UnitVector resultX;
+	ZEB::UnitVector resultY;
+	compute(first, second, resultX, resultY);
+	std::swap(x, resultX);
+	std::swap(y, resultY);
+}
+
+
+TimeSeries ModelTwo2DBase::seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index) {
+	FUNCID(ModelTwo2DBase::seriesFromDataIO);
+	if (dataIO.dataFormat() != DATAIO::DataIO::DF_2D)
+		throw ZEB::Exception(ZEB::MessageFormat("Data set %1 is not 2D").arg(index), UNIFIED_DATA_ID);
+	if (dataIO.nValues() != 1)
+		throw ZEB::Exception(ZEB::MessageFormat("Data set %1 is not a single-value 2D").arg(index), UNIFIED_DATA_ID);
+
+	TimeSeries series;
+	series.m_timeUnit = unitOrUndefined(dataIO.timeUnit());
+	series.m_valueUnit = unitOrUndefined(dataIO.valueUnit());
+	if (dataIO.timePoints().empty())
+		return series;
+	try {
+		const double * values = dataIO.dataVector();
+		series.m_time = dataIO.timePoints();
+		series.m_values.assign(values, values + series.m_time.size());
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading values of data set %1.").arg(index), FUNC_ID);
+	}
+	return series;
+}
+
+
+void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & second, std::vector<double> & grid,
+								 std::vector<double> & temperature, std::vector<double> & humidity, double step) const
+{
+	const char * const FUNC_ID = UNIFIED_DATA_ID;
+	const ZEB::Unit seconds("s");
+	if (first.m_timeUnit.base_id() != seconds.base_id())
+		throw ZEB::Exception("x value unit of data set 1 is not time", FUNC_ID);
+	if (second.m_timeUnit.base_id() != seconds.base_id())
+		throw ZEB::Exception("x value unit of data set 2 is not time", FUNC_ID);
+	if (first.m_time.size() != first.m_values.size() || second.m_time.size() != second.m_values.size())
+		throw ZEB::Exception("Size mismatch between time points and values of a data set.", FUNC_ID);
+
+	// temperature first: swap when the first input is not of the kind of the temperature unit
+	const bool swapped = first.m_valueUnit.base_id() != m_temperatureUnit.base_id();
+	const TimeSeries & t = swapped ? second : first;
+	const TimeSeries & rh = swapped ? first : second;
+	ZEB::UnitVector timeT, timeRH, valuesT, valuesRH;
+	const std::vector<double> * tTime = nullptr;
+	const std::vector<double> * rhTime = nullptr;
+	try {
+		tTime = &converted(t.m_time, t.m_timeUnit, m_timeUnit, timeT);
+		rhTime = &converted(rh.m_time, rh.m_timeUnit, m_timeUnit, timeRH);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Error in time unit of data sets", FUNC_ID);
+	}
+	const std::vector<double> * tValues = nullptr;
+	const std::vector<double> * rhValues = nullptr;
+	try {
+		tValues = &converted(t.m_values, t.m_valueUnit, m_temperatureUnit, valuesT);
+		rhValues = &converted(rh.m_values, rh.m_valueUnit, m_humidityUnit, valuesRH);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, inputUnitsMessage(first, second), FUNC_ID);
+	}
+
+	grid.clear();
+	temperature.clear();
+	humidity.clear();
+	if (tTime->empty() || rhTime->empty())
+		return;
+
+	ZEB::LinearSpline splineT;
+	ZEB::LinearSpline splineRH;
+	// the data set numbers in messages are those of the caller's order
+	const unsigned int numberT = swapped ? 2 : 1;
+	try {
+		splineT.setValues(*tTime, *tValues);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid time points or values in data set %1.").arg(numberT), FUNC_ID);
+	}
+	try {
+		splineRH.setValues(*rhTime, *rhValues);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid time points or values in data set %1.").arg(3 - numberT), FUNC_ID);
+	}
+
+	const double start = std::max(splineT.x().front(), splineRH.x().front());
+	const double end = std::min(splineT.x().back(), splineRH.x().back());
+	if (!(end >= start))
+		return;
+	if (!(step > 0))
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid grid step %1.").arg(step), FUNC_ID);
+	const double intervals = (end - start) / step;
+	if (!(intervals < MAX_GRID_POINTS))
+		throw ZEB::Exception(ZEB::MessageFormat("Common time grid from %1 to %2 with step %3 has too many points.")
+							 .arg(start).arg(end).arg(step), FUNC_ID);
+	// truncation toward zero drops a last partial step
+	const std::size_t n = static_cast<std::size_t>(intervals) + 1;
+	grid.resize(n);
+	for (std::size_t k = 0; k < n; ++k)
+		grid[k] = start + static_cast<double>(k) * step;
+	resampleOnGrid(splineT, start, step, n, temperature);
+	resampleOnGrid(splineRH, start, step, n, humidity);
+}
+
+
+std::string ModelTwo2DBase::inputUnitsMessage(const TimeSeries & first, const TimeSeries & second) const {
+	return ZEB::MessageFormat("Expected a temperature and a relative humidity, but the value units of the data sets are '%1' and '%2'.")
+			.arg(first.m_valueUnit.name()).arg(second.m_valueUnit.name()).str();
+}
+
+
+std::vector<std::pair<std::string, std::string> > ModelTwo2DBase::parameterPairs(const std::string & text,
+	const char * unevenMessage, const char * functionId)
+{
+	std::vector<std::string> pieces;
+	const char * ws = " \t\r\n";
+	std::size_t pos = text.find_first_not_of(ws);
+	while (pos != std::string::npos) {
+		std::size_t end = text.find_first_of(ws, pos);
+		pieces.push_back(text.substr(pos, end == std::string::npos ? std::string::npos : end - pos));
+		pos = (end == std::string::npos) ? end : text.find_first_not_of(ws, end);
+	}
+	if (pieces.size() % 2 != 0)
+		throw ZEB::Exception(unevenMessage, functionId);
+	std::vector<std::pair<std::string, std::string> > pairs;
+	for (std::size_t i = 0; i < pieces.size(); i += 2)
+		pairs.emplace_back(pieces[i], pieces[i+1]);
+	return pairs;
+}
+
+
+double ModelTwo2DBase::parameterNumber(const std::string & value, const char * functionId) {
+	double number = 0;
+	try {
+		number = ZEB::string2val<double>(value);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Invalid parameter, expected floating point number.", functionId);
+	}
+	if (!std::isfinite(number))
+		throw ZEB::Exception("Invalid parameter, expected floating point number.", functionId);
+	return number;
+}
+
+
+std::string ModelTwo2DBase::numberText(double value) {
+	char buf[40];
+	std::snprintf(buf, sizeof(buf), "%.12g", value);
+	return buf;
+}
+
+
+void ModelTwo2DBase::trailingMean(std::vector<double> & values, double window) {
+	if (!(window > 1) || values.size() < 2)
+		return;
+	const std::size_t w = window >= static_cast<double>(values.size())
+			? values.size() : static_cast<std::size_t>(std::lround(window));
+	std::vector<double> mean(values.size());
+	double sum = 0;
+	for (std::size_t i = 0; i < values.size(); ++i) {
+		sum += values[i];
+		if (i >= w)
+			sum -= values[i - w];
+		mean[i] = sum / static_cast<double>(std::min(i + 1, w));
+	}
+	values.swap(mean);
+}
+
+} // namespace EM

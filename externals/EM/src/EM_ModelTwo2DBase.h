@@ -1,0 +1,127 @@
+#ifndef EM_ModelTwo2DBaseH
+#define EM_ModelTwo2DBaseH
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <ZEB_Unit.h>
+
+#include "EM_TimeSeries.h"
+
+namespace DATAIO {
+class DataIO;
+}
+
+namespace ZEB {
+class UnitVector;
+}
+
+namespace EM {
+
+/*! Base of the models that turn a temperature series and a relative-humidity series of one
+	location into one derived damage series (mould index, wood decay, algae coverage, ...).
+
+	The base validates the two inputs, brings them to the model's units (temperature first in
+	the temperature unit, humidity second in the humidity unit, swapped when given the other way
+	round) and resamples both onto one common equidistant time grid (unifiedData()). A derived
+	model implements compute() on the resampled values.
+
+	calculate() exists in two forms: one reads the series from two output containers (the form
+	the two-container extractor uses), the other takes plain series. Both leave the result
+	series untouched when they fail.
+*/
+class ModelTwo2DBase {
+public:
+	/*! The model's units: temperature "C", relative humidity "%", and the given time unit, in
+		which the result's time axis and the grid step are expressed.
+	*/
+	explicit ModelTwo2DBase(const std::string & timeUnit);
+	virtual ~ModelTwo2DBase();
+	ModelTwo2DBase(const ModelTwo2DBase &) = delete;
+	ModelTwo2DBase & operator=(const ModelTwo2DBase &) = delete;
+
+	/*! The keyword under which the model kind is stored and re-created, e.g. "VTTMouldModel". */
+	virtual const char * typeKeyword() const = 0;
+	/*! The model's title, which the default series title is built from. */
+	virtual const char * title() const = 0;
+	/*! Name of the expected input 0 ("Temperature") or 1 ("Relative humidity"). */
+	virtual std::string inputName(unsigned int index) const;
+	/*! Label of the result values, e.g. "Mould index". */
+	virtual std::string valueLabel() const = 0;
+	/*! Unit of the result values. */
+	virtual ZEB::Unit valueUnit() const = 0;
+
+	/*! The parameters as blank-separated key/value pairs, as setFromParameter() reads them. */
+	virtual std::string parameter() const = 0;
+	/*! Sets the parameters from blank-separated key/value pairs. Throws on any fault and then
+		keeps all previous parameters.
+	*/
+	virtual void setFromParameter(const std::string & text) = 0;
+
+	/*! Reads the two input series from two output containers and calculates the result.
+		The containers must hold time series with one value per time point. Loading values
+		changes a container, hence the non-const pointers.
+	*/
+	void calculate(DATAIO::DataIO * first, DATAIO::DataIO * second, ZEB::UnitVector & x, ZEB::UnitVector & y);
+
+	/*! Calculates the result series (x: time points or, for a parametric function, the first
+		input's values; y: the result values) from two plain series. An empty common time grid
+		gives empty x and y and no error.
+	*/
+	void calculate(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y);
+
+	/*! The series of one output container; validates the container as input number index
+		(1 or 2) and reports faults with the messages of unifiedData(). An unknown unit name
+		gives an undefined unit.
+	*/
+	static TimeSeries seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index);
+
+	const ZEB::Unit & temperatureUnit() const { return m_temperatureUnit; }
+	const ZEB::Unit & humidityUnit() const { return m_humidityUnit; }
+	const ZEB::Unit & timeUnit() const { return m_timeUnit; }
+
+protected:
+	/*! The model's calculation on two plain series; writes into x and y, which are empty. */
+	virtual void compute(const TimeSeries & first, const TimeSeries & second,
+						 ZEB::UnitVector & x, ZEB::UnitVector & y) = 0;
+
+	/*! Aligns the units of both inputs and resamples them onto the common grid with the given
+		step (in model time units): grid points, temperatures in the temperature unit and
+		relative humidities in the humidity unit. The grid runs from the later of the two first
+		time points to at most the earlier of the two last ones; inputs that do not overlap give
+		an empty grid.
+	*/
+	void unifiedData(const TimeSeries & first, const TimeSeries & second, std::vector<double> & grid,
+					 std::vector<double> & temperature, std::vector<double> & humidity, double step) const;
+
+	/*! The message raised when the value units of the inputs are not one temperature and one
+		relative humidity.
+	*/
+	virtual std::string inputUnitsMessage(const TimeSeries & first, const TimeSeries & second) const;
+
+	/*! Splits a parameter text at white space into key/value pairs; an odd number of pieces
+		raises unevenMessage with the given function id.
+	*/
+	static std::vector<std::pair<std::string, std::string> > parameterPairs(const std::string & text,
+		const char * unevenMessage, const char * functionId);
+	/*! Reads a finite floating-point parameter; throws "Invalid parameter, expected floating
+		point number." with the given function id otherwise.
+	*/
+	static double parameterNumber(const std::string & value, const char * functionId);
+	/*! A number in general format with 12 significant digits, for parameter texts. */
+	static std::string numberText(double value);
+	/*! Replaces each value by the mean of the last window values up to and including it (fewer
+		at the start of the series). A window of 1 or less leaves the values unchanged.
+	*/
+	static void trailingMean(std::vector<double> & values, double window);
+
+private:
+	ZEB::Unit	m_temperatureUnit;
+	ZEB::Unit	m_humidityUnit;
+	ZEB::Unit	m_timeUnit;
+};
+
+} // namespace EM
+
+#endif // EM_ModelTwo2DBaseH

@@ -1,0 +1,115 @@
+#include "EM_ModelTwo2DViitanenWoodDegradation.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <ZEB_Exception.h>
+#include <ZEB_StringUtils.h>
+#include <ZEB_UnitVector.h>
+
+namespace EM {
+
+namespace {
+
+/*! Hours of unfavourable conditions for a full recession of the activation (two years). */
+const double RECESSION_HOURS = 17520;
+
+/*! Upper limit of the mass loss in %. */
+const double MAX_MASS_LOSS = 100;
+
+} // namespace
+
+
+ModelTwo2DViitanenWoodDegradation::ModelTwo2DViitanenWoodDegradation() :
+	ModelTwo2DBase("d")
+{
+}
+
+
+ZEB::Unit ModelTwo2DViitanenWoodDegradation::valueUnit() const {
+	return ZEB::Unit("-");
+}
+
+
+std::string ModelTwo2DViitanenWoodDegradation::parameter() const {
+	return std::string("AC ") + (m_activationConsidered ? "1" : "0") + " IA " + (m_initiallyActivated ? "1" : "0");
+}
+
+
+void ModelTwo2DViitanenWoodDegradation::setFromParameter(const std::string & text) {
+	FUNCID(ModelTwo2DViitanenWoodDegradation::setFromParameter);
+	bool ac = m_activationConsidered;
+	bool ia = m_initiallyActivated;
+	for (const auto & kv : parameterPairs(text, "Invalid parameter string, uneven number of entries.", FUNC_ID)) {
+		bool * target = nullptr;
+		if (kv.first == "AC")		target = &ac;
+		else if (kv.first == "IA")	target = &ia;
+		else
+			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
+		int value = -1;
+		try {
+			value = ZEB::string2val<int>(kv.second);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Invalid parameter, expected int number of 0 or 1.", FUNC_ID);
+		}
+		if (value != 0 && value != 1)
+			throw ZEB::Exception("Invalid parameter, expected int number of 0 or 1.", FUNC_ID);
+		*target = value == 1;
+	}
+	m_activationConsidered = ac;
+	m_initiallyActivated = ia;
+}
+
+
+double ModelTwo2DViitanenWoodDegradation::criticalTime(double T, double RH) {
+	// the sign of the 0.14*T term in the denominator is positive on purpose
+	return (0.035*RH + 2.3*T - 0.024*T*RH) / (0.14*T - 42.9 + 0.45*RH) * 720;
+}
+
+
+void ModelTwo2DViitanenWoodDegradation::massLoss(const std::vector<double> & t, const std::vector<double> & T,
+	const std::vector<double> & RH, std::vector<double> & L) const
+{
+	const std::size_t n = std::min(t.size(), std::min(T.size(), RH.size()));
+	L.assign(n, 0.0);
+	if (n == 0)
+		return;
+	const double threshold = m_activationConsidered ? 1 : 0;
+	double activation = m_initiallyActivated ? 1 : 0;
+	double loss = 0;
+	for (std::size_t i = 1; i < n; ++i) {
+		const double dh = (t[i] - t[i-1]) * 24;
+		const double ti = T[i];
+		const double rhi = RH[i];
+		double a = activation;
+		if (ti > 0 && rhi > 95)
+			a += dh / criticalTime(ti, rhi);
+		else
+			a -= dh / RECESSION_HOURS;
+		// 0/0 (critical time undefined) brings no change of the activation
+		if (std::isnan(a))
+			a = activation;
+		activation = std::min(1.0, std::max(0.0, a));
+		if (activation >= threshold) {
+			loss += std::max(0.0, (0.000196*ti - 0.0596 + 0.000625*rhi) * dh);
+			if (loss > MAX_MASS_LOSS)
+				loss = MAX_MASS_LOSS;
+		}
+		L[i] = loss;
+	}
+}
+
+
+void ModelTwo2DViitanenWoodDegradation::compute(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
+	std::vector<double> grid, T, RH;
+	unifiedData(first, second, grid, T, RH, 1.0/24);
+	x.m_unit = timeUnit();
+	y.m_unit = valueUnit();
+	if (grid.empty())
+		return;
+	massLoss(grid, T, RH, y.m_data);
+	x.m_data.swap(grid);
+}
+
+} // namespace EM

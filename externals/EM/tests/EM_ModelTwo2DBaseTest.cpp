@@ -1,0 +1,307 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <random>
+
+#include <DATAIO_DataIO.h>
+#include <ZEB_LinearSpline.h>
+#include <ZEB_UnitVector.h>
+
+#include <EM_Factory.h>
+#include <EM_ModelTwo2DBase.h>
+#include <EM_ModelTwo2DViitanenMould.h>
+
+#include "EM_TestUtils.h"
+
+using EMTest::constantSeries;
+using EMTest::expectError;
+
+namespace {
+
+/*! A model whose result is the resampled data: x the grid, y the temperatures; the humidities
+	are kept. Lets the tests look at the base's resampling alone.
+*/
+class GridProbe : public EM::ModelTwo2DBase {
+public:
+	explicit GridProbe(double step, const char * timeUnit = "h") : EM::ModelTwo2DBase(timeUnit), m_step(step) {}
+	const char * typeKeyword() const override { return "GridProbe"; }
+	const char * title() const override { return "GridProbe"; }
+	std::string valueLabel() const override { return "T"; }
+	ZEB::Unit valueUnit() const override { return temperatureUnit(); }
+	std::string parameter() const override { return std::string(); }
+	void setFromParameter(const std::string &) override {}
+
+	std::vector<double> m_humidity;
+
+protected:
+	void compute(const EM::TimeSeries & first, const EM::TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) override {
+		unifiedData(first, second, x.m_data, y.m_data, m_humidity, m_step);
+		x.m_unit = timeUnit();
+	}
+
+private:
+	double m_step;
+};
+
+/*! Linear interpolation by scanning, written from the definition (no extrapolation needed). */
+double interpolate(const std::vector<double> & x, const std::vector<double> & y, double v) {
+	for (std::size_t i = 0; i + 1 < x.size(); ++i)
+		if (v >= x[i] && v <= x[i+1])
+			return y[i] + (v - x[i]) / (x[i+1] - x[i]) * (y[i+1] - y[i]);
+	ADD_FAILURE() << v << " outside the table";
+	return 0;
+}
+
+/*! An in-memory output container holding a time series with nValues values per time point. */
+std::unique_ptr<DATAIO::DataIO> container(const EM::TimeSeries & s, unsigned int nValues = 1,
+										  DATAIO::DataIO::DataFormat format = DATAIO::DataIO::DF_2D)
+{
+	std::unique_ptr<DATAIO::DataIO> d(new DATAIO::DataIO);
+	d->setFilename("test.d6o");
+	d->setTimeUnit(s.m_timeUnit.name());
+	d->setValueUnit(s.m_valueUnit.name());
+	// a mean value over space: one value per time point also while there are no time points
+	d->setType(DATAIO::DataIO::T_FIELD);
+	d->setSpaceType(DATAIO::DataIO::ST_MEAN);
+	std::vector<std::vector<double> > values;
+	for (double v : s.m_values)
+		values.push_back(std::vector<double>(nValues, v));
+	d->setData(s.m_time, values);
+	d->setDataFormat(format);
+	return d;
+}
+
+} // namespace
+
+
+TEST(EMModelBase, CommonGrid) {
+	// temperatures hourly from 0 to 10 h, humidities every 45 minutes from 90 min on, in "min"
+	EM::TimeSeries t, rh;
+	t.m_timeUnit = ZEB::Unit("h");
+	t.m_valueUnit = ZEB::Unit("C");
+	for (int i = 0; i <= 10; ++i) {
+		t.m_time.push_back(i);
+		t.m_values.push_back(i * i * 0.5);
+	}
+	rh.m_timeUnit = ZEB::Unit("min");
+	rh.m_valueUnit = ZEB::Unit("%");
+	for (int i = 0; i < 10; ++i) {
+		rh.m_time.push_back(90 + 45 * i);
+		rh.m_values.push_back(50 + 3 * i * (i % 3));
+	}
+	// rh ends at 495 min = 8.25 h: grid 1.5, 2.5, ..., 7.5 h (the last partial step is dropped)
+	GridProbe probe(1);
+	ZEB::UnitVector x, y;
+	probe.calculate(t, rh, x, y);
+	ASSERT_EQ(x.size(), 7u);
+	EXPECT_EQ(x.m_unit, ZEB::Unit("h"));
+	std::vector<double> rhHours;
+	for (double m : rh.m_time)
+		rhHours.push_back(m / 60);
+	for (std::size_t k = 0; k < x.size(); ++k) {
+		EXPECT_DOUBLE_EQ(x.m_data[k], 1.5 + k);
+		EXPECT_NEAR(y.m_data[k], interpolate(t.m_time, t.m_values, x.m_data[k]), 1e-12);
+		EXPECT_NEAR(probe.m_humidity[k], interpolate(rhHours, rh.m_values, x.m_data[k]), 1e-12);
+	}
+
+	// the same grid for a model in days with a step of 1/24 d
+	GridProbe days(1.0/24, "d");
+	days.calculate(t, rh, x, y);
+	ASSERT_EQ(x.size(), 7u);
+	EXPECT_DOUBLE_EQ(x.m_data.back(), 7.5 / 24);
+
+	// swapping the inputs and giving them in other units of the same kinds changes nothing
+	EM::TimeSeries tK = t, rhFraction = rh;
+	tK.m_valueUnit = ZEB::Unit("K");
+	for (double & v : tK.m_values) v += 273.15;
+	rhFraction.m_valueUnit = ZEB::Unit("---");
+	for (double & v : rhFraction.m_values) v /= 100;
+	ZEB::UnitVector x2, y2;
+	probe.calculate(rhFraction, tK, x2, y2);
+	ASSERT_EQ(x2.size(), 7u);
+	for (std::size_t k = 0; k < x.size(); ++k) {
+		EXPECT_NEAR(y2.m_data[k], interpolate(t.m_time, t.m_values, x2.m_data[k]), 1e-9);
+		EXPECT_NEAR(probe.m_humidity[k], interpolate(rhHours, rh.m_values, x2.m_data[k]), 1e-9);
+	}
+}
+
+
+TEST(EMModelBase, ResamplingMatchesSpline) {
+	// irregular time points and rough values: the grid values are those of the foundation's
+	// linear spline over each input
+	std::mt19937 gen(11);
+	std::uniform_real_distribution<double> gap(0.01, 3), value(-50, 150);
+	for (int round = 0; round < 20; ++round) {
+		EM::TimeSeries t, rh;
+		t.m_timeUnit = ZEB::Unit("h");
+		t.m_valueUnit = ZEB::Unit("C");
+		rh.m_timeUnit = ZEB::Unit("h");
+		rh.m_valueUnit = ZEB::Unit("%");
+		double tt = gap(gen) * round;
+		double tr = gap(gen) * round;
+		for (int i = 0; i < 300; ++i) {
+			t.m_time.push_back(tt += gap(gen));
+			t.m_values.push_back(value(gen));
+			rh.m_time.push_back(tr += gap(gen));
+			rh.m_values.push_back(value(gen));
+		}
+		GridProbe probe(0.37);
+		ZEB::UnitVector x, y;
+		probe.calculate(t, rh, x, y);
+		ZEB::LinearSpline splineT(t.m_time, t.m_values), splineRH(rh.m_time, rh.m_values);
+		const double start = std::max(t.m_time.front(), rh.m_time.front());
+		const double end = std::min(t.m_time.back(), rh.m_time.back());
+		ASSERT_EQ(x.size(), static_cast<std::size_t>((end - start) / 0.37) + 1);
+		for (std::size_t k = 0; k < x.size(); ++k) {
+			ASSERT_EQ(x.m_data[k], start + k * 0.37);
+			ASSERT_EQ(y.m_data[k], splineT.value(x.m_data[k])) << k;
+			ASSERT_EQ(probe.m_humidity[k], splineRH.value(x.m_data[k])) << k;
+		}
+	}
+}
+
+
+TEST(EMModelBase, EmptyAndDisjointInputs) {
+	EM::ModelTwo2DViitanenMould model;
+	ZEB::UnitVector x(3, 1.0), y(3, 2.0);
+	// no overlap in time: empty result, no error
+	model.calculate(constantSeries(10, 20, "C", 1, "h", 0), constantSeries(10, 90, "%", 1, "h", 100), x, y);
+	EXPECT_TRUE(x.empty());
+	EXPECT_TRUE(y.empty());
+	// touching in one point: one grid point
+	model.calculate(constantSeries(10, 20, "C", 1, "h", 0), constantSeries(10, 90, "%", 1, "h", 9), x, y);
+	EXPECT_EQ(x.size(), 1u);
+	EXPECT_EQ(y.m_data, std::vector<double>{ 0 });
+	// an empty input
+	model.calculate(constantSeries(0, 20, "C"), constantSeries(10, 90, "%"), x, y);
+	EXPECT_TRUE(x.empty());
+	// a single point each, at the same time
+	model.calculate(constantSeries(1, 20, "C", 1, "h", 5), constantSeries(1, 90, "%", 1, "h", 5), x, y);
+	EXPECT_EQ(x.size(), 1u);
+}
+
+
+TEST(EMModelBase, InputFaults) {
+	EM::ModelTwo2DViitanenMould model;
+	const char * const where = "[ModelTwo2DBase::unifiedData]";
+	ZEB::UnitVector x(2, 1.0), y(2, 7.0);
+	EM::TimeSeries t = constantSeries(48, 20, "C");
+	EM::TimeSeries rh = constantSeries(48, 90, "%");
+
+	EM::TimeSeries badTime = t;
+	badTime.m_timeUnit = ZEB::Unit("C");
+	expectError([&]() { model.calculate(badTime, rh, x, y); }, "x value unit of data set 1 is not time", where);
+	badTime.m_timeUnit = ZEB::Unit();
+	expectError([&]() { model.calculate(rh, badTime, x, y); }, "x value unit of data set 2 is not time", where);
+
+	// two temperatures, or a quantity that is neither
+	expectError([&]() { model.calculate(t, t, x, y); },
+				"Expected a temperature and a relative humidity, but the value units of the data sets are 'C' and 'C'.", where);
+	EM::TimeSeries mass = constantSeries(48, 1, "kg");
+	expectError([&]() { model.calculate(mass, rh, x, y); },
+				"Expected a temperature and a relative humidity, but the value units of the data sets are 'kg' and '%'.", where);
+
+	// time points that do not increase
+	EM::TimeSeries unsorted = rh;
+	std::swap(unsorted.m_time[3], unsorted.m_time[4]);
+	expectError([&]() { model.calculate(t, unsorted, x, y); }, "Invalid time points or values in data set 2.", where);
+	EM::TimeSeries withNaN = t;
+	withNaN.m_values[7] = std::nan("");
+	expectError([&]() { model.calculate(rh, withNaN, x, y); }, "Invalid time points or values in data set 2.", where);
+
+	// a grid far too large for memory
+	EM::TimeSeries longT = constantSeries(2, 20, "C", 1e12, "a");
+	EM::TimeSeries longRH = constantSeries(2, 90, "%", 1e12, "a");
+	try {
+		model.calculate(longT, longRH, x, y);
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(ex.messages().back().m_where, where);
+	}
+
+	// failures leave the previous result untouched
+	EXPECT_EQ(x.m_data, (std::vector<double>{ 1, 1 }));
+	EXPECT_EQ(y.m_data, (std::vector<double>{ 7, 7 }));
+}
+
+
+TEST(EMModelBase, Containers) {
+	EM::ModelTwo2DViitanenMould model;
+	const char * const where = "[ModelTwo2DBase::unifiedData]";
+	EM::TimeSeries t = constantSeries(72, 25, "C");
+	EM::TimeSeries rh = constantSeries(72, 95, "%");
+	std::unique_ptr<DATAIO::DataIO> dT = container(t);
+	std::unique_ptr<DATAIO::DataIO> dRH = container(rh);
+	ZEB::UnitVector x, y, xRef, yRef;
+
+	model.calculate(t, rh, xRef, yRef);
+	model.calculate(dRH.get(), dT.get(), x, y);
+	EXPECT_EQ(x.m_data, xRef.m_data);
+	EXPECT_EQ(y.m_data, yRef.m_data);
+	EXPECT_EQ(y.m_unit, ZEB::Unit("-"));
+
+	expectError([&]() { model.calculate(nullptr, dT.get(), x, y); }, "At least one dataio object not valid", where);
+	expectError([&]() { model.calculate(dT.get(), nullptr, x, y); }, "At least one dataio object not valid", where);
+
+	std::unique_ptr<DATAIO::DataIO> field = container(t, 3, DATAIO::DataIO::DF_3D);
+	std::unique_ptr<DATAIO::DataIO> columns = container(t, 2, DATAIO::DataIO::DF_2D);
+	expectError([&]() { model.calculate(field.get(), dRH.get(), x, y); }, "Data set 1 is not 2D", where);
+	expectError([&]() { model.calculate(columns.get(), dRH.get(), x, y); }, "Data set 1 is not a single-value 2D", where);
+	expectError([&]() { model.calculate(dT.get(), field.get(), x, y); }, "Data set 2 is not 2D", where);
+	expectError([&]() { model.calculate(dT.get(), columns.get(), x, y); }, "Data set 2 is not a single-value 2D", where);
+
+	// unknown unit names count as no unit
+	dT->setTimeUnit("hours");
+	expectError([&]() { model.calculate(dT.get(), dRH.get(), x, y); }, "x value unit of data set 1 is not time", where);
+
+	// an empty container gives an empty result
+	std::unique_ptr<DATAIO::DataIO> empty = container(constantSeries(0, 0, "%"));
+	dT->setTimeUnit("h");
+	model.calculate(dT.get(), empty.get(), x, y);
+	EXPECT_TRUE(x.empty());
+	EXPECT_TRUE(y.empty());
+
+	// a container whose time points do not increase
+	std::unique_ptr<DATAIO::DataIO> unsorted = container(rh);
+	std::vector<double> time = rh.m_time;
+	std::swap(time[1], time[2]);
+	unsorted->setData(time, std::vector<std::vector<double> >(time.size(), std::vector<double>(1, 95.0)));
+	expectError([&]() { model.calculate(dT.get(), unsorted.get(), x, y); }, "Error reading values of data set 2.",
+				"[ModelTwo2DBase::seriesFromDataIO]");
+}
+
+
+TEST(EMModelBase, FactoryAndParameterTexts) {
+	const std::vector<std::string> keywords = EM::Factory::modelTypeKeywords();
+	ASSERT_EQ(keywords.size(), 6u);
+	for (const std::string & kw : keywords) {
+		std::unique_ptr<EM::ModelTwo2DBase> model = EM::Factory::createModel(kw);
+		ASSERT_TRUE(model != nullptr) << kw;
+		EXPECT_EQ(std::string(model->typeKeyword()), kw);
+		EXPECT_EQ(model->inputName(0), "Temperature");
+		EXPECT_EQ(model->inputName(1), "Relative humidity");
+		// the parameter text reads back unchanged
+		std::unique_ptr<EM::ModelTwo2DBase> other = EM::Factory::createModel(kw);
+		other->setFromParameter(model->parameter());
+		EXPECT_EQ(other->parameter(), model->parameter()) << kw;
+		// an empty text changes nothing; an unknown key fails and changes nothing
+		const std::string before = model->parameter();
+		model->setFromParameter("  ");
+		EXPECT_EQ(model->parameter(), before);
+		try {
+			model->setFromParameter("XY 1");
+			ADD_FAILURE() << kw;
+		}
+		catch (ZEB::Exception & ex) {
+			EXPECT_EQ(std::string(ex.what()), "Invalid parameter string, unknown key.");
+		}
+		EXPECT_EQ(model->parameter(), before);
+	}
+	EXPECT_EQ(EM::Factory::createModel("VTTMould"), nullptr);
+	EXPECT_EQ(std::string(EM::Factory::createModel("VTTMouldModel")->title()), "VTT Mould Index");
+	EXPECT_EQ(std::string(EM::Factory::createModel("IsoplethModel")->title()), "Isopleth");
+	EXPECT_EQ(EM::Factory::createModel("IsoplethModel")->timeUnit(), ZEB::Unit("h"));
+	EXPECT_EQ(EM::Factory::createModel("VTTMouldModel")->timeUnit(), ZEB::Unit("d"));
+}

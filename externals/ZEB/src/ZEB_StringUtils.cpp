@@ -81,9 +81,77 @@ inline const char * accumulateDigits(const char * p, const char * end, std::uint
 	return p;
 }
 
-/*! Exact fast path for the common case of at most 19 significant digits whose integer
-	mantissa fits into 53 bits and whose decimal exponent lies within +-22: both factors are then
-	exact doubles and one IEEE multiplication or division rounds correctly (Clinger's method).
+/*! Number of significant bits of v. */
+inline int bitLength(unsigned __int128 v) {
+	const std::uint64_t high = static_cast<std::uint64_t>(v >> 64);
+	if (high != 0)
+		return 128 - __builtin_clzll(high);
+	const std::uint64_t low = static_cast<std::uint64_t>(v);
+	return low != 0 ? 64 - __builtin_clzll(low) : 0;
+}
+
+/*! Correctly rounded mantissa * 10^exponent for mantissas of up to 64 bits (the 17 significant
+	digits of shortest round-trip output do not fit the 53 bits of the simple fast path).
+	A positive exponent of at most 19 gives an exact 128-bit product, which converts with one
+	rounding. A negative exponent of at most 21 starts from an estimate within one unit in the
+	last place and decides with exact 128-bit integer comparisons against the midpoints to the
+	neighbouring doubles. Returns false for cases outside these bounds (subnormal results, a
+	power-of-two estimate, products too wide): the caller then uses the general parser.
+*/
+bool exactWideMantissa(std::uint64_t mantissa, int exponent, double & value) {
+	using u128 = unsigned __int128;
+	struct PowersOfTen {
+		u128 m_value[22];
+		PowersOfTen() {
+			m_value[0] = 1;
+			for (int i = 1; i < 22; ++i)
+				m_value[i] = m_value[i-1]*10;
+		}
+	};
+	static const PowersOfTen powers;
+	if (exponent >= 0) {
+		if (exponent > 19)
+			return false;
+		value = static_cast<double>(static_cast<u128>(mantissa) * powers.m_value[exponent]);
+		return true;
+	}
+	const int k = -exponent;
+	if (k > 21)
+		return false;
+	const u128 pow10k = powers.m_value[k];
+	const int mantissaBits = 64 - __builtin_clzll(mantissa);
+	const int powerBits = bitLength(pow10k);
+	double d = static_cast<double>(mantissa) / static_cast<double>(pow10k);
+	for (int step = 0; step < 3; ++step) {
+		std::uint64_t bits;
+		std::memcpy(&bits, &d, sizeof(bits));
+		const int biasedExp = static_cast<int>((bits >> 52) & 0x7FF);
+		const std::uint64_t M = (bits & ((std::uint64_t(1) << 52) - 1)) | (std::uint64_t(1) << 52);
+		const int E = biasedExp - 1075;		// d = M * 2^E exactly
+		const int shift = 1 - E;			// compare 2^(1-E)*q with 2M+1 and 2M-1
+		if (biasedExp == 0 || M == (std::uint64_t(1) << 52) || shift < 1)
+			return false;
+		if (mantissaBits + shift > 127 || 54 + powerBits > 127)
+			return false;
+		const u128 scaled = static_cast<u128>(mantissa) << shift;	// 2^(1-E) * q * 10^k
+		const u128 upper = (static_cast<u128>(2*M + 1)) * pow10k;	// midpoint to the next double
+		const u128 lower = (static_cast<u128>(2*M - 1)) * pow10k;	// midpoint to the previous one
+		if (scaled > upper || (scaled == upper && (M & 1) != 0))
+			d = std::nextafter(d, HUGE_VAL);
+		else if (scaled < lower || (scaled == lower && (M & 1) != 0))
+			d = std::nextafter(d, 0.0);
+		else {
+			value = d;
+			return true;
+		}
+	}
+	return false;
+}
+
+/*! Exact fast path for the common case of at most 19 significant digits. When the integer
+	mantissa fits into 53 bits and the decimal exponent lies within +-22, both factors are exact
+	doubles and one IEEE multiplication or division rounds correctly (Clinger's method); wider
+	mantissas go through exactWideMantissa().
 	Parses the number at the start of [p, end) and returns the position after it, or null when
 	the number is outside that case; the caller then uses the general parser.
 */
@@ -131,10 +199,14 @@ const char * parseDoubleFastPrefix(const char * p, const char * end, double & va
 		value = negative ? -0.0 : 0.0;
 		return p;
 	}
-	if (mantissa > (std::uint64_t(1) << 53) || exponent < -22 || exponent > 22)
+	double d;
+	if (mantissa <= (std::uint64_t(1) << 53) && exponent >= -22 && exponent <= 22) {
+		d = static_cast<double>(mantissa);
+		d = exponent < 0 ? d / pow10[-exponent] : d * pow10[exponent];
+	}
+	else if (!exactWideMantissa(mantissa, exponent, d)) {
 		return nullptr;
-	double d = static_cast<double>(mantissa);
-	d = exponent < 0 ? d / pow10[-exponent] : d * pow10[exponent];
+	}
 	value = negative ? -d : d;
 	return p;
 }

@@ -74,7 +74,7 @@ TEST(ZEBStringUtils, ValuesReadBackExactlyWhateverTheLocale) {
 		std::setlocale(LC_ALL, "C");
 
 	// the formats simulation programs write, checked against the C library's conversion
-	const char * formats[] = { "%.12e", "%.6f", "%.15g", "%.3E", "%g", "%.0f" };
+	const char * formats[] = { "%.12e", "%.6f", "%.15g", "%.3E", "%g", "%.0f", "%.17g", "%.16e", "%.18e", "%.20g" };
 	std::uniform_real_distribution<double> physical(-1e5, 1e5);
 	for (const char * fmt : formats) {
 		for (int i = 0; i < 3000; ++i) {

@@ -36,6 +36,8 @@ public:
 	const std::vector<double> & xEdges() const { return m_xEdges; }
 	/*! The cell edges in y direction, yGridSize() + 1 entries. */
 	const std::vector<double> & yEdges() const { return m_yEdges; }
+	/*! The cell values, xGridSize()*yGridSize() entries, x index fastest. */
+	const std::vector<double> & values() const { return m_values; }
 
 private:
 	/*! Cell edges from coordinates that are either edges or centres of n cells; throws. */

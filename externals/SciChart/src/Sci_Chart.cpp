@@ -1,0 +1,781 @@
+#include "Sci_Chart.h"
+
+#include <cmath>
+
+#include <QPen>
+
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_grid.h>
+#include <qwt_plot_layout.h>
+#include <qwt_plot_marker.h>
+#include <qwt_plot_panner.h>
+#include <qwt_scale_widget.h>
+#include <qwt_text.h>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+
+#include "Sci_AbstractBarSeriesModel.h"
+#include "Sci_AbstractColorGridSeriesModel.h"
+#include "Sci_AbstractLineSeriesModel.h"
+#include "Sci_AbstractVectorFieldSeriesModel.h"
+#include "Sci_BarSeries.h"
+#include "Sci_ChartAxis.h"
+#include "Sci_ColorGridSeries.h"
+#include "Sci_Legend.h"
+#include "Sci_LegendItem.h"
+#include "Sci_LegendItemMover.h"
+#include "Sci_LineSeries.h"
+#include "Sci_PlotColorMap.h"
+#include "Sci_PlotPicker.h"
+#include "Sci_PlotRescaler.h"
+#include "Sci_PlotScaleItem.h"
+#include "Sci_PlotZoomer.h"
+#include "Sci_VectorFieldSeries.h"
+
+namespace SCI {
+
+namespace {
+
+typedef AbstractChartModel CDM;
+typedef AbstractCartesianChartModel CM;
+
+/*! Reports a requirement of an operation that the caller did not meet. */
+void reportUnmetRequirement(const char * condition, const char * functionId) {
+	ZEB::reportError(ZEB::MessageFormat("Requirement '%1' not met.").arg(condition).str(), functionId);
+}
+
+/*! Colour of axis lines, ticks and labels. */
+const QColor FRAME_COLOR(40, 40, 40);
+
+} // namespace
+
+
+Chart::Chart(QWidget * parent) :
+	QwtPlot(parent)
+{
+	setAutoReplot(false);
+	// white paper, a thin frame around the canvas that also serves as axis lines
+	setAutoFillBackground(true);
+	QPalette pal = palette();
+	pal.setColor(QPalette::Window, Qt::white);
+	pal.setColor(QPalette::WindowText, FRAME_COLOR);
+	pal.setColor(QPalette::Text, FRAME_COLOR);
+	setPalette(pal);
+	setContentsMargins(8, 8, 12, 8);
+	QwtPlotCanvas * plotCanvas = new QwtPlotCanvas;
+	plotCanvas->setFrameStyle(QFrame::Box | QFrame::Plain);
+	plotCanvas->setLineWidth(1);
+	QPalette canvasPalette = plotCanvas->palette();
+	canvasPalette.setColor(QPalette::WindowText, FRAME_COLOR);
+	plotCanvas->setPalette(canvasPalette);
+	setCanvas(plotCanvas);
+	setCanvasBackground(Qt::white);
+	plotLayout()->setAlignCanvasToScales(true);
+	plotLayout()->setCanvasMargin(0);
+	enableAxis(QwtPlot::xTop, false);
+
+	for (int i = 0; i < CM::NUM_AXES; ++i)
+		m_axes[i].reset(new ChartAxis(this, i));
+	m_xGrid.reset(new QwtPlotGrid);
+	m_xGrid->enableY(false);
+	m_xGrid->enableYMin(false);
+	m_xGrid->attach(this);
+	m_yGrid.reset(new QwtPlotGrid);
+	m_yGrid->enableX(false);
+	m_yGrid->enableXMin(false);
+	m_yGrid->attach(this);
+	m_legendItem.reset(new LegendItem);
+	m_timeMarker.reset(new QwtPlotMarker);
+	m_timeMarker->setLineStyle(QwtPlotMarker::VLine);
+	m_timeMarker->setLinePen(QPen(QColor(170, 30, 30), 1.5, Qt::DashLine));
+	m_timeMarker->setZ(30);
+
+	m_zoomer = new PlotZoomer(canvas());
+	QwtPlotPanner * panner = new QwtPlotPanner(canvas());
+	panner->setMouseButton(Qt::MiddleButton);
+	m_picker = new PlotPicker(this);
+	m_rescaler = new PlotRescaler(canvas());
+	// installed last, so that it sees mouse events on the canvas first
+	LegendItemMover * legendMover = new LegendItemMover(this, m_legendItem.get());
+	connect(m_zoomer, &QwtPlotZoomer::zoomed, this, &Chart::onZoomed);
+	connect(legendMover, &LegendItemMover::legendMoved, this, &Chart::onLegendMoved);
+}
+
+
+Chart::~Chart() {
+	removeAllSeries();
+}
+
+
+ChartAxis * Chart::chartAxis(int axisPosition) const {
+	Q_ASSERT(axisPosition >= 0 && axisPosition < CM::NUM_AXES);
+	return m_axes[axisPosition].get();
+}
+
+
+void Chart::setModel(AbstractCartesianChartModel * model) {
+	FUNCID(Chart::setModel);
+	ChartType type = NoChart;
+	if (dynamic_cast<AbstractLineSeriesModel *>(model) != nullptr)
+		type = LineChart;
+	else if (dynamic_cast<AbstractColorGridSeriesModel *>(model) != nullptr)
+		type = ColorGridChart;
+	else if (dynamic_cast<AbstractVectorFieldSeriesModel *>(model) != nullptr)
+		type = VectorFieldChart;
+	else if (dynamic_cast<AbstractBarSeriesModel *>(model) != nullptr)
+		type = BarChart;
+	else if (model != nullptr)
+		throw ZEB::Exception("Unsupported kind of chart model, expected a line, colour grid, vector field or bar model.", FUNC_ID);
+
+	if (m_model != nullptr)
+		disconnect(m_model, nullptr, this, nullptr);
+	m_model = model;
+	m_chartType = type;
+	if (m_model == nullptr) {
+		removeAllSeries();
+		updatePlot();
+		return;
+	}
+	connect(m_model, &CDM::chartChanged, this, &Chart::onChartChanged);
+	connect(m_model, &CDM::axisChanged, this, &Chart::onAxisChanged);
+	connect(m_model, &CDM::seriesViewChanged, this, &Chart::onSeriesViewChanged);
+	connect(m_model, &CDM::seriesChanged, this, &Chart::onSeriesChanged);
+	connect(m_model, &CDM::seriesAboutToBeInserted, this, &Chart::onSeriesAboutToBeInserted);
+	connect(m_model, &CDM::seriesAboutToBeRemoved, this, &Chart::onSeriesAboutToBeRemoved);
+	connect(m_model, &CDM::seriesInserted, this, &Chart::onSeriesInserted);
+	connect(m_model, &CDM::seriesRemoved, this, &Chart::onSeriesRemoved);
+	connect(m_model, &CDM::modelAboutToBeReset, this, &Chart::onModelAboutToBeReset);
+	connect(m_model, &CDM::modelReset, this, &Chart::onSeriesModelReset);
+	connect(m_model, &CDM::modelAboutToBeChanged, this, &Chart::prohibitUpdate);
+	connect(m_model, &CDM::modelChanged, this, &Chart::allowUpdateAndReplot);
+	connect(m_model, &QObject::destroyed, this, &Chart::onModelAboutToBeDeleted);
+	rebuild();
+}
+
+
+// *** update suppression ***
+
+void Chart::prohibitUpdate() {
+	++m_noUpdateCounter;
+}
+
+
+void Chart::allowUpdate() {
+	FUNCID(Chart::allowUpdate);
+	Q_ASSERT(m_noUpdateCounter > 0);
+	if (m_noUpdateCounter == 0) {
+		reportUnmetRequirement("m_noUpdateCounter > 0", FUNC_ID);
+		return;
+	}
+	--m_noUpdateCounter;
+}
+
+
+void Chart::allowUpdateAndReplot() {
+	FUNCID(Chart::allowUpdateAndReplot);
+	Q_ASSERT(m_noUpdateCounter > 0);
+	if (m_noUpdateCounter == 0) {
+		reportUnmetRequirement("m_noUpdateCounter > 0", FUNC_ID);
+		return;
+	}
+	--m_noUpdateCounter;
+	updatePlot();
+}
+
+
+void Chart::updatePlot() {
+	if (m_noUpdateCounter > 0)
+		return;
+	if (m_rescaler->isEnabled())
+		fitProportional();
+	else
+		replot();
+	if (m_zoomer->zoomRectIndex() == 0)
+		m_zoomer->setZoomBase(false);
+}
+
+
+void Chart::resetView() {
+	FUNCID(Chart::resetView);
+	if (m_model != nullptr) {
+		for (const std::unique_ptr<ChartAxis> & axis : m_axes)
+			axis->applyScale();
+		updateColorBar();
+	}
+	updatePlot();
+	m_zoomer->setZoomBase(false);
+	ZEB::reportProgress("Chart view reset.\n", FUNC_ID);
+}
+
+
+// *** building the chart ***
+
+void Chart::rebuild() {
+	removeAllSeries();
+	for (const std::unique_ptr<ChartAxis> & axis : m_axes)
+		axis->apply(-1);
+	applyChartProperty(-1);
+	const int count = static_cast<int>(m_model->seriesCount());
+	for (int i = 0; i < count; ++i)
+		insertSeriesFromModel(i);
+	afterSeriesStructureChanged();
+	updateScaleItems();
+	m_rescaler->setEnabled(m_model->axisData(CM::BottomAxis, CM::AxisProportional).toBool() ||
+						   m_model->axisData(CM::LeftAxis, CM::AxisProportional).toBool());
+	updatePlot();
+	m_zoomer->setZoomBase(false);
+}
+
+
+bool Chart::insertSeriesFromModel(int index) {
+	FUNCID(Chart::insertSeriesFromModel);
+	switch (m_chartType) {
+		case LineChart :
+			if (insertLineSeriesFromModel(index))
+				return true;
+			ZEB::reportError("Error creating line series from model, probably incomplete model implementation.", FUNC_ID);
+			return false;
+		case ColorGridChart :
+			return insertColorGridSeriesFromModel(index);
+		case VectorFieldChart :
+			if (insertVectorFieldSeriesFromModel(index))
+				return true;
+			ZEB::reportError("Error creating vector field series from model, probably incomplete model implementation.", FUNC_ID);
+			return false;
+		case BarChart :
+			if (insertBarSeriesFromModel(index))
+				return true;
+			ZEB::reportError("Error creating bar series from model, probably incomplete model implementation.", FUNC_ID);
+			return false;
+		case NoChart :
+			break;
+	}
+	return false;
+}
+
+
+bool Chart::insertLineSeriesFromModel(int index) {
+	FUNCID(Chart::insertLineSeriesFromModel);
+	const AbstractLineSeriesModel * lineModel = dynamic_cast<const AbstractLineSeriesModel *>(m_model);
+	if (lineModel == nullptr) {
+		reportUnmetRequirement("lineModel != nullptr", FUNC_ID);
+		return false;
+	}
+	if (index < 0 || index >= static_cast<int>(lineModel->seriesCount())) {
+		reportUnmetRequirement("index >= 0 && index < seriesCount()", FUNC_ID);
+		return false;
+	}
+	try {
+		if (lineModel->xUnit(index).id() == 0 || lineModel->yUnit(index).id() == 0)
+			throw ZEB::Exception("Invalid xunit or yunit returned from LineSeriesModel.", FUNC_ID);
+		std::unique_ptr<LineSeries> series(new LineSeries(lineModel));
+		series->setSeriesIndex(index);
+		series->updateProperty(index, -1);
+		series->updateData(index);
+		series->setDataReduction(m_model->chartData(CDM::DataReduction).toBool());
+		series->setLegendIcon(m_model->chartData(CDM::LegendIconStyle).toInt(),
+							  m_model->chartData(CDM::LegendIconWidth).toInt());
+		addSeries(series.release());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		ZEB::reportError("Exception caught while creating new line series.", FUNC_ID);
+		return false;
+	}
+	return true;
+}
+
+
+bool Chart::insertColorGridSeriesFromModel(int index) {
+	FUNCID(Chart::insertColorGridSeriesFromModel);
+	if (!m_series.empty()) {
+		reportUnmetRequirement("m_series.empty()", FUNC_ID);
+		return false;
+	}
+	const AbstractColorGridSeriesModel * colorModel = dynamic_cast<const AbstractColorGridSeriesModel *>(m_model);
+	if (colorModel == nullptr) {
+		reportUnmetRequirement("colorModel != nullptr", FUNC_ID);
+		return false;
+	}
+	try {
+		if (colorModel->xUnit(index).id() == 0 || colorModel->yUnit(index).id() == 0)
+			throw ZEB::Exception("Invalid x-unit or y-unit returned from ColorGridSeriesModel.", FUNC_ID);
+		if (colorModel->valueUnit(index).id() == 0)
+			throw ZEB::Exception("Invalid value unit returned from ColorGridSeriesModel.", FUNC_ID);
+		std::unique_ptr<ColorGridSeries> series(new ColorGridSeries(colorModel));
+		series->setSeriesIndex(index);
+		series->updateData(index);
+		series->updateProperty(index, -1);
+		addSeries(series.release());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		ZEB::reportError("Failed to add ColorGridSeries to chart, probably due to missing/inconsistent data in ColorGridSeriesModel.", FUNC_ID);
+		return false;
+	}
+	return true;
+}
+
+
+bool Chart::insertBarSeriesFromModel(int index) {
+	FUNCID(Chart::insertBarSeriesFromModel);
+	const AbstractBarSeriesModel * barModel = dynamic_cast<const AbstractBarSeriesModel *>(m_model);
+	if (barModel == nullptr) {
+		reportUnmetRequirement("barModel != nullptr", FUNC_ID);
+		return false;
+	}
+	if (index < 0 || index >= static_cast<int>(barModel->seriesCount())) {
+		reportUnmetRequirement("index >= 0 && index < seriesCount()", FUNC_ID);
+		return false;
+	}
+	try {
+		if (barModel->yUnit().id() == 0)
+			throw ZEB::Exception("Invalid y-unit returned from BarSeriesModel.", FUNC_ID);
+		std::unique_ptr<BarSeries> series(new BarSeries(barModel));
+		series->setSeriesIndex(index);
+		series->updateProperty(index, -1);
+		series->updateData(index);
+		addSeries(series.release());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		return false;
+	}
+	return true;
+}
+
+
+bool Chart::insertVectorFieldSeriesFromModel(int index) {
+	FUNCID(Chart::insertVectorFieldSeriesFromModel);
+	const AbstractVectorFieldSeriesModel * vectorFieldModel = dynamic_cast<const AbstractVectorFieldSeriesModel *>(m_model);
+	if (vectorFieldModel == nullptr) {
+		reportUnmetRequirement("vectorFieldModel != nullptr", FUNC_ID);
+		return false;
+	}
+	try {
+		if (vectorFieldModel->xUnit(index).id() == 0 || vectorFieldModel->yUnit(index).id() == 0)
+			throw ZEB::Exception("Invalid x-unit or y-unit returned from AbstractVectorFieldSeriesModel.", FUNC_ID);
+		if (vectorFieldModel->valueUnit(index).id() == 0)
+			throw ZEB::Exception("Invalid value unit returned from AbstractVectorFieldSeriesModel.", FUNC_ID);
+		std::unique_ptr<VectorFieldSeries> series(new VectorFieldSeries(vectorFieldModel));
+		series->setSeriesIndex(index);
+		series->updateData(index);
+		series->updateProperty(index, -1);
+		addSeries(series.release());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		return false;
+	}
+	return true;
+}
+
+
+void Chart::addSeries(ChartSeries * series) {
+	int position = 0;
+	while (position < m_series.count() && m_series[position]->seriesIndex() < series->seriesIndex())
+		++position;
+	m_series.insert(position, series);
+	series->attach(this);
+}
+
+
+int Chart::positionOf(int seriesIndex) const {
+	for (int i = 0; i < m_series.count(); ++i)
+		if (m_series[i]->seriesIndex() == seriesIndex)
+			return i;
+	return -1;
+}
+
+
+void Chart::removeAllSeries() {
+	qDeleteAll(m_series);
+	m_series.clear();
+}
+
+
+void Chart::afterSeriesStructureChanged() {
+	// axis visibility and titles may depend on the series (e.g. on which y axis they are)
+	for (const std::unique_ptr<ChartAxis> & axis : m_axes) {
+		axis->apply(CM::AxisEnabled);
+		axis->apply(CM::AxisTitle);
+	}
+	if (m_chartType == BarChart) {
+		// bar labels and the number of bar positions come with the series
+		m_axes[CM::BottomAxis]->applyScaleDraw();
+		m_axes[CM::BottomAxis]->applyScale();
+		updateBarLayout();
+	}
+	updateColorBar();
+	updateGrid();
+	updateZoomerAxes();
+}
+
+
+void Chart::updateBarLayout() {
+	for (int i = 0; i < m_series.count(); ++i) {
+		BarSeries * bars = dynamic_cast<BarSeries *>(m_series[i]);
+		if (bars != nullptr)
+			bars->setGroupLayout(i, m_series.count());
+	}
+}
+
+
+// *** model signals ***
+
+void Chart::onChartChanged(int chartDataRole) {
+	if (m_model == nullptr)
+		return;
+	applyChartProperty(chartDataRole);
+	updatePlot();
+}
+
+
+void Chart::onAxisChanged(int axisPosition, int role) {
+	FUNCID(Chart::onAxisChanged);
+	if (m_model == nullptr || axisPosition < 0 || axisPosition >= CM::NUM_AXES)
+		return;
+	if (role == CM::AxisLogarithmic && m_chartType == ColorGridChart &&
+		m_model->axisData(axisPosition, role).toBool())
+	{
+		ZEB::reportError("Cannot set logarithmic axis for colormap plot.", FUNC_ID);
+		return;
+	}
+	if (role >= CM::AxisGridVisible && role <= CM::AxisMinorGridPenColor)
+		updateGrid();
+	else if (role == CM::AxisProportional)
+		m_rescaler->setEnabled(m_model->axisData(CM::BottomAxis, CM::AxisProportional).toBool() ||
+							   m_model->axisData(CM::LeftAxis, CM::AxisProportional).toBool());
+	else {
+		m_axes[axisPosition]->apply(role);
+		if (role == CM::AxisEnabled) {
+			updateColorBar();
+			updateGrid();
+			updateZoomerAxes();
+		}
+		if (m_model->chartData(CDM::AxisScalesInside).toBool())
+			updateScaleItems();
+	}
+	updatePlot();
+}
+
+
+void Chart::onSeriesViewChanged(int start, int end, int role) {
+	if (m_model == nullptr)
+		return;
+	for (int i = start; i <= end; ++i) {
+		const int position = positionOf(i);
+		if (position >= 0)
+			m_series[position]->updateProperty(i, role);
+	}
+	if (m_chartType == LineChart && role == AbstractLineSeriesModel::SeriesLeftAxis)
+		afterSeriesStructureChanged();
+	updateColorBar();
+	updatePlot();
+}
+
+
+void Chart::onSeriesChanged(int start, int end) {
+	FUNCID(Chart::onSeriesChanged);
+	if (m_model == nullptr)
+		return;
+	for (int i = start; i <= end; ++i) {
+		const int position = positionOf(i);
+		// a series that could not be created before gets another chance with new data
+		if (position < 0) {
+			if (i >= 0 && i < static_cast<int>(m_model->seriesCount()))
+				insertSeriesFromModel(i);
+			continue;
+		}
+		try {
+			m_series[position]->updateData(i);
+		}
+		catch (ZEB::Exception & ex) {
+			ex.reportAllAsErrors();
+			ZEB::reportError(ZEB::MessageFormat("Series #%1 keeps its previous data.").arg(i).str(), FUNC_ID);
+		}
+	}
+	if (m_chartType == BarChart) {
+		m_axes[CM::BottomAxis]->applyScaleDraw();
+		m_axes[CM::BottomAxis]->applyScale();
+	}
+	updateColorBar();
+	updatePlot();
+}
+
+
+void Chart::onSeriesAboutToBeInserted(int start, int end) {
+	// series objects behind the insertion move up
+	const int count = end - start + 1;
+	for (ChartSeries * s : m_series)
+		if (s->seriesIndex() >= start)
+			s->setSeriesIndex(s->seriesIndex() + count);
+}
+
+
+void Chart::onSeriesInserted(int start, int end) {
+	if (m_model == nullptr)
+		return;
+	for (int i = start; i <= end; ++i)
+		if (!insertSeriesFromModel(i))
+			ZEB::reportError("Error in SeriesModel. Series cannot be inserted", "Chart::onSeriesInserted");
+	afterSeriesStructureChanged();
+	updatePlot();
+}
+
+
+void Chart::onSeriesAboutToBeRemoved(int start, int end) {
+	const int count = end - start + 1;
+	for (int i = m_series.count() - 1; i >= 0; --i) {
+		ChartSeries * s = m_series[i];
+		if (s->seriesIndex() >= start && s->seriesIndex() <= end) {
+			m_series.removeAt(i);
+			delete s;
+		}
+		else if (s->seriesIndex() > end)
+			s->setSeriesIndex(s->seriesIndex() - count);
+	}
+}
+
+
+void Chart::onSeriesRemoved(int start, int end) {
+	Q_UNUSED(start)
+	Q_UNUSED(end)
+	if (m_model == nullptr)
+		return;
+	afterSeriesStructureChanged();
+	updatePlot();
+}
+
+
+void Chart::onModelAboutToBeReset() {
+	removeAllSeries();
+}
+
+
+void Chart::onSeriesModelReset() {
+	if (m_model != nullptr)
+		rebuild();
+}
+
+
+void Chart::onModelAboutToBeDeleted() {
+	FUNCID(Chart::onModelAboutToBeDeleted);
+	ZEB::reportProgress("Chart model about to be deleted, setting m_model pointer to nullptr.\n", FUNC_ID);
+	m_model = nullptr;
+}
+
+
+void Chart::onZoomed(const QRectF & rect) {
+	Q_UNUSED(rect)
+	if (m_zoomer->zoomRectIndex() != 0 || m_model == nullptr)
+		return;
+	for (const std::unique_ptr<ChartAxis> & axis : m_axes)
+		axis->applyScale();
+	updateColorBar();
+	updatePlot();
+}
+
+
+void Chart::onLegendMoved(const QSize & offset) {
+	if (m_model != nullptr)
+		m_model->setChartData(offset, CDM::LegendOffset);
+}
+
+
+// *** chart-wide properties ***
+
+void Chart::applyChartProperty(int role) {
+	const bool all = role < 0;
+	if (all || role == CDM::TitleText || role == CDM::TitleFont) {
+		QwtText title(m_model->chartData(CDM::TitleText).toString());
+		title.setFont(m_model->chartData(CDM::TitleFont).value<QFont>());
+		setTitle(title);
+	}
+	if (all || (role >= CDM::LegendVisible && role <= CDM::LegendFont))
+		updateLegend();
+	if (all || role == CDM::LegendIconStyle || role == CDM::LegendIconWidth) {
+		for (ChartSeries * s : m_series) {
+			LineSeries * line = dynamic_cast<LineSeries *>(s);
+			if (line != nullptr)
+				line->setLegendIcon(m_model->chartData(CDM::LegendIconStyle).toInt(),
+									m_model->chartData(CDM::LegendIconWidth).toInt());
+		}
+	}
+	if (role == CDM::AxisY2TitleInverted)
+		m_axes[CM::RightAxis]->apply(CM::AxisTitle);
+	if (role == CDM::AxisScalesInside) {
+		for (const std::unique_ptr<ChartAxis> & axis : m_axes)
+			axis->applyScaleDraw();
+		updateScaleItems();
+	}
+	if (all || role == CDM::DataReduction) {
+		for (ChartSeries * s : m_series) {
+			LineSeries * line = dynamic_cast<LineSeries *>(s);
+			if (line != nullptr)
+				line->setDataReduction(m_model->chartData(CDM::DataReduction).toBool());
+		}
+	}
+	if (all || role == CDM::ShowCurrentTimePosition || role == CDM::CurrentTimePosition)
+		updateTimeMarker();
+}
+
+
+void Chart::updateLegend() {
+	const bool visible = m_model->chartData(CDM::LegendVisible).toBool();
+	const int position = m_model->chartData(CDM::LegendPosition).toInt();
+	if (!visible || position == ChartProperties::LegendInside) {
+		insertLegend(nullptr);
+		if (visible) {
+			m_legendItem->applyProperties(*m_model);
+			if (m_legendItem->plot() != this)
+				m_legendItem->attach(this);
+		}
+		else
+			m_legendItem->detach();
+		return;
+	}
+	m_legendItem->detach();
+	Legend * legend = new Legend;
+	legend->applyProperties(*m_model);
+	// the model's positions 0..3 are numbered like the plot's legend positions
+	insertLegend(legend, static_cast<QwtPlot::LegendPosition>(position));
+}
+
+
+void Chart::updateGrid() {
+	if (m_model == nullptr)
+		return;
+	// y grid lines follow the left axis, or the right one when only that is shown
+	int yPosition = CM::LeftAxis;
+	if (!axisEnabled(QwtPlot::yLeft) && axisEnabled(QwtPlot::yRight) && m_chartType == LineChart)
+		yPosition = CM::RightAxis;
+	m_xGrid->setAxes(QwtPlot::xBottom, m_axes[yPosition]->axisId());
+	m_yGrid->setAxes(QwtPlot::xBottom, m_axes[yPosition]->axisId());
+	// bars stand on the x ticks, vertical grid lines would cut through them
+	const bool xLines = m_chartType != BarChart;
+	m_xGrid->enableX(xLines && m_model->axisData(CM::BottomAxis, CM::AxisGridVisible).toBool());
+	m_xGrid->enableXMin(xLines && m_model->axisData(CM::BottomAxis, CM::AxisMinorGridVisible).toBool());
+	m_xGrid->setMajorPen(m_model->axisData(CM::BottomAxis, CM::AxisGridPen).value<QPen>());
+	m_xGrid->setMinorPen(m_model->axisData(CM::BottomAxis, CM::AxisMinorGridPen).value<QPen>());
+	m_yGrid->enableY(m_model->axisData(yPosition, CM::AxisGridVisible).toBool());
+	m_yGrid->enableYMin(m_model->axisData(yPosition, CM::AxisMinorGridVisible).toBool());
+	m_yGrid->setMajorPen(m_model->axisData(yPosition, CM::AxisGridPen).value<QPen>());
+	m_yGrid->setMinorPen(m_model->axisData(yPosition, CM::AxisMinorGridPen).value<QPen>());
+}
+
+
+void Chart::updateColorBar() {
+	if (m_model == nullptr || (m_chartType != ColorGridChart && m_chartType != VectorFieldChart))
+		return;
+	bool visible = false;
+	QwtInterval range;
+	ColorMap colorMap;
+	if (m_chartType == ColorGridChart) {
+		typedef AbstractColorGridSeriesModel GM;
+		visible = m_model->seriesData(0, GM::ColorGridColorBarVisible).toBool();
+		colorMap = m_model->seriesData(0, GM::ColorGridColorMap).value<ColorMap>();
+		if (!m_series.empty())
+			range = static_cast<ColorGridSeries *>(m_series.front())->valueRange();
+	}
+	else {
+		typedef AbstractVectorFieldSeriesModel VM;
+		// arrows in one colour have no use for a colour bar
+		visible = m_model->seriesData(0, VM::VectorFieldColorBar).toBool() &&
+				m_model->seriesData(0, VM::VectorFieldColoredArrowsEnabled).toBool();
+		colorMap = m_model->seriesData(0, VM::VectorFieldColorMap).value<ColorMap>();
+		if (!m_series.empty())
+			range = static_cast<VectorFieldSeries *>(m_series.front())->magnitudeRange();
+	}
+	const bool validRange = range.isValid() && std::isfinite(range.minValue()) && std::isfinite(range.maxValue());
+	QwtScaleWidget * bar = axisWidget(QwtPlot::yRight);
+	if (!visible || !validRange) {
+		bar->setColorBarEnabled(false);
+		enableAxis(QwtPlot::yRight, false);
+		return;
+	}
+	// a constant field still gets a readable scale
+	if (range.width() == 0)
+		range = QwtInterval(range.minValue() - 0.5, range.maxValue() + 0.5);
+	enableAxis(QwtPlot::yRight, true);
+	bar->setColorBarEnabled(true);
+	bar->setColorBarWidth(14);
+	bar->setColorMap(range, PlotColorMap::create(colorMap));
+	setAxisScale(QwtPlot::yRight, range.minValue(), range.maxValue());
+}
+
+
+void Chart::updateZoomerAxes() {
+	int yAxis = QwtPlot::yLeft;
+	if (!axisEnabled(QwtPlot::yLeft) && axisEnabled(QwtPlot::yRight) && m_chartType == LineChart)
+		yAxis = QwtPlot::yRight;
+	m_zoomer->setAxis(QwtPlot::xBottom, yAxis);
+	// the colour bar does not zoom
+	m_zoomer->setSecondaryYAxis(yAxis == QwtPlot::yLeft && m_chartType == LineChart ? QwtPlot::yRight : -1);
+	m_picker->setAxis(QwtPlot::xBottom, yAxis);
+}
+
+
+void Chart::updateScaleItems() {
+	m_scaleItems.clear();
+	if (m_model == nullptr || !m_model->chartData(CDM::AxisScalesInside).toBool())
+		return;
+	for (int position = 0; position < CM::NUM_AXES; ++position) {
+		const ChartAxis & axis = *m_axes[position];
+		const bool colorBar = position == CM::RightAxis && (m_chartType == ColorGridChart || m_chartType == VectorFieldChart);
+		if (!axisEnabled(axis.axisId()) || colorBar)
+			continue;
+		m_scaleItems.emplace_back(new PlotScaleItem(position, axis.createScaleDraw(),
+													m_model->axisData(position, CM::AxisLabelFont).value<QFont>()));
+		m_scaleItems.back()->attach(this);
+	}
+}
+
+
+void Chart::updateTimeMarker() {
+	if (m_model->chartData(CDM::ShowCurrentTimePosition).toBool()) {
+		m_timeMarker->setXValue(m_model->chartData(CDM::CurrentTimePosition).toDouble());
+		m_timeMarker->attach(this);
+	}
+	else
+		m_timeMarker->detach();
+}
+
+
+void Chart::fitProportional() {
+	// the data rectangle of the items on the bottom and left axes, or the model's fixed ranges
+	QRectF rect;
+	bool haveRect = false;
+	for (const QwtPlotItem * item : itemList()) {
+		if (!item->testItemAttribute(QwtPlotItem::AutoScale) || item->xAxis() != QwtPlot::xBottom ||
+			item->yAxis() != QwtPlot::yLeft)
+		{
+			continue;
+		}
+		const QRectF r = item->boundingRect();
+		if (r.width() >= 0 && r.height() >= 0) {
+			// united() would drop rectangles of a single point
+			rect = haveRect ? QRectF(QPointF(qMin(rect.left(), r.left()), qMin(rect.top(), r.top())),
+									 QPointF(qMax(rect.right(), r.right()), qMax(rect.bottom(), r.bottom()))) : r;
+			haveRect = true;
+		}
+	}
+	double x1 = rect.left(), x2 = rect.right(), y1 = rect.top(), y2 = rect.bottom();
+	if (!m_model->axisData(CM::BottomAxis, CM::AxisAutoscale).toBool()) {
+		x1 = m_model->axisData(CM::BottomAxis, CM::AxisMinimum).toDouble();
+		x2 = m_model->axisData(CM::BottomAxis, CM::AxisMaximum).toDouble();
+	}
+	if (!m_model->axisData(CM::LeftAxis, CM::AxisAutoscale).toBool()) {
+		y1 = m_model->axisData(CM::LeftAxis, CM::AxisMinimum).toDouble();
+		y2 = m_model->axisData(CM::LeftAxis, CM::AxisMaximum).toDouble();
+	}
+	if (!(x2 > x1) || !(y2 > y1)) {
+		replot();
+		return;
+	}
+	m_rescaler->fitTo(QRectF(x1, y1, x2 - x1, y2 - y1));
+}
+
+} // namespace SCI

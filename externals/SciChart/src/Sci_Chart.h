@@ -1,0 +1,159 @@
+#ifndef Sci_ChartH
+#define Sci_ChartH
+
+#include <memory>
+#include <vector>
+
+#include <QList>
+
+#include <qwt_plot.h>
+
+class QwtPlotGrid;
+class QwtPlotMarker;
+
+namespace SCI {
+
+class AbstractCartesianChartModel;
+class ChartAxis;
+class ChartSeries;
+class LegendItem;
+class PlotPicker;
+class PlotRescaler;
+class PlotScaleItem;
+class PlotZoomer;
+
+/*! The plot widget of a chart model. It draws the model's series (lines, one colour grid, one
+	vector field, or bars; a chart shows series of one kind, decided by the kind of model) with
+	the model's chart, axis and series properties, and follows every change the model announces.
+
+	Redrawing can be suspended: prohibitUpdate() and allowUpdate()/allowUpdateAndReplot() count
+	nested suspensions; the model's modelAboutToBeChanged()/modelChanged() bracket a batch of
+	changes, which is then drawn once. The user zooms with a rubber band (left mouse button),
+	pans with the middle button, sees the coordinates under the mouse and can drag a legend
+	that sits inside the canvas; resetView() returns to the model's axis settings.
+
+	Series objects keep the index of the model series they show. A series that cannot be
+	created (inconsistent model data) is left out and created again when the model announces
+	new data for it.
+*/
+class Chart : public QwtPlot {
+	Q_OBJECT
+public:
+	/*! The kind of series shown, from the kind of model. */
+	enum ChartType {
+		NoChart,
+		LineChart,
+		ColorGridChart,
+		VectorFieldChart,
+		BarChart
+	};
+
+	explicit Chart(QWidget * parent = nullptr);
+	~Chart() override;
+
+	/*! Shows model (nullptr: none). The chart listens to the model's signals until another
+		model is set or the model is destroyed. Throws ZEB::Exception for a model that is none of
+		the line, colour grid, vector field and bar models. */
+	void setModel(AbstractCartesianChartModel * model);
+	AbstractCartesianChartModel * model() const { return m_model; }
+	ChartType chartType() const { return m_chartType; }
+
+	/*! Number of series objects (model series that could be drawn). */
+	int seriesCount() const { return m_series.count(); }
+	/*! Series object by position, in model order. */
+	ChartSeries * series(int position) const { return m_series.at(position); }
+	/*! Axis 0 (bottom), 1 (left) or 2 (right). */
+	ChartAxis * chartAxis(int axisPosition) const;
+	/*! The legend used when it sits inside the canvas. */
+	LegendItem * legendItem() const { return m_legendItem.get(); }
+	PlotZoomer * zoomer() const { return m_zoomer; }
+	/*! Scales drawn inside the canvas (AxisScalesInside), one per shown axis. */
+	const std::vector<std::unique_ptr<PlotScaleItem> > & scaleItems() const { return m_scaleItems; }
+
+	/*! Create the series object of model series index and insert it; each returns false and
+		reports when the series cannot be created (e.g. undefined units, inconsistent sizes).
+		Series objects of later model series must have been shifted by the caller. */
+	bool insertLineSeriesFromModel(int index);
+	bool insertColorGridSeriesFromModel(int index);
+	bool insertBarSeriesFromModel(int index);
+	bool insertVectorFieldSeriesFromModel(int index);
+
+public slots:
+	/*! Suspends redrawing (nested calls count). */
+	void prohibitUpdate();
+	/*! Ends one suspension without redrawing. */
+	void allowUpdate();
+	/*! Ends one suspension and redraws when the last one has ended. */
+	void allowUpdateAndReplot();
+	/*! Drops zoom and panning and shows the axes as the model sets them. */
+	void resetView();
+
+private slots:
+	void onChartChanged(int chartDataRole);
+	void onAxisChanged(int axisPosition, int role);
+	void onSeriesViewChanged(int start, int end, int role);
+	void onSeriesChanged(int start, int end);
+	void onSeriesAboutToBeInserted(int start, int end);
+	void onSeriesAboutToBeRemoved(int start, int end);
+	void onSeriesInserted(int start, int end);
+	void onSeriesRemoved(int start, int end);
+	void onModelAboutToBeReset();
+	void onSeriesModelReset();
+	void onModelAboutToBeDeleted();
+	/*! Back at the full view, the axes follow the model again. */
+	void onZoomed(const QRectF & rect);
+	/*! Stores the offset of a legend dragged inside the canvas in the model. */
+	void onLegendMoved(const QSize & offset);
+
+private:
+	/*! Removes all series objects and creates everything anew from the model. */
+	void rebuild();
+	/*! Creates the series object of model series index with the operation of the chart's kind,
+		reporting failures. */
+	bool insertSeriesFromModel(int index);
+	/*! Inserts a created series in model order and shows it. */
+	void addSeries(ChartSeries * series);
+	/*! Position of the series object of model series index, -1 if there is none. */
+	int positionOf(int seriesIndex) const;
+	void removeAllSeries();
+	/*! Updates what depends on the set of series: axes, bar layout, colour bar, grid, zoom axes. */
+	void afterSeriesStructureChanged();
+
+	/*! Applies one chart property (role -1: all). */
+	void applyChartProperty(int role);
+	void updateLegend();
+	void updateGrid();
+	/*! Range, colour map and visibility of the colour bar of colour grid and vector charts. */
+	void updateColorBar();
+	void updateZoomerAxes();
+	void updateScaleItems();
+	void updateTimeMarker();
+	void updateBarLayout();
+	/*! Redraws unless redrawing is suspended; keeps the zoom base in step with the data. */
+	void updatePlot();
+	/*! Fits the scales of a chart with proportional axes around its data. */
+	void fitProportional();
+
+	AbstractCartesianChartModel *				m_model = nullptr;
+	ChartType									m_chartType = NoChart;
+	/*! Series objects in model order. */
+	QList<ChartSeries *>						m_series;
+	/*! Nested suspensions of redrawing, 0 = drawing allowed. */
+	int											m_noUpdateCounter = 0;
+	std::unique_ptr<ChartAxis>					m_axes[3];
+	/*! The legend inside the canvas (attached only when the legend sits there). */
+	std::unique_ptr<LegendItem>					m_legendItem;
+	/*! Grid lines of the x axis and of the y axis, each with its own pens. */
+	std::unique_ptr<QwtPlotGrid>				m_xGrid;
+	std::unique_ptr<QwtPlotGrid>				m_yGrid;
+	/*! Vertical line at the current time position. */
+	std::unique_ptr<QwtPlotMarker>				m_timeMarker;
+	std::vector<std::unique_ptr<PlotScaleItem> >	m_scaleItems;
+	PlotZoomer *								m_zoomer = nullptr;
+	PlotPicker *								m_picker = nullptr;
+	PlotRescaler *								m_rescaler = nullptr;
+};
+
+} // namespace SCI
+
+#endif // Sci_ChartH

@@ -1,0 +1,264 @@
+#include "Sci_Export2BitmapWidget.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <qwt_plot.h>
+
+#include <ZEB_Exception.h>
+
+#include "Sci_PositiveNumberLineEdit.h"
+
+namespace SCI {
+
+/*! Millimetres per inch. */
+static const double MM_PER_INCH = 25.4;
+/*! Box the scaled preview is fitted into. */
+static const QSize SCALED_PREVIEW_SIZE(360, 270);
+/*! Pixel counts are limited to this value, so that absurd entries stay integers; an image
+	that large cannot be created and is reported when exporting.
+*/
+static const double MAX_PIXELS = 1e6;
+
+/*! A pixel count as whole number between 1 and MAX_PIXELS. */
+static int pixelCount(double pixels) {
+	return static_cast<int>(std::lround(std::clamp(pixels, 1.0, MAX_PIXELS)));
+}
+
+/*! The widgets of the tab. */
+struct Export2BitmapWidget::Ui {
+	QSpinBox *					spinBox_resolution = nullptr;
+	QRadioButton *				radioButtonPixels = nullptr;
+	QRadioButton *				radioButtonMM = nullptr;
+	PositiveNumberLineEdit *	lineEditPixelX = nullptr;
+	PositiveNumberLineEdit *	lineEditPixelY = nullptr;
+	PositiveNumberLineEdit *	lineEditMMX = nullptr;
+	PositiveNumberLineEdit *	lineEditMMY = nullptr;
+	QCheckBox *					checkBoxAspectRatio = nullptr;
+	QCheckBox *					checkBoxApplyDPI = nullptr;
+	QTabWidget *				tabWidgetPreview = nullptr;
+	QLabel *					labelPreviewUnscaled = nullptr;
+	QLabel *					labelPreviewScaled = nullptr;
+};
+
+
+Export2BitmapWidget::Export2BitmapWidget(QwtPlot * plot, QWidget * parent) :
+	QWidget(parent),
+	m_ui(new Ui),
+	m_plot(plot)
+{
+	setupUi();
+	if (plot != nullptr && plot->width() > 0 && plot->height() > 0)
+		m_aspectRatio = static_cast<double>(plot->width())/plot->height();
+
+	// the chart's size on screen, before the slots are connected
+	const int dpi = ChartExporter::screenResolution();
+	m_ui->spinBox_resolution->setValue(dpi);
+	const QSize screenSize = plot != nullptr ? plot->size() : QSize(800, 600);
+	m_ui->lineEditPixelX->setValue(std::max(1, screenSize.width()), 0);
+	m_ui->lineEditPixelY->setValue(std::max(1, screenSize.height()), 0);
+	m_ui->radioButtonPixels->setChecked(true);
+	m_ui->lineEditMMX->setEnabled(false);
+	m_ui->lineEditMMY->setEnabled(false);
+
+	QMetaObject::connectSlotsByName(this);
+	connect(m_ui->checkBoxApplyDPI, &QCheckBox::toggled, this, &Export2BitmapWidget::updatePreview);
+	updateDimensions();
+}
+
+
+Export2BitmapWidget::~Export2BitmapWidget() = default;
+
+
+void Export2BitmapWidget::setComponents(const ExportComponents & components) {
+	m_exporter.setComponents(components);
+	updatePreview();
+}
+
+
+bool Export2BitmapWidget::canExport() const {
+	if (m_ui->radioButtonPixels->isChecked())
+		return m_ui->lineEditPixelX->isValid() && m_ui->lineEditPixelY->isValid();
+	return m_ui->lineEditMMX->isValid() && m_ui->lineEditMMY->isValid();
+}
+
+
+QSize Export2BitmapWidget::pixelSize() const {
+	return QSize(pixelCount(m_ui->lineEditPixelX->value()), pixelCount(m_ui->lineEditPixelY->value()));
+}
+
+
+int Export2BitmapWidget::resolution() const {
+	return m_ui->spinBox_resolution->value();
+}
+
+
+QImage Export2BitmapWidget::image() const {
+	FUNCID(Export2BitmapWidget::image);
+	if (!canExport())
+		throw ZEB::Exception("Invalid bitmap size.", FUNC_ID);
+	if (!m_image.isNull())
+		return m_image;
+	return m_exporter.renderImage(m_plot, pixelSize(), resolution(), m_ui->checkBoxApplyDPI->isChecked());
+}
+
+
+void Export2BitmapWidget::updateDimensions() {
+	const double dpi = resolution();
+	if (m_ui->radioButtonPixels->isChecked()) {
+		if (m_ui->lineEditPixelX->isValid() && m_ui->lineEditPixelY->isValid()) {
+			m_ui->lineEditMMX->setValue(m_ui->lineEditPixelX->value()*MM_PER_INCH/dpi, 1);
+			m_ui->lineEditMMY->setValue(m_ui->lineEditPixelY->value()*MM_PER_INCH/dpi, 1);
+		}
+	}
+	else if (m_ui->lineEditMMX->isValid() && m_ui->lineEditMMY->isValid()) {
+		m_ui->lineEditPixelX->setValue(pixelCount(m_ui->lineEditMMX->value()*dpi/MM_PER_INCH), 0);
+		m_ui->lineEditPixelY->setValue(pixelCount(m_ui->lineEditMMY->value()*dpi/MM_PER_INCH), 0);
+	}
+	updatePreview();
+	emit exportButtonsEnabled(canExport());
+}
+
+
+void Export2BitmapWidget::on_spinBox_resolution_valueChanged(int) {
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::on_lineEditPixelX_editingFinished() {
+	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelX->isValid())
+		m_ui->lineEditPixelY->setValue(pixelCount(m_ui->lineEditPixelX->value()/m_aspectRatio), 0);
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::on_lineEditPixelY_editingFinished() {
+	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelY->isValid())
+		m_ui->lineEditPixelX->setValue(pixelCount(m_ui->lineEditPixelY->value()*m_aspectRatio), 0);
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::on_lineEditMMX_editingFinished() {
+	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMX->isValid())
+		m_ui->lineEditMMY->setValue(m_ui->lineEditMMX->value()/m_aspectRatio, 1);
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::on_lineEditMMY_editingFinished() {
+	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMY->isValid())
+		m_ui->lineEditMMX->setValue(m_ui->lineEditMMY->value()*m_aspectRatio, 1);
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::on_radioButtonPixels_toggled(bool checked) {
+	m_ui->lineEditPixelX->setEnabled(checked);
+	m_ui->lineEditPixelY->setEnabled(checked);
+	m_ui->lineEditMMX->setEnabled(!checked);
+	m_ui->lineEditMMY->setEnabled(!checked);
+	updateDimensions();
+}
+
+
+void Export2BitmapWidget::setupUi() {
+	Ui & ui = *m_ui;
+	QGridLayout * grid = new QGridLayout;
+
+	grid->addWidget(new QLabel(tr("Resolution [dpi]:"), this), 0, 0);
+	ui.spinBox_resolution = new QSpinBox(this);
+	ui.spinBox_resolution->setObjectName("spinBox_resolution");
+	ui.spinBox_resolution->setRange(10, 2400);
+	grid->addWidget(ui.spinBox_resolution, 0, 1);
+
+	ui.radioButtonPixels = new QRadioButton(tr("Size [pixel]:"), this);
+	ui.radioButtonPixels->setObjectName("radioButtonPixels");
+	grid->addWidget(ui.radioButtonPixels, 1, 0);
+	ui.lineEditPixelX = new PositiveNumberLineEdit(this);
+	ui.lineEditPixelX->setObjectName("lineEditPixelX");
+	ui.lineEditPixelX->setIntegerOnly(true);
+	grid->addWidget(ui.lineEditPixelX, 1, 1);
+	grid->addWidget(new QLabel("x", this), 1, 2);
+	ui.lineEditPixelY = new PositiveNumberLineEdit(this);
+	ui.lineEditPixelY->setObjectName("lineEditPixelY");
+	ui.lineEditPixelY->setIntegerOnly(true);
+	grid->addWidget(ui.lineEditPixelY, 1, 3);
+
+	ui.radioButtonMM = new QRadioButton(tr("Size [mm]:"), this);
+	ui.radioButtonMM->setObjectName("radioButtonMM");
+	grid->addWidget(ui.radioButtonMM, 2, 0);
+	ui.lineEditMMX = new PositiveNumberLineEdit(this);
+	ui.lineEditMMX->setObjectName("lineEditMMX");
+	grid->addWidget(ui.lineEditMMX, 2, 1);
+	grid->addWidget(new QLabel("x", this), 2, 2);
+	ui.lineEditMMY = new PositiveNumberLineEdit(this);
+	ui.lineEditMMY->setObjectName("lineEditMMY");
+	grid->addWidget(ui.lineEditMMY, 2, 3);
+
+	ui.checkBoxAspectRatio = new QCheckBox(tr("Keep aspect ratio"), this);
+	ui.checkBoxAspectRatio->setObjectName("checkBoxAspectRatio");
+	ui.checkBoxAspectRatio->setChecked(true);
+	grid->addWidget(ui.checkBoxAspectRatio, 3, 0, 1, 4);
+	ui.checkBoxApplyDPI = new QCheckBox(tr("Scale plot items/fonts with resolution"), this);
+	ui.checkBoxApplyDPI->setObjectName("checkBoxApplyDPI");
+	ui.checkBoxApplyDPI->setChecked(true);
+	grid->addWidget(ui.checkBoxApplyDPI, 4, 0, 1, 4);
+
+	ui.tabWidgetPreview = new QTabWidget(this);
+	ui.tabWidgetPreview->setObjectName("tabWidgetPreview");
+	QScrollArea * scrollArea = new QScrollArea(ui.tabWidgetPreview);
+	ui.labelPreviewUnscaled = new QLabel(scrollArea);
+	ui.labelPreviewUnscaled->setObjectName("labelPreviewUnscaled");
+	ui.labelPreviewUnscaled->setAlignment(Qt::AlignCenter);
+	scrollArea->setWidget(ui.labelPreviewUnscaled);
+	scrollArea->setWidgetResizable(true);
+	ui.tabWidgetPreview->addTab(scrollArea, tr("Preview in original size"));
+	ui.labelPreviewScaled = new QLabel(ui.tabWidgetPreview);
+	ui.labelPreviewScaled->setObjectName("labelPreviewScaled");
+	ui.labelPreviewScaled->setAlignment(Qt::AlignCenter);
+	ui.labelPreviewScaled->setMinimumSize(SCALED_PREVIEW_SIZE);
+	ui.tabWidgetPreview->addTab(ui.labelPreviewScaled, tr("Scaled preview image"));
+	ui.tabWidgetPreview->setCurrentIndex(1);
+
+	QVBoxLayout * layout = new QVBoxLayout(this);
+	layout->addLayout(grid);
+	layout->addWidget(ui.tabWidgetPreview, 1);
+}
+
+
+void Export2BitmapWidget::updatePreview() {
+	m_image = QImage();
+	m_ui->labelPreviewUnscaled->clear();
+	m_ui->labelPreviewScaled->clear();
+	if (!canExport() || m_plot == nullptr)
+		return;
+	const QSize size = pixelSize();
+	if (size.width() > MAX_PREVIEW_SIDE || size.height() > MAX_PREVIEW_SIDE) {
+		m_ui->labelPreviewUnscaled->setText(tr("Bitmap too large to preview."));
+		m_ui->labelPreviewScaled->setText(tr("Bitmap too large to preview."));
+		return;
+	}
+	try {
+		m_image = m_exporter.renderImage(m_plot, size, resolution(), m_ui->checkBoxApplyDPI->isChecked());
+	}
+	catch (ZEB::Exception & ex) {
+		// the preview stays empty; exporting will report the error again
+		ex.reportAllAsErrors();
+		return;
+	}
+	m_ui->labelPreviewUnscaled->setPixmap(QPixmap::fromImage(m_image));
+	m_ui->labelPreviewScaled->setPixmap(QPixmap::fromImage(
+		m_image.scaled(SCALED_PREVIEW_SIZE, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+}
+
+} // namespace SCI

@@ -1,0 +1,73 @@
+#ifndef Sci_Export2VectorWidgetH
+#define Sci_Export2VectorWidgetH
+
+#include <memory>
+
+#include <QPointer>
+#include <QSizeF>
+#include <QWidget>
+
+#include "Sci_ChartExporter.h"
+
+class QwtPlot;
+
+namespace SCI {
+
+/*! The vector graphics tab of the export dialog: size in millimetres (optionally in the chart's
+	proportions), background painting, data reduction, the list of last used sizes and a preview
+	of the chart laid out for that size.
+*/
+class Export2VectorWidget : public QWidget {
+	Q_OBJECT
+public:
+	/*! Largest width or height of the preview image in pixels. */
+	static const int MAX_PREVIEW_SIDE = 800;
+
+	/*! Starts with the chart's size on screen in millimetres. */
+	explicit Export2VectorWidget(QwtPlot * plot, QWidget * parent = nullptr);
+	~Export2VectorWidget() override;
+
+	/*! Parts of the chart to draw; updates the preview. */
+	void setComponents(const ExportComponents & components);
+
+	/*! True when both sides are positive numbers. */
+	bool canExport() const;
+	/*! The size entered in millimetres; a side that is not a positive number is 0. */
+	QSizeF sizeMM() const;
+	/*! The exporter with the settings of this tab. */
+	const ChartExporter & exporter() const { return m_exporter; }
+
+signals:
+	/*! The settings became valid (true) or invalid (false). */
+	void exportButtonsEnabled(bool enabled);
+
+private slots:
+	void on_lineEditMMX_editingFinishedSuccessfully();
+	void on_lineEditMMY_editingFinishedSuccessfully();
+	void on_checkBoxDataReduction_toggled(bool checked);
+	void on_comboBoxLastPlotDimensions_currentIndexChanged(int index);
+
+private:
+	struct Ui;
+
+	/*! Builds the widgets. */
+	void setupUi();
+	/*! Fills the list of last used sizes from the settings, with an empty entry first. */
+	void updateDimensionHistory();
+	/*! Stores the current size in the history, when both sides are valid. */
+	void storeDimensions();
+	/*! Shows the current settings in the preview and announces whether they are valid. */
+	void settingsChanged();
+	/*! Renders the preview for the current settings. */
+	void updatePreview();
+
+	std::unique_ptr<Ui>	m_ui;
+	QPointer<QwtPlot>	m_plot;
+	/*! Width / height of the chart on screen, used to keep the aspect ratio. */
+	double				m_aspectRatio = 1;
+	ChartExporter		m_exporter;
+};
+
+} // namespace SCI
+
+#endif // Sci_Export2VectorWidgetH

@@ -1,0 +1,33 @@
+#include "Sci_Legend.h"
+
+#include <QLayout>
+
+#include "Sci_AbstractChartModel.h"
+
+namespace SCI {
+
+Legend::Legend(QWidget * parent) :
+	QwtLegend(parent)
+{
+	setAutoFillBackground(true);
+}
+
+
+void Legend::applyProperties(const AbstractChartModel & model) {
+	typedef AbstractChartModel M;
+	setFrameStyle(model.chartData(M::LegendHasFrame).toBool() ? (QFrame::Box | QFrame::Plain) : QFrame::NoFrame);
+	setLineWidth(1);
+	setFont(model.chartData(M::LegendFont).value<QFont>());
+	setMaxColumns(static_cast<uint>(qMax(0, model.chartData(M::LegendMaxColumns).toInt())));
+	if (contentsWidget()->layout() != nullptr)
+		contentsWidget()->layout()->setSpacing(qMax(0, model.chartData(M::LegendSpacing).toInt()));
+
+	QColor background = model.chartData(M::LegendBackgroundColor).value<QColor>();
+	background.setAlphaF(qBound(0.0, model.chartData(M::LegendBackgroundTransparency).toDouble(), 1.0));
+	QPalette pal = palette();
+	pal.setColor(QPalette::Window, background);
+	pal.setColor(QPalette::WindowText, QColor(60, 60, 60));
+	setPalette(pal);
+}
+
+} // namespace SCI

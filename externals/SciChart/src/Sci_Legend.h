@@ -1,0 +1,25 @@
+#ifndef Sci_LegendH
+#define Sci_LegendH
+
+#include <qwt_legend.h>
+
+namespace SCI {
+
+class AbstractChartModel;
+
+/*! The legend of a chart when it is placed beside the canvas (left, right, top or bottom):
+	entries of the curves and bars, with the frame, font, background, spacing and column limit
+	of the chart model's legend properties.
+*/
+class Legend : public QwtLegend {
+	Q_OBJECT
+public:
+	explicit Legend(QWidget * parent = nullptr);
+
+	/*! Takes over the legend properties of the model. */
+	void applyProperties(const AbstractChartModel & model);
+};
+
+} // namespace SCI
+
+#endif // Sci_LegendH

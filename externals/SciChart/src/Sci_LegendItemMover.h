@@ -1,0 +1,43 @@
+#ifndef Sci_LegendItemMoverH
+#define Sci_LegendItemMoverH
+
+#include <QObject>
+#include <QPoint>
+#include <QSize>
+
+class QwtPlot;
+
+namespace SCI {
+
+class LegendItem;
+
+/*! Lets the user drag the legend inside the canvas with the left mouse button. While dragging,
+	the legend follows the mouse; when the button is released, legendMoved() hands the new
+	offset on (the chart stores it in its model). Mouse events that start on the legend do not
+	reach zoomer and picker.
+*/
+class LegendItemMover : public QObject {
+	Q_OBJECT
+public:
+	/*! Watches the canvas of plot; item is the legend inside that canvas. */
+	LegendItemMover(QwtPlot * plot, LegendItem * item);
+
+	bool eventFilter(QObject * watched, QEvent * event) override;
+
+signals:
+	/*! The legend was dropped at this offset from its corner. */
+	void legendMoved(const QSize & offset);
+
+private:
+	QwtPlot *		m_plot;
+	LegendItem *	m_item;
+	bool			m_dragging = false;
+	/*! Mouse position where the drag began. */
+	QPoint			m_start;
+	/*! Offset of the legend when the drag began. */
+	QSize			m_startOffset;
+};
+
+} // namespace SCI
+
+#endif // Sci_LegendItemMoverH

@@ -1,0 +1,95 @@
+#include "Sci_PlotCurve.h"
+
+#include <cmath>
+
+#include <qwt_plot.h>
+#include <qwt_scale_map.h>
+#include <qwt_transform.h>
+
+#include "Sci_CurveData.h"
+
+namespace SCI {
+
+namespace {
+
+/*! True when values on an axis with this map must be positive. */
+bool isLogarithmic(const QwtScaleMap & map) {
+	return dynamic_cast<const QwtLogTransform *>(map.transformation()) != nullptr;
+}
+
+} // namespace
+
+
+PlotCurve::PlotCurve(const QString & title) :
+	QwtPlotCurve(title)
+{
+	setRenderHint(QwtPlotItem::RenderAntialiased, true);
+	setLegendAttribute(QwtPlotCurve::LegendShowLine, true);
+	setLegendAttribute(QwtPlotCurve::LegendShowSymbol, true);
+}
+
+
+void PlotCurve::setLegendIconStyle(int style) {
+	const int s = style == IconBox ? IconBox : IconLine;
+	if (s == m_iconStyle)
+		return;
+	m_iconStyle = s;
+	legendChanged();
+}
+
+
+QRectF PlotCurve::boundingRect() const {
+	const CurveData * data = dynamic_cast<const CurveData *>(this->data());
+	if (data == nullptr)
+		return QwtPlotCurve::boundingRect();
+	if (plot() == nullptr)
+		return data->boundingRect();
+	return data->boundingRect(isLogarithmic(plot()->canvasMap(xAxis())),
+							  isLogarithmic(plot()->canvasMap(yAxis())));
+}
+
+
+void PlotCurve::drawSeries(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+						   const QRectF & canvasRect, int from, int to) const
+{
+	const int n = static_cast<int>(dataSize());
+	if (to < 0)
+		to = n - 1;
+	from = qMax(from, 0);
+	to = qMin(to, n - 1);
+	const bool logX = isLogarithmic(xMap);
+	const bool logY = isLogarithmic(yMap);
+	int runStart = -1;
+	for (int i = from; i <= to + 1; ++i) {
+		bool drawable = false;
+		if (i <= to) {
+			const QPointF p = sample(static_cast<size_t>(i));
+			drawable = std::isfinite(p.x()) && std::isfinite(p.y()) && (!logX || p.x() > 0) && (!logY || p.y() > 0);
+		}
+		if (drawable && runStart < 0)
+			runStart = i;
+		else if (!drawable && runStart >= 0) {
+			QwtPlotCurve::drawSeries(painter, xMap, yMap, canvasRect, runStart, i - 1);
+			runStart = -1;
+		}
+	}
+}
+
+
+void PlotCurve::drawCurve(QPainter * painter, int style, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+						  const QRectF & canvasRect, int from, int to) const
+{
+	if (style == QwtPlotCurve::Lines && testCurveAttribute(QwtPlotCurve::Fitted))
+		drawLines(painter, xMap, yMap, canvasRect, from, to);
+	else
+		QwtPlotCurve::drawCurve(painter, style, xMap, yMap, canvasRect, from, to);
+}
+
+
+QwtGraphic PlotCurve::legendIcon(int index, const QSizeF & size) const {
+	if (m_iconStyle == IconBox)
+		return defaultIcon(pen().color(), size);
+	return QwtPlotCurve::legendIcon(index, size);
+}
+
+} // namespace SCI

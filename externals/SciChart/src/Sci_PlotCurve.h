@@ -1,0 +1,47 @@
+#ifndef Sci_PlotCurveH
+#define Sci_PlotCurveH
+
+#include <qwt_plot_curve.h>
+
+namespace SCI {
+
+/*! The curve of a line series. Compared to the library's curve it leaves gaps where a point
+	cannot be drawn (a value that is not finite, or not positive on a logarithmic axis) instead
+	of drawing lines to nowhere, takes only drawable points into account for autoscaling, and
+	offers two legend icons: a line sample with the marker, or a box in the line colour.
+*/
+class PlotCurve : public QwtPlotCurve {
+public:
+	/*! Legend icon styles, numbered as the chart property LegendIconStyle. */
+	enum IconStyle {
+		IconLine	= 0,	///< a piece of the line with the marker in its middle
+		IconBox		= 1		///< a box filled with the line colour
+	};
+
+	explicit PlotCurve(const QString & title = QString());
+
+	/*! Sets the legend icon style (an IconStyle; other numbers give the line sample). */
+	void setLegendIconStyle(int style);
+
+	/*! Bounding rectangle of the points that can be drawn with the current axis scales. */
+	QRectF boundingRect() const override;
+
+	/*! Draws the points from..to, split into runs of drawable points. */
+	void drawSeries(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+					const QRectF & canvasRect, int from, int to) const override;
+
+	QwtGraphic legendIcon(int index, const QSizeF & size) const override;
+
+protected:
+	/*! Draws the points from..to in the given style. Fitted lines are fitted over exactly
+		these points: the library would fit over the whole curve, bridging the gaps. */
+	void drawCurve(QPainter * painter, int style, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+				   const QRectF & canvasRect, int from, int to) const override;
+
+private:
+	int	m_iconStyle = IconLine;
+};
+
+} // namespace SCI
+
+#endif // Sci_PlotCurveH

@@ -1,0 +1,473 @@
+// Chart export without dialog: every file format is written, opened by an independent tool,
+// rendered back and compared with the chart drawn straight into an image; sizes, resolutions,
+// components, write errors and the command-line rules.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QRegularExpression>
+
+#include <qwt_plot.h>
+
+#include <ZEB_Exception.h>
+
+#include <Sci_AbstractLineSeriesModel.h>
+#include <Sci_Chart.h>
+#include <Sci_ChartExporter.h>
+#include <Sci_ExportDialog.h>
+
+#include "Sci_ExportTestSupport.h"
+#include "Sci_TestSupport.h"
+
+using namespace SciTest;
+using SCI::ChartExporter;
+
+namespace {
+
+/*! Gives each test a plot; widgets need a QApplication. */
+class SciChartExporter : public ::testing::Test {
+protected:
+	void SetUp() override {
+		if (!haveWidgetApplication())
+			GTEST_FAIL() << "The test program must create a QApplication for widget tests.";
+		m_plot = createTestPlot();
+	}
+	std::unique_ptr<QwtPlot> m_plot;
+};
+
+
+/*! The tool that reads files of that extension. */
+QString toolFor(const QString & ext) {
+	if (ext == "svg")
+		return "rsvg-convert";
+	if (ext == "pdf")
+		return "pdftoppm";
+	if (ext == "emf")
+		return "emf2svg-conv";
+	return "identify";
+}
+
+
+/*! Renders an exported file back into an image of the given size with independent tools; a
+	null image when a tool fails.
+*/
+QImage renderBack(const QString & file, const QSize & size) {
+	const QString ext = QFileInfo(file).suffix();
+	const QString png = file + ".back.png";
+	QFile::remove(png);
+	const QString w = QString::number(size.width());
+	const QString h = QString::number(size.height());
+	bool ok = false;
+	if (ext == "png" || ext == "bmp" || ext == "jpg") {
+		ok = runTool("convert", QStringList() << file << "png:" + png);
+	}
+	else if (ext == "svg") {
+		ok = runTool("rsvg-convert", QStringList() << "-w" << w << "-h" << h << "-o" << png << file);
+	}
+	else if (ext == "pdf") {
+		// pdftoppm appends ".png" to the output prefix
+		ok = runTool("pdftoppm", QStringList() << "-png" << "-singlefile" << "-scale-to-x" << w
+					 << "-scale-to-y" << h << file << file + ".back");
+	}
+	else if (ext == "emf") {
+		const QString svg = file + ".svg";
+		ok = runTool("emf2svg-conv", QStringList() << "-i" << file << "-o" << svg)
+			 && runTool("rsvg-convert", QStringList() << "-w" << w << "-h" << h << "-b" << "white" << "-o" << png << svg);
+	}
+	return ok ? QImage(png) : QImage();
+}
+
+
+/*! Number from the first match of pattern's first capture in text, NaN without match. */
+double capturedNumber(const QString & text, const QString & pattern) {
+	const QRegularExpressionMatch m = QRegularExpression(pattern).match(text);
+	return m.hasMatch() ? m.captured(1).toDouble() : std::numeric_limits<double>::quiet_NaN();
+}
+
+
+/*! A little-endian 32-bit integer of a byte array. */
+std::int32_t int32At(const QByteArray & data, int offset) {
+	std::uint32_t v = 0;
+	for (int i = 3; i >= 0; --i)
+		v = (v << 8) | static_cast<unsigned char>(data[offset + i]);
+	return static_cast<std::int32_t>(v);
+}
+
+
+class SciChartExportFormat : public SciChartExporter, public ::testing::WithParamInterface<const char *> {};
+
+} // namespace
+
+
+TEST_P(SciChartExportFormat, FileOpensInIndependentToolAndShowsTheChart) {
+	const QString ext = GetParam();
+	if (!toolAvailable(toolFor(ext)) || !toolAvailable(ext == "emf" ? "rsvg-convert" : toolFor(ext)))
+		GTEST_SKIP() << "tool missing: " << toolFor(ext).toStdString();
+	if ((ext == "png" || ext == "bmp" || ext == "jpg") && !toolAvailable("convert"))
+		GTEST_SKIP() << "tool missing: convert";
+
+	const QSize size(600, 400);
+	const QImage reference = directRender(m_plot.get(), size);
+	// the reference itself must show what the checks look for
+	ASSERT_GT(countPixels(reference, titleRegion(reference), isDark), 50);
+	ASSERT_GT(countPixels(reference, QRect(), isCurveColor), 500);
+
+	const QString file = scratchPath("chart_format." + ext);
+	QFile::remove(file);
+	ChartExporter().exportFile(m_plot.get(), file, size, 96);
+	ASSERT_GT(QFileInfo(file).size(), 0);
+
+	if (ext == "png" || ext == "bmp" || ext == "jpg") {
+		QString info;
+		ASSERT_TRUE(runTool("identify", QStringList() << "-format" << "%m %w %h" << file, &info));
+		const QString expectedFormat = ext == "jpg" ? "JPEG" : ext == "bmp" ? "BMP" : "PNG";
+		EXPECT_TRUE(info.startsWith(expectedFormat)) << info.toStdString();
+		EXPECT_TRUE(info.endsWith(" 600 400")) << info.toStdString();
+	}
+
+	const QImage back = renderBack(file, size);
+	ASSERT_FALSE(back.isNull()) << "the independent tool could not read the file";
+	back.save(scratchPath("look_chart_format_" + ext + ".png"));
+	EXPECT_EQ(back.size(), size);
+	EXPECT_GT(countPixels(back, titleRegion(back), isDark), 50) << "title missing";
+	EXPECT_GT(countPixels(back, QRect(), isCurveColor), 300) << "curve missing";
+	EXPECT_GT(countPixels(back, QRect(), [](const QColor & c) { return isNear(c, CANVAS_BACKGROUND); }), 100000)
+			<< "canvas missing";
+	EXPECT_GT(countPixels(back, QRect(), [](const QColor & c) { return isNear(c, PLOT_BACKGROUND); }), 20000)
+			<< "background missing";
+	EXPECT_LT(blockDifference(back, reference), 0.03) << "layout differs from the chart";
+}
+
+INSTANTIATE_TEST_SUITE_P(AllFormats, SciChartExportFormat,
+						 ::testing::Values("png", "bmp", "jpg", "svg", "pdf", "emf"));
+
+
+TEST_F(SciChartExporter, VectorFilesHaveTheRequestedSizeAndTitle) {
+	const QSizeF sizeMM(100, 50);
+	ChartExporter exporter;
+
+	const QString pdf = scratchPath("size.pdf");
+	exporter.exportVector(m_plot.get(), pdf, sizeMM);
+	if (toolAvailable("pdfinfo")) {
+		QString info;
+		ASSERT_TRUE(runTool("pdfinfo", QStringList() << pdf, &info));
+		// 100 mm = 283.46 pt, 50 mm = 141.73 pt; the page is exactly the requested size
+		// (the PDF writer rounds page sizes to whole points)
+		EXPECT_NEAR(capturedNumber(info, "Page size:\\s+([0-9.]+) x"), 283.46, 0.5);
+		EXPECT_NEAR(capturedNumber(info, "Page size:\\s+[0-9.]+ x ([0-9.]+)"), 141.73, 0.5);
+		EXPECT_TRUE(info.contains(QRegularExpression("Title:\\s+Export Test"))) << info.toStdString();
+	}
+
+	// the vector files are whole pixels at screen resolution: within one pixel of the size
+	const double pixelMM = 25.4/ChartExporter::screenResolution();
+	const QString svg = scratchPath("size.svg");
+	exporter.exportVector(m_plot.get(), svg, sizeMM);
+	QFile svgFile(svg);
+	ASSERT_TRUE(svgFile.open(QIODevice::ReadOnly));
+	const QString svgText = QString::fromUtf8(svgFile.readAll());
+	EXPECT_NEAR(capturedNumber(svgText, "<svg width=\"([0-9.]+)mm\""), 100, pixelMM);
+	EXPECT_NEAR(capturedNumber(svgText, "height=\"([0-9.]+)mm\""), 50, pixelMM);
+	EXPECT_TRUE(svgText.contains("<title>Export Test</title>"));
+
+	// the EMF header's frame is the picture size in 0.01 mm, inclusive
+	const QString emf = scratchPath("size.emf");
+	exporter.exportVector(m_plot.get(), emf, sizeMM);
+	QFile emfFile(emf);
+	ASSERT_TRUE(emfFile.open(QIODevice::ReadOnly));
+	const QByteArray header = emfFile.read(88);
+	ASSERT_EQ(header.size(), 88);
+	EXPECT_EQ(header.mid(40, 4), QByteArray(" EMF"));
+	EXPECT_NEAR(int32At(header, 32) + 1, 10000, pixelMM*100);
+	EXPECT_NEAR(int32At(header, 36) + 1, 5000, pixelMM*100);
+}
+
+
+TEST_F(SciChartExporter, UncheckedComponentsAreLeftOut) {
+	const QSize size(600, 400);
+	auto render = [&](void (*switchOff)(SCI::ExportComponents &)) {
+		SCI::ExportComponents components;
+		if (switchOff != nullptr)
+			switchOff(components);
+		ChartExporter exporter;
+		exporter.setComponents(components);
+		return exporter.renderImage(m_plot.get(), size, 96, false);
+	};
+	auto near = [](const QColor & ref) { return [ref](const QColor & c) { return isNear(c, ref, 3); }; };
+	// below the x axis only the legend has the curve's colour (its icon)
+	const QRect legendRegion(0, size.height()*9/10, size.width(), size.height()/10);
+
+	const QImage all = render(nullptr);
+	all.save(scratchPath("look_components_all.png"));
+	EXPECT_LT(blockDifference(all, directRender(m_plot.get(), size)), 0.01);
+	EXPECT_GT(countPixels(all, QRect(), isTitleColor), 50);
+	EXPECT_GT(countPixels(all, legendRegion, isCurveColor), 10);
+	EXPECT_GT(countPixels(all, QRect(), near(PLOT_BACKGROUND)), 20000);
+	EXPECT_GT(countPixels(all, QRect(), near(CANVAS_BACKGROUND)), 100000);
+
+	const QImage noTitle = render([](SCI::ExportComponents & c) { c.m_title = false; });
+	EXPECT_EQ(countPixels(noTitle, QRect(), isTitleColor), 0);
+	EXPECT_GT(countPixels(noTitle, legendRegion, isCurveColor), 10);
+
+	const QImage noLegend = render([](SCI::ExportComponents & c) { c.m_legend = false; });
+	EXPECT_EQ(countPixels(noLegend, legendRegion, isCurveColor), 0);
+	EXPECT_GT(countPixels(noLegend, QRect(), isTitleColor), 50);
+
+	const QImage noBackground = render([](SCI::ExportComponents & c) { c.m_background = false; });
+	EXPECT_EQ(countPixels(noBackground, QRect(), near(PLOT_BACKGROUND)), 0);
+	EXPECT_GT(countPixels(noBackground, QRect(), near(CANVAS_BACKGROUND)), 100000);
+
+	const QImage noCanvas = render([](SCI::ExportComponents & c) { c.m_canvasBackground = false; });
+	EXPECT_EQ(countPixels(noCanvas, QRect(), near(CANVAS_BACKGROUND)), 0);
+	EXPECT_GT(countPixels(noCanvas, QRect(), near(PLOT_BACKGROUND)), 20000);
+
+	// without its frame the canvas takes the frame's place: more canvas, same chart
+	const QImage noFrame = render([](SCI::ExportComponents & c) { c.m_canvasFrame = false; });
+	noFrame.save(scratchPath("look_components_noframe.png"));
+	EXPECT_GT(countPixels(noFrame, QRect(), near(CANVAS_BACKGROUND)),
+			  countPixels(all, QRect(), near(CANVAS_BACKGROUND)) + 500);
+	EXPECT_LT(blockDifference(noFrame, all), 0.01);
+}
+
+
+TEST_F(SciChartExporter, PaintedBackgroundLeavesNoTransparency) {
+	if (!toolAvailable("rsvg-convert"))
+		GTEST_SKIP() << "tool missing: rsvg-convert";
+	SCI::ExportComponents components;
+	components.m_background = false;
+	for (bool paintBackground : { false, true }) {
+		SCOPED_TRACE(paintBackground ? "painted" : "transparent");
+		ChartExporter exporter;
+		exporter.setComponents(components);
+		exporter.setPaintBackground(paintBackground);
+		const QString svg = scratchPath(paintBackground ? "opaque.svg" : "transparent.svg");
+		exporter.exportVector(m_plot.get(), svg, QSizeF(150, 100));
+		ASSERT_TRUE(runTool("rsvg-convert", QStringList() << "-o" << svg + ".png" << svg));
+		const QImage back = QImage(svg + ".png").convertToFormat(QImage::Format_ARGB32);
+		ASSERT_FALSE(back.isNull());
+		// the corners lie outside title, axes and canvas
+		for (const QPoint & p : { QPoint(1, 1), QPoint(back.width() - 2, back.height() - 2) }) {
+			const QColor c = back.pixelColor(p);
+			if (paintBackground)
+				EXPECT_EQ(c, QColor(Qt::white));
+			else
+				EXPECT_EQ(c.alpha(), 0);
+		}
+		EXPECT_GT(countPixels(back, QRect(), isCurveColor), 300);
+	}
+}
+
+
+TEST_F(SciChartExporter, BitmapResolutionScalesFontsOnlyWhenAsked) {
+	ChartExporter exporter;
+	const QImage screen = exporter.renderImage(m_plot.get(), QSize(600, 400), 96, true);
+	const QImage scaled = exporter.renderImage(m_plot.get(), QSize(1200, 800), 192, true);
+	const QImage unscaled = exporter.renderImage(m_plot.get(), QSize(1200, 800), 192, false);
+	const int h96 = titleTextHeight(screen);
+	ASSERT_GT(h96, 5);
+	// twice the resolution in twice the pixels: the same chart, twice as large
+	EXPECT_NEAR(titleTextHeight(scaled), 2*h96, 3);
+	EXPECT_LT(blockDifference(scaled, screen), 0.02);
+	// without scaling the title keeps its screen size in the larger image
+	EXPECT_NEAR(titleTextHeight(unscaled), h96, 1);
+	// 192 dpi = 7559 dots per metre, stored in both
+	EXPECT_EQ(scaled.dotsPerMeterX(), 7559);
+	EXPECT_EQ(unscaled.dotsPerMeterY(), 7559);
+}
+
+
+TEST_F(SciChartExporter, FailuresAreReportedWithTheirMessages) {
+	ChartExporter exporter;
+	const QString missingDir = scratchPath("no_such_dir/");
+	for (const char * ext : { "png", "svg", "pdf", "emf" }) {
+		SCOPED_TRACE(ext);
+		const QString file = missingDir + "chart." + ext;
+		try {
+			exporter.exportFile(m_plot.get(), file, QSize(300, 200), 96);
+			ADD_FAILURE() << "no exception";
+		}
+		catch (ZEB::Exception & ex) {
+			EXPECT_EQ(std::string(ex.what()), "Error writing file '" + file.toStdString() + ".");
+		}
+		EXPECT_FALSE(QFileInfo::exists(file));
+	}
+
+	const QString svg = scratchPath("refused.svg");
+	QFile::remove(svg);
+	auto vectorMessage = [&](const QSizeF & size) -> std::string {
+		try {
+			exporter.exportVector(m_plot.get(), svg, size);
+		}
+		catch (ZEB::Exception & ex) {
+			return ex.what();
+		}
+		return "no exception";
+	};
+	EXPECT_EQ(vectorMessage(QSizeF(801, 100)), "Dimensions too large!");
+	EXPECT_EQ(vectorMessage(QSizeF(100, 800.5)), "Dimensions too large!");
+	EXPECT_EQ(vectorMessage(QSizeF(0, 100)), "Invalid graphics dimensions");
+	EXPECT_EQ(vectorMessage(QSizeF(100, -3)), "Invalid graphics dimensions");
+	EXPECT_FALSE(QFileInfo::exists(svg));
+
+	EXPECT_THROW(exporter.exportVector(m_plot.get(), scratchPath("chart.txt"), QSizeF(100, 50)), ZEB::Exception);
+	EXPECT_FALSE(QFileInfo::exists(scratchPath("chart.txt")));
+	EXPECT_THROW(exporter.exportFile(m_plot.get(), scratchPath("chart.tif"), QSize(100, 50), 96), ZEB::Exception);
+	EXPECT_THROW(exporter.renderImage(m_plot.get(), QSize(0, 50), 96, false), ZEB::Exception);
+	EXPECT_THROW(exporter.renderImage(m_plot.get(), QSize(50, 50), 0, false), ZEB::Exception);
+	EXPECT_THROW(exporter.renderImage(nullptr, QSize(50, 50), 96, false), ZEB::Exception);
+	EXPECT_THROW(exporter.exportVector(nullptr, svg, QSizeF(100, 50)), ZEB::Exception);
+}
+
+
+TEST(SciChartExporterSizes, VectorSizeLimitsAndPixelRounding) {
+	typedef ChartExporter E;
+	const double nan = std::numeric_limits<double>::quiet_NaN();
+	EXPECT_EQ(E::checkVectorSize(QSizeF(800, 800)), E::SizeValid);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(0.01, 0.01)), E::SizeValid);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(801, 100)), E::SizeTooLarge);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(100, 800.001)), E::SizeTooLarge);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(0, 100)), E::SizeInvalid);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(100, -1)), E::SizeInvalid);
+	EXPECT_EQ(E::checkVectorSize(QSizeF(nan, 100)), E::SizeInvalid);
+	// a side both invalid and too large is invalid
+	EXPECT_EQ(E::checkVectorSize(QSizeF(-5, 900)), E::SizeInvalid);
+
+	// 100 mm = 3.937 in = 377.95 px at 96 dpi; 50 mm = 188.98 px; one inch at 300 dpi = 300 px
+	EXPECT_EQ(E::vectorPixelSize(QSizeF(100, 50), 96), QSize(378, 189));
+	EXPECT_EQ(E::vectorPixelSize(QSizeF(25.4, 50.8), 300), QSize(300, 600));
+	EXPECT_EQ(E::vectorPixelSize(QSizeF(0.001, 800), 96), QSize(1, 3024));
+}
+
+
+TEST_F(SciChartExporter, CommandLineExportRules) {
+	typedef SCI::ExportDialog D;
+	const std::string funcId = "[ExportDialog::exportChart]";
+	MessageCapture capture;
+
+	// a resolution is only for bitmaps and must be positive; nothing is written then
+	const QString svg = scratchPath("cmd.svg");
+	QFile::remove(svg);
+	EXPECT_FALSE(D::exportChart(m_plot.get(), svg, QSize(800, 600), 300));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Resolution can be only set to Bitmap graphics '" + svg.toStdString()
+							+ "' --generate-chart", funcId));
+	EXPECT_FALSE(QFileInfo::exists(svg));
+
+	const QString png = scratchPath("cmd.png");
+	QFile::remove(png);
+	EXPECT_FALSE(D::exportChart(m_plot.get(), png, QSize(800, 600), 0));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Resolution with value '0' needs to be greater then 0 --generate-chart", funcId));
+	EXPECT_FALSE(D::exportChart(m_plot.get(), png, QSize(800, 600), -7));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Resolution with value '-7' needs to be greater then 0 --generate-chart", funcId));
+	EXPECT_FALSE(QFileInfo::exists(png));
+
+	// bitmaps: exactly the pixel size, 300 dpi unless another resolution is given
+	ASSERT_TRUE(D::exportChart(m_plot.get(), png, QSize(800, 600)));
+	QImage image(png);
+	EXPECT_EQ(image.size(), QSize(800, 600));
+	EXPECT_NEAR(image.dotsPerMeterX()*0.0254, 300, 0.05);
+	ASSERT_TRUE(D::exportChart(m_plot.get(), png, QSize(640, 480), 150));
+	image = QImage(png);
+	EXPECT_EQ(image.size(), QSize(640, 480));
+	EXPECT_NEAR(image.dotsPerMeterY()*0.0254, 150, 0.05);
+	if (toolAvailable("identify")) {
+		QString info;
+		ASSERT_TRUE(runTool("identify", QStringList() << "-units" << "PixelsPerInch" << "-format" << "%x" << png, &info));
+		EXPECT_NEAR(info.toDouble(), 150, 0.1);
+	}
+
+	// vector graphics get the size the pixels have on screen
+	ASSERT_TRUE(D::exportChart(m_plot.get(), svg, QSize(800, 600)));
+	QFile svgFile(svg);
+	ASSERT_TRUE(svgFile.open(QIODevice::ReadOnly));
+	const double screenDpi = ChartExporter::screenResolution();
+	EXPECT_NEAR(capturedNumber(QString::fromUtf8(svgFile.readAll()), "<svg width=\"([0-9.]+)mm\""),
+				800*25.4/screenDpi, 0.01);
+
+	// unknown types, missing charts and failed writes are logged and refused
+	const std::size_t before = capture.m_records.size();
+	EXPECT_FALSE(D::exportChart(m_plot.get(), scratchPath("cmd.tif"), QSize(800, 600)));
+	EXPECT_FALSE(D::exportChart(nullptr, scratchPath("cmd2.png"), QSize(800, 600)));
+	EXPECT_FALSE(D::exportChart(m_plot.get(), scratchPath("no_such_dir/cmd.pdf"), QSize(800, 600)));
+	EXPECT_FALSE(QFileInfo::exists(scratchPath("cmd.tif")));
+	EXPECT_FALSE(QFileInfo::exists(scratchPath("cmd2.png")));
+	int loggedHere = 0;
+	for (std::size_t i = before; i < capture.m_records.size(); ++i)
+		if (capture.m_records[i].m_type == ZEB::MSG_ERROR && capture.m_records[i].m_functionId == funcId)
+			++loggedHere;
+	EXPECT_EQ(loggedHere, 3);
+}
+
+
+namespace {
+
+/*! One long smooth series (20000 points), long enough for the data reduction. */
+class LongLineModel : public SCI::AbstractLineSeriesModel {
+public:
+	LongLineModel() {
+		for (int i = 0; i < 20000; ++i) {
+			m_x.push_back(i);
+			m_y.push_back(20 + 5*std::sin(i*0.001));
+		}
+	}
+	unsigned int seriesCount() const override { return 1; }
+	unsigned int size(int) const override { return static_cast<unsigned int>(m_x.size()); }
+	const double * xValues(int) const override { return m_x.data(); }
+	const double * yValues(int) const override { return m_y.data(); }
+	ZEB::Unit xUnit(int) const override { return ZEB::Unit("h"); }
+	ZEB::Unit yUnit(int) const override { return ZEB::Unit("C"); }
+private:
+	std::vector<double> m_x;
+	std::vector<double> m_y;
+};
+
+/*! Number of data reduction reports in the capture. */
+int reductionReports(const MessageCapture & capture) {
+	int n = 0;
+	for (const MessageCapture::Record & r : capture.m_records)
+		if (r.m_functionId == "[DataReductionCurveFitter::fitCurve]")
+			++n;
+	return n;
+}
+
+} // namespace
+
+
+TEST_F(SciChartExporter, DataReductionSwitchThinsLineSeriesDuringExportOnly) {
+	LongLineModel model;
+	SCI::Chart chart;
+	chart.setModel(&model);
+	chart.resize(600, 400);
+	ASSERT_EQ(chart.seriesCount(), 1);
+	const QSizeF sizeMM(150, 100);
+
+	for (bool modelSetting : { true, false }) {
+		SCOPED_TRACE(modelSetting ? "model: data reduction on" : "model: data reduction off");
+		ASSERT_TRUE(model.setChartData(modelSetting, SCI::AbstractChartModel::DataReduction));
+
+		MessageCapture capture;
+		ChartExporter reduced;
+		reduced.setDataReduction(true);
+		const QString reducedFile = scratchPath("reduced.svg");
+		reduced.exportVector(&chart, reducedFile, sizeMM);
+		EXPECT_EQ(reductionReports(capture), 1);
+
+		ChartExporter full;
+		full.setDataReduction(false);
+		const QString fullFile = scratchPath("full.svg");
+		full.exportVector(&chart, fullFile, sizeMM);
+		EXPECT_EQ(reductionReports(capture), 1);
+		// every one of the 20000 points is written: far larger than the thinned curve
+		EXPECT_GT(QFileInfo(fullFile).size(), 5*QFileInfo(reducedFile).size());
+
+		// afterwards the chart draws as its model says again
+		ChartExporter asOnScreen;
+		asOnScreen.exportVector(&chart, scratchPath("screen.svg"), sizeMM);
+		EXPECT_EQ(reductionReports(capture), modelSetting ? 2 : 1);
+	}
+}

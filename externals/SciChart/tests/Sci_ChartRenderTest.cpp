@@ -1,0 +1,384 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QWidget>
+
+#include <qwt_date.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_plot_renderer.h>
+#include <qwt_scale_map.h>
+
+#include <ZEB_MessageFormat.h>
+
+#include <Sci_ColorGridSeries.h>
+#include <Sci_ColorMap.h>
+#include <Sci_DataReductionCurveFitter.h>
+#include <Sci_DateScaleDraw.h>
+#include <Sci_DateScaleEngine.h>
+#include <Sci_PlotSpectrogram.h>
+#include <Sci_PlotVectorField.h>
+#include <Sci_ScaleLabelFit.h>
+
+#include "Sci_ChartTestModels.h"
+#include "Sci_TestSupport.h"
+
+using namespace SciTest;
+typedef SCI::AbstractChartModel CDM;
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+typedef SCI::AbstractColorGridSeriesModel GM;
+typedef SCI::AbstractVectorFieldSeriesModel VM;
+
+namespace {
+
+const double NaN = std::numeric_limits<double>::quiet_NaN();
+
+/*! Switches off the grid lines of the bottom and left axes, for clean pixel checks. */
+void hideGrid(CM & model) {
+	for (int axis : {0, 1}) {
+		model.setAxisData(false, axis, CM::AxisGridVisible);
+		model.setAxisData(false, axis, CM::AxisMinorGridVisible);
+	}
+}
+
+/*! Canvas pixel of the plot point (x, y) on the bottom and left axes. */
+QPoint pixelOf(const SCI::Chart & chart, double x, double y) {
+	return QPoint(qRound(chart.canvasMap(QwtPlot::xBottom).transform(x)),
+				  qRound(chart.canvasMap(QwtPlot::yLeft).transform(y)));
+}
+
+/*! True when a pixel in the square of radius r around p is darker than the gray level. */
+bool darkPixelNear(const QImage & image, const QPoint & p, int r, int grayLevel) {
+	for (int y = p.y() - r; y <= p.y() + r; ++y)
+		for (int x = p.x() - r; x <= p.x() + r; ++x)
+			if (image.rect().contains(x, y) && qGray(image.pixel(x, y)) < grayLevel)
+				return true;
+	return false;
+}
+
+/*! True when a pixel in the square of radius r around p has about the colour c. */
+bool colorNear(const QImage & image, const QPoint & p, int r, QRgb c) {
+	for (int y = p.y() - r; y <= p.y() + r; ++y)
+		for (int x = p.x() - r; x <= p.x() + r; ++x)
+			if (image.rect().contains(x, y) && similarColor(image.pixel(x, y), c, 40))
+				return true;
+	return false;
+}
+
+/*! Grey level of value v on a black -> white map over 0..12. */
+QRgb grayOf(double v) {
+	const int g = static_cast<int>(255*v/12);
+	return qRgb(g, g, g);
+}
+
+double gridValue(unsigned int i, unsigned int j) {
+	return i + 10.0*j;
+}
+
+/*! Points (i, 0) and (i, amplitude) alternating. */
+QPolygonF zigzag(int n, double amplitude) {
+	QPolygonF p;
+	for (int i = 0; i < n; ++i)
+		p << QPointF(i, (i % 2) ? amplitude : 0);
+	return p;
+}
+
+} // namespace
+
+
+TEST(SciChartRender, CurvePixelsLieWhereTheAxisScalesPutThem) {
+	VectorLineModel model;
+	VectorLineModel::Series s;
+	s.m_x = {0, 2, 4, 6, 8, 10};
+	s.m_y = {0, 2, NaN, 6, 8, 10};
+	model.addSeries(s);
+	model.setSeriesData(QPen(QBrush(Qt::red), 3), 0, LM::SeriesPen);
+	setAxisRange(model, CM::BottomAxis, 0, 10);
+	setAxisRange(model, CM::LeftAxis, -10, 10);
+	model.setAxisData(false, CM::RightAxis, CM::AxisEnabled);
+	hideGrid(model);
+	model.setChartData(false, CDM::LegendVisible);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	QImage image = renderCanvas(chart, QSize(600, 400));
+
+	// the canvas spans the axis ranges: x = 5 is half-way across, y = 0 half-way down
+	const QRect canvas = chart.canvas()->contentsRect();
+	EXPECT_NEAR(pixelOf(chart, 5, 0).x(), canvas.center().x(), 2);
+	EXPECT_NEAR(pixelOf(chart, 5, 0).y(), canvas.center().y(), 2);
+	const QRgb red = qRgb(255, 0, 0);
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 1, 1)), red, 40));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 7, 7)), red, 40));
+	// no line across the missing value between x = 2 and x = 6
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 3, 3)), qRgb(255, 255, 255), 10));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 7, -7)), qRgb(255, 255, 255), 10));
+
+	// rendered for export in the same size, the curve is at the same place
+	QImage exported(chart.size(), QImage::Format_ARGB32);
+	exported.fill(Qt::white);
+	QPainter painter(&exported);
+	QwtPlotRenderer().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(chart.size())));
+	painter.end();
+	const QPoint canvasOffset = chart.canvas()->geometry().topLeft();
+	EXPECT_TRUE(colorNear(exported, canvasOffset + pixelOf(chart, 1, 1), 3, red));
+	EXPECT_TRUE(colorNear(exported, canvasOffset + pixelOf(chart, 7, 7), 3, red));
+	EXPECT_FALSE(colorNear(exported, canvasOffset + pixelOf(chart, 7, -7), 3, red));
+
+	model.setSeriesData(true, 0, LM::SeriesInverted);
+	image = renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 7, -7)), red, 40));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 7, 7)), qRgb(255, 255, 255), 10));
+}
+
+
+TEST(SciChartRender, ColourGridCellsReachHalfWayToTheirNeighbours) {
+	VectorGridModel model;
+	// cell centres: x 0, 1, 3 (edges -0.5, 0.5, 2, 4), y 0, 2 (edges -1, 1, 3)
+	model.setGrid({0, 1, 3}, {0, 2}, 3, 2, &gridValue);
+	SCI::ColorMap map;
+	map.setLinearMap(Qt::black, Qt::white, 1);
+	model.setSeriesData(QVariant::fromValue(map), 0, GM::ColorGridColorMap);
+	model.setSeriesData(false, 0, GM::ColorGridAutoScale);
+	model.setSeriesData(0.0, 0, GM::ColorGridMinimumZ);
+	model.setSeriesData(12.0, 0, GM::ColorGridMaximumZ);
+	setAxisRange(model, CM::BottomAxis, -1, 4.5);
+	setAxisRange(model, CM::LeftAxis, -1, 3);
+	hideGrid(model);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	const QImage image = renderCanvas(chart, QSize(600, 400));
+
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 0.4, 0.9)), grayOf(0), 2));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 0.6, 0.9)), grayOf(1), 2));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 1.9, 0)), grayOf(1), 2));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 2.1, 0)), grayOf(2), 2));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 2.1, 1.1)), grayOf(12), 2));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 0, 2.9)), grayOf(10), 2));
+	// outside the cells the white canvas shows
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 4.3, 0)), qRgb(255, 255, 255), 2));
+
+	// interpolated: values blend between cell centres
+	model.setSeriesData(1, 0, GM::ColorGridInterpolationMode);
+	const QImage smooth = renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 0.5, 0)), grayOf(0.5), 3));
+	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 0, 1)), grayOf(5), 3));
+	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 2, 2)), grayOf(11.5), 3));
+}
+
+
+TEST(SciChartRender, ColourGridImageDoesNotDependOnTheNumberOfTiles) {
+	VectorGridModel model;
+	std::vector<double> x, y;
+	for (int i = 0; i <= 37; ++i)
+		x.push_back(i*i*0.01);
+	for (int j = 0; j <= 23; ++j)
+		y.push_back(std::sqrt(j));
+	model.setGrid(x, y, 37, 23, [](unsigned int i, unsigned int j) { return std::sin(0.3*i)*std::cos(0.2*j); });
+	SCI::Chart chart;
+	chart.setModel(&model);
+	SCI::PlotSpectrogram * spectrogram = dynamic_cast<SCI::ColorGridSeries &>(*chart.series(0)).spectrogram();
+	spectrogram->setRenderThreadCount(1);
+	const QImage single = renderCanvas(chart, QSize(640, 480));
+	spectrogram->setRenderThreadCount(7);
+	const QImage tiled = renderCanvas(chart, QSize(640, 480));
+	EXPECT_EQ(single, tiled);
+}
+
+
+TEST(SciChartRender, InvalidValueRangeIsReportedAndDrawsNothing) {
+	MessageCapture capture;
+	VectorGridModel model;
+	model.setGrid({0, 1}, {0, 1}, 2, 2, &gridValue);
+	model.setSeriesData(false, 0, GM::ColorGridAutoScale);
+	model.setSeriesData(5.0, 0, GM::ColorGridMinimumZ);
+	model.setSeriesData(1.0, 0, GM::ColorGridMaximumZ);
+	hideGrid(model);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	const QImage image = renderCanvas(chart, QSize(400, 300));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid data/z-value range.", "[SciSpectrogramChart::renderImage]"));
+	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 0.5, 0.5)), qRgb(255, 255, 255), 2));
+}
+
+
+TEST(SciChartVectorField, ArrowLengthScalesAndIsClamped) {
+	SCI::PlotVectorField field;
+	EXPECT_EQ(field.maxArrowLength(), 50);
+	EXPECT_EQ(field.minArrowLength(), 0);
+	field.setMagnitudeScaleFactor(10);
+	field.setMinArrowLength(5);
+	field.setMaxArrowLength(40);
+	EXPECT_EQ(field.arrowLength(0), 0);
+	EXPECT_EQ(field.arrowLength(0.1), 5);
+	EXPECT_EQ(field.arrowLength(2), 20);
+	EXPECT_EQ(field.arrowLength(3.5), 35);
+	EXPECT_EQ(field.arrowLength(10), 40);
+	EXPECT_EQ(field.arrowLength(NaN), 0);
+}
+
+
+TEST(SciChartVectorField, ZeroVectorDrawsNoArrowEvenWithMinimumLength) {
+	VectorFieldTestModel model;
+	// one row of points; magnitudes 1, 0 and almost 0
+	model.setField({0, 1, 2}, {0}, {1, 0, 1e-9}, {0, 0, 0});
+	model.setSeriesData(false, 0, VM::VectorFieldRasterEnabled);
+	model.setSeriesData(false, 0, VM::VectorFieldColoredArrowsEnabled);
+	model.setSeriesData(QColor(Qt::black), 0, VM::VectorFieldUniformArrowColor);
+	model.setSeriesData(SCI::VectorFieldProperties::OriginTail, 0, VM::VectorFieldIndicatorOrigin);
+	model.setSeriesData(30.0, 0, VM::VectorFieldMaximumArrowLength);
+	model.setSeriesData(10.0, 0, VM::VectorFieldMinimumArrowLength);
+	setAxisRange(model, CM::BottomAxis, -0.5, 2.5);
+	setAxisRange(model, CM::LeftAxis, -1, 1);
+	hideGrid(model);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	const QImage image = renderCanvas(chart, QSize(600, 300));
+
+	const QPoint p0 = pixelOf(chart, 0, 0);
+	const QPoint p1 = pixelOf(chart, 1, 0);
+	const QPoint p2 = pixelOf(chart, 2, 0);
+	// the largest vector gets the maximum length, 30 pixels to the right
+	EXPECT_TRUE(darkPixelNear(image, p0 + QPoint(25, 0), 1, 128));
+	EXPECT_FALSE(darkPixelNear(image, p0 + QPoint(36, 0), 3, 200));
+	// the tiny vector is drawn with the minimum length of 10 pixels
+	EXPECT_TRUE(darkPixelNear(image, p2 + QPoint(6, 0), 1, 128));
+	EXPECT_FALSE(darkPixelNear(image, p2 + QPoint(16, 0), 3, 200));
+	// the zero vector draws nothing at all
+	for (int dx = -12; dx <= 12; ++dx)
+		EXPECT_FALSE(darkPixelNear(image, p1 + QPoint(dx, 0), 4, 200)) << dx;
+}
+
+
+TEST(SciChartVectorField, RasterArrowsOnlyInsideTheField) {
+	VectorFieldTestModel model;
+	model.setField({0, 1}, {0, 1}, {1, 1, 1, 1}, {0, 0, 0, 0});
+	model.setSeriesData(true, 0, VM::VectorFieldRasterEnabled);
+	model.setSeriesData(20.0, 0, VM::VectorFieldRasterSize);
+	model.setSeriesData(false, 0, VM::VectorFieldColoredArrowsEnabled);
+	model.setSeriesData(QColor(Qt::black), 0, VM::VectorFieldUniformArrowColor);
+	model.setSeriesData(10.0, 0, VM::VectorFieldMaximumArrowLength);
+	setAxisRange(model, CM::BottomAxis, -1, 2);
+	setAxisRange(model, CM::LeftAxis, -1, 2);
+	hideGrid(model);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	const QImage image = renderCanvas(chart, QSize(600, 600));
+	// the field covers the middle third of the canvas: arrows there, none left and right of it
+	EXPECT_TRUE(darkPixelNear(image, pixelOf(chart, 0.5, 0.5), 15, 128));
+	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, -0.5, 0.5), 40, 200));
+	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, 1.5, 0.5), 40, 200));
+	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, 0.5, 1.5), 40, 200));
+}
+
+
+TEST(SciChartDataReduction, ToleranceRisesInDecadesUntilAtMost500Points) {
+	MessageCapture capture;
+	SCI::DataReductionCurveFitter fitter;
+	EXPECT_EQ(fitter.chunkSize(), 100u);
+
+	// every point of a zigzag deviates from its neighbours' chord: nothing can be dropped
+	EXPECT_EQ(fitter.fitCurve(zigzag(400, 1)).size(), 400);
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, "Data reduction (tol=0.0001): 400   -> 400\n", "[DataReductionCurveFitter::fitCurve]"));
+	EXPECT_EQ(fitter.fitCurve(zigzag(501, 1)).size(), 501);
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, "Data reduction (tol=0.1): 501   -> 501\n", "[DataReductionCurveFitter::fitCurve]"));
+
+	// a line with a ripple of 0.005: kept at tolerances 1e-4 and 1e-3, smoothed away at 1e-2
+	QPolygonF ripple;
+	for (int i = 0; i < 600; ++i)
+		ripple << QPointF(i, 0.5*i + ((i % 2) ? 0.005 : -0.005));
+	const QPolygonF reduced = fitter.fitCurve(ripple);
+	EXPECT_LE(reduced.size(), 20);
+	EXPECT_EQ(reduced.front(), ripple.front());
+	EXPECT_EQ(reduced.back(), ripple.back());
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, ZEB::MessageFormat("Data reduction (tol=0.01): 600   -> %1\n").arg(reduced.size()).str(),
+							"[DataReductionCurveFitter::fitCurve]"));
+}
+
+
+TEST(SciChartDateAxis, TicksOnCalendarBoundariesAndLabelsPerInterval) {
+	const QDateTime zero(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC);
+	EXPECT_EQ(SCI::DateTimeMapping::msecsPerUnit(ZEB::Unit("h")), 3600000.0);
+	EXPECT_EQ(SCI::DateTimeMapping::msecsPerUnit(ZEB::Unit("min")), 60000.0);
+	EXPECT_THROW(SCI::DateTimeMapping::msecsPerUnit(ZEB::Unit("m")), ZEB::Exception);
+	const SCI::DateTimeMapping hours(zero, 3600000, Qt::UTC);
+	const QStringList formats = SCI::AxisProperties::defaultDateTimeFormats();
+
+	SCI::DateScaleEngine engine(hours);
+	const QwtScaleDiv days = engine.divideScale(0, 72, 4, 0);
+	EXPECT_EQ(days.ticks(QwtScaleDiv::MajorTick), QList<double>({0, 24, 48, 72}));
+	SCI::DateScaleDraw draw(hours, formats);
+	draw.setScaleDiv(days);
+	EXPECT_EQ(draw.label(24).text(), QString("02.01.2000"));
+
+	const QwtScaleDiv sixHours = engine.divideScale(0, 24, 4, 0);
+	EXPECT_EQ(sixHours.ticks(QwtScaleDiv::MajorTick), QList<double>({0, 6, 12, 18, 24}));
+	draw.setScaleDiv(sixHours);
+	// "hh:mm;;dd.MM." gives two lines
+	EXPECT_EQ(draw.label(18).text(), QString("18:00\n01.01."));
+
+	// in days, over more than two years: 2000 is a leap year, 2001 starts at day 366
+	const SCI::DateTimeMapping days2000(zero, 86400000, Qt::UTC);
+	SCI::DateScaleEngine yearEngine(days2000);
+	const QwtScaleDiv years = yearEngine.divideScale(0, 800, 3, 0);
+	EXPECT_TRUE(years.ticks(QwtScaleDiv::MajorTick).contains(366));
+	EXPECT_TRUE(years.ticks(QwtScaleDiv::MajorTick).contains(731));
+	SCI::DateScaleDraw yearDraw(days2000, formats);
+	yearDraw.setScaleDiv(years);
+	EXPECT_EQ(yearDraw.label(366).text(), QString("2001"));
+}
+
+
+TEST(SciChartDateAxis, LabelsThatWouldOverlapAreThinnedOut) {
+	const SCI::DateTimeMapping hours(QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC), 3600000, Qt::UTC);
+	SCI::DateScaleDraw draw(hours, SCI::AxisProperties::defaultDateTimeFormats());
+	QList<double> ticks;
+	for (int d = 0; d <= 30; ++d)
+		ticks << 24.0*d;
+	draw.setScaleDiv(QwtScaleDiv(0, 720, QList<double>(), QList<double>(), ticks));
+	const QFont font;
+	const double labelWidth = QFontMetrics(font).horizontalAdvance("30.12.2000");
+
+	// on a wide axis every day gets its label
+	draw.setLength(31*labelWidth*2);
+	EXPECT_EQ(SCI::ScaleLabelFit::labelStep(draw, font), 1);
+	// on a narrow one only every k-th day, and the labels drawn do not touch
+	draw.setLength(400);
+	const int step = SCI::ScaleLabelFit::labelStep(draw, font);
+	EXPECT_GT(step, 1);
+	for (int i = 0; i + step < ticks.size(); i += step) {
+		const double right = draw.scaleMap().transform(ticks[i]) + draw.labelRect(font, ticks[i]).right();
+		const double left = draw.scaleMap().transform(ticks[i+step]) + draw.labelRect(font, ticks[i+step]).left();
+		EXPECT_LT(right, left);
+		EXPECT_TRUE(SCI::ScaleLabelFit::isLabelDrawn(draw, font, ticks[i]));
+		EXPECT_FALSE(SCI::ScaleLabelFit::isLabelDrawn(draw, font, ticks[i+1]));
+	}
+}
+
+
+TEST(SciChartDateAxis, ChartUsesTheSeriesTimeUnitOrFallsBackToNumbers) {
+	MessageCapture capture;
+	VectorLineModel model;
+	VectorLineModel::Series s;
+	s.m_x = {0, 48};
+	s.m_y = {1, 2};
+	model.addSeries(s);
+	model.setAxisData(true, CM::BottomAxis, CM::AxisDateTimeEnabled);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	// no axis unit: the series' time unit "h" counts
+	const SCI::DateScaleDraw * draw = dynamic_cast<const SCI::DateScaleDraw *>(chart.axisScaleDraw(QwtPlot::xBottom));
+	ASSERT_NE(draw, nullptr);
+	EXPECT_EQ(draw->mapping().toDateTime(36), QDateTime(QDate(2000, 1, 2), QTime(12, 0), Qt::UTC));
+
+	// a length unit cannot be shown as dates
+	model.setAxisData(ZEB::Unit("m").id(), CM::BottomAxis, CM::AxisUnit);
+	EXPECT_EQ(dynamic_cast<const SCI::DateScaleDraw *>(chart.axisScaleDraw(QwtPlot::xBottom)), nullptr);
+	bool warned = false;
+	for (const MessageCapture::Record & r : capture.m_records)
+		warned = warned || (r.m_type == ZEB::MSG_WARNING && r.m_msg.find("Axis #0 shows numbers instead of dates") == 0);
+	EXPECT_TRUE(warned);
+}

@@ -1,0 +1,516 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include <qwt_plot_barchart.h>
+#include <qwt_plot_canvas.h>
+#include <qwt_scale_draw.h>
+#include <qwt_scale_engine.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+#include <qwt_symbol.h>
+
+#include <Sci_BarSeries.h>
+#include <Sci_ChartAxis.h>
+#include <Sci_ColorGridSeries.h>
+#include <Sci_DataReductionCurveFitter.h>
+#include <Sci_DateScaleDraw.h>
+#include <Sci_LegendItem.h>
+#include <Sci_LineSeries.h>
+#include <Sci_PlotCurve.h>
+#include <Sci_PlotPickerText.h>
+#include <Sci_PlotScaleItem.h>
+#include <Sci_PlotSpectrogram.h>
+#include <Sci_PlotZoomer.h>
+
+#include "Sci_ChartTestModels.h"
+#include "Sci_TestSupport.h"
+
+using namespace SciTest;
+typedef SCI::AbstractChartModel CDM;
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+namespace {
+
+VectorLineModel::Series makeSeries(std::vector<double> x, std::vector<double> y) {
+	VectorLineModel::Series s;
+	s.m_x = x;
+	s.m_y = y;
+	return s;
+}
+
+SCI::PlotCurve * curveAt(const SCI::Chart & chart, int position) {
+	return dynamic_cast<SCI::LineSeries &>(*chart.series(position)).curve();
+}
+
+std::vector<double> ramp(int n) {
+	std::vector<double> v;
+	for (int i = 0; i < n; ++i)
+		v.push_back(i);
+	return v;
+}
+
+double cellValue(unsigned int i, unsigned int j) {
+	return i + 10.0*j;
+}
+
+} // namespace
+
+
+TEST(SciChart, TwoNestedChangeBracketsRedrawOnceAfterTheSecond) {
+	MessageCapture capture;
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 1, 2}, {5, 6, 7}));
+	CountingChart chart;
+	chart.setModel(&model);
+	chart.m_replots = 0;
+
+	model.beginChangeModel();
+	model.beginChangeModel();
+	model.setChartData("Changed title", CDM::TitleText);
+	model.setAxisData("Time [$unit]", CM::BottomAxis, CM::AxisTitleText);
+	model.setAxisData(ZEB::Unit("h").id(), CM::BottomAxis, CM::AxisUnit);
+	model.setSeriesData(QColor(Qt::red), 0, LM::SeriesPenColor);
+	model.changeSeries(0, makeSeries({0, 1, 2, 3}, {1, 2, 3, 4}));
+	model.endChangeModel();
+	EXPECT_EQ(chart.m_replots, 0);
+	model.endChangeModel();
+	EXPECT_EQ(chart.m_replots, 1);
+	// everything changed while drawing was suspended has arrived
+	EXPECT_EQ(chart.title().text(), QString("Changed title"));
+	EXPECT_EQ(chart.axisTitle(QwtPlot::xBottom).text(), QString("Time [h]"));
+	EXPECT_EQ(curveAt(chart, 0)->pen().color(), QColor(Qt::red));
+	EXPECT_EQ(curveAt(chart, 0)->dataSize(), 4u);
+
+	// allowUpdate() ends a suspension without drawing, changes outside brackets draw at once
+	chart.prohibitUpdate();
+	model.setChartData("Third title", CDM::TitleText);
+	chart.allowUpdate();
+	EXPECT_EQ(chart.m_replots, 1);
+	model.setChartData("Fourth title", CDM::TitleText);
+	EXPECT_EQ(chart.m_replots, 2);
+}
+
+
+TEST(SciChart, AllowUpdateWithoutSuspensionIsAProgrammingError) {
+	CountingChart chart;
+#ifdef QT_NO_DEBUG
+	MessageCapture capture;
+	chart.allowUpdateAndReplot();
+	EXPECT_EQ(chart.m_replots, 0);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Requirement 'm_noUpdateCounter > 0' not met.", "[Chart::allowUpdateAndReplot]"));
+	// the counter did not go below zero: one bracket still redraws once
+	chart.prohibitUpdate();
+	chart.allowUpdateAndReplot();
+	EXPECT_EQ(chart.m_replots, 1);
+#else
+	::testing::FLAGS_gtest_death_test_style = "threadsafe";
+	EXPECT_DEATH(chart.allowUpdateAndReplot(), "m_noUpdateCounter > 0");
+#endif
+}
+
+
+TEST(SciChart, FollowsSeriesInsertionRemovalAndChanges) {
+	MessageCapture capture;
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 1}, {10, 11}));
+	model.addSeries(makeSeries({0, 1}, {20, 21}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	ASSERT_EQ(chart.seriesCount(), 2);
+
+	model.addSeries(makeSeries({0, 1, 2}, {30, 31, 32}));
+	ASSERT_EQ(chart.seriesCount(), 3);
+	model.setSeriesData("Third", 2, LM::SeriesTitleText);
+	EXPECT_EQ(curveAt(chart, 2)->title().text(), QString("Third"));
+
+	// removing the first series shifts the others down, with their own data
+	model.removeSeries(0);
+	ASSERT_EQ(chart.seriesCount(), 2);
+	EXPECT_EQ(chart.series(0)->seriesIndex(), 0);
+	EXPECT_EQ(chart.series(1)->seriesIndex(), 1);
+	EXPECT_EQ(curveAt(chart, 0)->sample(0).y(), 20);
+	EXPECT_EQ(curveAt(chart, 1)->sample(2).y(), 32);
+
+	model.changeSeries(1, makeSeries({5, 6}, {-1, -2}));
+	EXPECT_EQ(curveAt(chart, 1)->dataSize(), 2u);
+	EXPECT_EQ(curveAt(chart, 1)->sample(1), QPointF(6, -2));
+
+	model.setSeriesData(false, 0, LM::SeriesLeftAxis);
+	EXPECT_EQ(curveAt(chart, 0)->yAxis(), static_cast<int>(QwtPlot::yRight));
+	model.setSeriesData(true, 1, LM::SeriesInverted);
+	EXPECT_EQ(curveAt(chart, 1)->sample(1), QPointF(6, 2));
+	model.setSeriesData(3, 1, LM::SeriesMarkerStyle);
+	ASSERT_NE(curveAt(chart, 1)->symbol(), nullptr);
+	EXPECT_EQ(curveAt(chart, 1)->symbol()->style(), QwtSymbol::Triangle);
+	model.setSeriesData(false, 1, LM::SeriesInLegend);
+	EXPECT_FALSE(curveAt(chart, 1)->testItemAttribute(QwtPlotItem::Legend));
+}
+
+
+TEST(SciChart, ModelResetRebuildsAndModelDeletionDetaches) {
+	MessageCapture capture;
+	VectorLineModel * model = new VectorLineModel;
+	model->addSeries(makeSeries({0, 1}, {1, 2}));
+	model->addSeries(makeSeries({0, 1}, {3, 4}));
+	SCI::Chart chart;
+	chart.setModel(model);
+	ASSERT_EQ(chart.seriesCount(), 2);
+
+	model->beginResetModel();
+	model->m_series.pop_back();
+	model->endResetModel();
+	EXPECT_EQ(chart.seriesCount(), 1);
+
+	delete model;
+	EXPECT_EQ(chart.model(), nullptr);
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, "Chart model about to be deleted, setting m_model pointer to nullptr.\n",
+							"[Chart::onModelAboutToBeDeleted]"));
+	// the chart keeps what it shows and can still draw and reset its view
+	EXPECT_EQ(chart.seriesCount(), 1);
+	chart.replot();
+	chart.resetView();
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, "Chart view reset.\n", "[Chart::resetView]"));
+}
+
+
+TEST(SciChart, LineSeriesWithUndefinedUnitIsLeftOutAndCreatedWhenItsDataBecomeValid) {
+	MessageCapture capture;
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 1}, {1, 1}));
+	VectorLineModel::Series bad = makeSeries({0, 1}, {2, 2});
+	bad.m_yUnit = ZEB::Unit();
+	model.addSeries(bad);
+	model.addSeries(makeSeries({0, 1}, {3, 3}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+
+	ASSERT_EQ(chart.seriesCount(), 2);
+	EXPECT_EQ(chart.series(1)->seriesIndex(), 2);
+	EXPECT_EQ(curveAt(chart, 1)->sample(0).y(), 3);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid xunit or yunit returned from LineSeriesModel.", "[Chart::insertLineSeriesFromModel]"));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Exception caught while creating new line series.", "[Chart::insertLineSeriesFromModel]"));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Error creating line series from model, probably incomplete model implementation.",
+							"[Chart::insertSeriesFromModel]"));
+
+	// an inserted series without x unit
+	VectorLineModel::Series noX = makeSeries({0}, {4});
+	noX.m_xUnit = ZEB::Unit();
+	model.addSeries(noX);
+	EXPECT_EQ(chart.seriesCount(), 2);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Error in SeriesModel. Series cannot be inserted", "Chart::onSeriesInserted"));
+
+	// new, valid data for the missing series: it is created at its place
+	model.changeSeries(1, makeSeries({0, 1}, {2, 2}));
+	ASSERT_EQ(chart.seriesCount(), 3);
+	EXPECT_EQ(chart.series(1)->seriesIndex(), 1);
+	EXPECT_EQ(curveAt(chart, 1)->sample(0).y(), 2);
+}
+
+
+TEST(SciChart, AxisTitlesShowTheAxisUnit) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 1}, {1, 2}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	model.setAxisData("Temperature [$unit] / $unit", CM::LeftAxis, CM::AxisTitleText);
+	model.setAxisData(ZEB::Unit("C").id(), CM::LeftAxis, CM::AxisUnit);
+	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), QString("Temperature [C] / C"));
+	model.setAxisData(ZEB::Unit("K").id(), CM::LeftAxis, CM::AxisUnit);
+	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), QString("Temperature [K] / K"));
+	// the title without unit stays as it is
+	model.setAxisData("Time", CM::BottomAxis, CM::AxisTitleText);
+	EXPECT_EQ(chart.axisTitle(QwtPlot::xBottom).text(), QString("Time"));
+}
+
+
+TEST(SciChart, LogarithmicAxesAreRefusedForColourGridsOnly) {
+	MessageCapture capture;
+	VectorGridModel grid;
+	grid.setGrid({0, 1, 2}, {0, 1}, 3, 2, &cellValue);
+	SCI::Chart gridChart;
+	gridChart.setModel(&grid);
+	grid.setAxisData(true, CM::LeftAxis, CM::AxisLogarithmic);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Cannot set logarithmic axis for colormap plot.", "[Chart::onAxisChanged]"));
+	EXPECT_EQ(dynamic_cast<const QwtLogScaleEngine *>(gridChart.axisScaleEngine(QwtPlot::yLeft)), nullptr);
+
+	// a line chart takes it, and scales over the positive values only
+	VectorLineModel lines;
+	lines.addSeries(makeSeries({1, 2, 3, 4}, {-5, 0, 0.5, 200}));
+	SCI::Chart lineChart;
+	lineChart.setModel(&lines);
+	lines.setAxisData(true, CM::LeftAxis, CM::AxisLogarithmic);
+	ASSERT_NE(dynamic_cast<const QwtLogScaleEngine *>(lineChart.axisScaleEngine(QwtPlot::yLeft)), nullptr);
+	lineChart.replot();
+	const QwtScaleDiv & div = lineChart.axisScaleDiv(QwtPlot::yLeft);
+	EXPECT_GT(div.lowerBound(), 0);
+	EXPECT_LE(div.lowerBound(), 0.5);
+	EXPECT_GE(div.upperBound(), 200);
+	EXPECT_LE(div.upperBound(), 2000);
+}
+
+
+TEST(SciChartColorGrid, GridSizesMustFitTheValues) {
+	// 10 cells in x: 10 centres or 11 edges are fine, 12 coordinates are not
+	for (int xCoordinates : {10, 11, 12}) {
+		MessageCapture capture;
+		VectorGridModel model;
+		model.setGrid(ramp(xCoordinates), {0, 1, 2}, 10, 3, &cellValue);
+		SCI::Chart chart;
+		chart.setModel(&model);
+		if (xCoordinates == 12) {
+			EXPECT_EQ(chart.seriesCount(), 0);
+			EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid x-grid and x-value sizes.", "[ColorGridSeries::setData]"));
+			EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Failed to add ColorGridSeries to chart, probably due to missing/inconsistent data in ColorGridSeriesModel.",
+									"[Chart::insertColorGridSeriesFromModel]"));
+		}
+		else
+			EXPECT_EQ(chart.seriesCount(), 1) << xCoordinates << " x coordinates";
+	}
+	MessageCapture capture;
+	VectorGridModel model;
+	model.setGrid(ramp(4), ramp(5), 4, 3, &cellValue);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	EXPECT_EQ(chart.seriesCount(), 0);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid y-grid and y-value sizes.", "[ColorGridSeries::setData]"));
+
+	model.m_xUnit = ZEB::Unit();
+	model.setGrid(ramp(4), ramp(3), 4, 3, &cellValue);
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid x-unit or y-unit returned from ColorGridSeriesModel.",
+							"[Chart::insertColorGridSeriesFromModel]"));
+	EXPECT_EQ(chart.seriesCount(), 0);
+}
+
+
+TEST(SciChartColorGrid, SecondColourGridIsRefused) {
+	MessageCapture capture;
+	VectorGridModel model;
+	model.setGrid({0, 1}, {0, 1}, 2, 2, &cellValue);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	ASSERT_EQ(chart.seriesCount(), 1);
+	const SCI::ChartSeries * first = chart.series(0);
+	EXPECT_FALSE(chart.insertColorGridSeriesFromModel(0));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Requirement 'm_series.empty()' not met.", "[Chart::insertColorGridSeriesFromModel]"));
+	EXPECT_EQ(chart.seriesCount(), 1);
+	EXPECT_EQ(chart.series(0), first);
+}
+
+
+TEST(SciChartColorGrid, ColourBarFollowsValueRangeAndVisibility) {
+	VectorGridModel model;
+	model.setGrid({0, 1, 2}, {0, 1}, 3, 2, &cellValue);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	typedef SCI::AbstractColorGridSeriesModel GM;
+	EXPECT_TRUE(chart.axisEnabled(QwtPlot::yRight));
+	EXPECT_TRUE(chart.axisWidget(QwtPlot::yRight)->isColorBarEnabled());
+	// autoscaled: values 0..12
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::yRight).lowerBound(), 0);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::yRight).upperBound(), 12);
+	model.setSeriesData(false, 0, GM::ColorGridAutoScale);
+	model.setSeriesData(-4.0, 0, GM::ColorGridMinimumZ);
+	model.setSeriesData(30.0, 0, GM::ColorGridMaximumZ);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::yRight).lowerBound(), -4);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::yRight).upperBound(), 30);
+	model.setSeriesData(false, 0, GM::ColorGridColorBarVisible);
+	EXPECT_FALSE(chart.axisEnabled(QwtPlot::yRight));
+	// contour lines at multiples of the interval inside the range
+	model.setSeriesData(10.0, 0, GM::ColorGridContourInterval);
+	const SCI::ColorGridSeries & series = dynamic_cast<const SCI::ColorGridSeries &>(*chart.series(0));
+	EXPECT_EQ(series.spectrogram()->contourLevels(), QList<double>({0, 10, 20, 30}));
+	EXPECT_TRUE(series.spectrogram()->testDisplayMode(QwtPlotSpectrogram::ContourMode));
+}
+
+
+TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 10}));
+	model.setSeriesData("Temperature", 0, LM::SeriesTitleText);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	EXPECT_NE(chart.legend(), nullptr);
+	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
+
+	model.setChartData(4, CDM::LegendPosition);
+	EXPECT_EQ(chart.legend(), nullptr);
+	ASSERT_EQ(chart.legendItem()->plot(), &chart);
+	renderCanvas(chart, QSize(600, 400));
+	const QRect canvasRect = chart.canvas()->contentsRect();
+	const QRect legendRect = chart.legendItem()->geometry(canvasRect);
+	// default corner bottom right, 10 pixels into the canvas
+	EXPECT_NEAR(legendRect.right(), canvasRect.right() - 10, 1);
+	EXPECT_NEAR(legendRect.bottom(), canvasRect.bottom() - 10, 1);
+
+	// drag it 30 pixels left and 20 up: the offset from the corner grows by that much
+	const QPoint start = legendRect.center();
+	const QPoint end = start + QPoint(-30, -20);
+	QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+	QMouseEvent move(QEvent::MouseMove, end, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+	QMouseEvent release(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+	QApplication::sendEvent(chart.canvas(), &press);
+	QApplication::sendEvent(chart.canvas(), &move);
+	QApplication::sendEvent(chart.canvas(), &release);
+	EXPECT_EQ(model.chartData(CDM::LegendOffset).toSize(), QSize(40, 30));
+	EXPECT_EQ(chart.legendItem()->offset(), QSize(40, 30));
+	EXPECT_EQ(chart.zoomer()->zoomRectIndex(), 0u);
+
+	model.setChartData(false, CDM::LegendVisible);
+	EXPECT_EQ(chart.legend(), nullptr);
+	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
+	model.setChartData(true, CDM::LegendVisible);
+	model.setChartData(3, CDM::LegendPosition);
+	EXPECT_NE(chart.legend(), nullptr);
+	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
+}
+
+
+TEST(SciChart, ResetViewAndFullZoomReturnToTheModelsAxes) {
+	MessageCapture capture;
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 10}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(500, 400));
+	chart.zoomer()->zoom(QRectF(2, 3, 4, 2));
+	EXPECT_EQ(chart.zoomer()->zoomRectIndex(), 1u);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).lowerBound(), 2);
+	EXPECT_FALSE(chart.axisAutoScale(QwtPlot::xBottom));
+
+	chart.zoomer()->zoom(0);
+	EXPECT_TRUE(chart.axisAutoScale(QwtPlot::xBottom));
+	EXPECT_TRUE(chart.axisAutoScale(QwtPlot::yLeft));
+
+	chart.zoomer()->zoom(QRectF(2, 3, 4, 2));
+	chart.resetView();
+	EXPECT_EQ(chart.zoomer()->zoomRectIndex(), 0u);
+	EXPECT_TRUE(chart.axisAutoScale(QwtPlot::xBottom));
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).lowerBound(), 0);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).upperBound(), 10);
+	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, "Chart view reset.\n", "[Chart::resetView]"));
+}
+
+
+TEST(SciChart, ScalesInsideTheCanvasReplaceTheAxisLabels) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 10}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	EXPECT_TRUE(chart.scaleItems().empty());
+	model.setChartData(true, CDM::AxisScalesInside);
+	int shownAxes = 0;
+	for (int axisId : {QwtPlot::xBottom, QwtPlot::yLeft, QwtPlot::yRight})
+		if (chart.axisEnabled(axisId))
+			++shownAxes;
+	EXPECT_EQ(static_cast<int>(chart.scaleItems().size()), shownAxes);
+	EXPECT_FALSE(chart.axisScaleDraw(QwtPlot::yLeft)->hasComponent(QwtAbstractScaleDraw::Labels));
+	model.setChartData(false, CDM::AxisScalesInside);
+	EXPECT_TRUE(chart.scaleItems().empty());
+	EXPECT_TRUE(chart.axisScaleDraw(QwtPlot::yLeft)->hasComponent(QwtAbstractScaleDraw::Labels));
+}
+
+
+TEST(SciChart, DataReductionAndFitChooseTheCurveFitter) {
+	VectorLineModel model;
+	model.addSeries(makeSeries(ramp(10), ramp(10)));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	SCI::PlotCurve * curve = curveAt(chart, 0);
+	// data reduction is on by default
+	EXPECT_TRUE(curve->testCurveAttribute(QwtPlotCurve::Fitted));
+	EXPECT_NE(dynamic_cast<SCI::DataReductionCurveFitter *>(curve->curveFitter()), nullptr);
+	model.setSeriesData(true, 0, LM::SeriesFitted);
+	EXPECT_NE(dynamic_cast<QwtSplineCurveFitter *>(curve->curveFitter()), nullptr);
+	model.setSeriesData(false, 0, LM::SeriesFitted);
+	model.setChartData(false, CDM::DataReduction);
+	EXPECT_EQ(curve->curveFitter(), nullptr);
+	EXPECT_FALSE(curve->testCurveAttribute(QwtPlotCurve::Fitted));
+}
+
+
+TEST(SciChartBars, BarsOfAllSeriesStandSideBySideAtTheirLabels) {
+	MessageCapture capture;
+	TestBarModel model(2);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	ASSERT_EQ(chart.seriesCount(), 2);
+	// a group spans 0.8 around each position: two bars of 0.4 at -0.2 and +0.2
+	const QwtPlotBarChart * first = dynamic_cast<SCI::BarSeries &>(*chart.series(0)).barChart();
+	const QwtPlotBarChart * second = dynamic_cast<SCI::BarSeries &>(*chart.series(1)).barChart();
+	EXPECT_DOUBLE_EQ(first->sample(1).x(), 0.8);
+	EXPECT_DOUBLE_EQ(first->sample(1).y(), 0.5);
+	EXPECT_DOUBLE_EQ(second->sample(0).x(), 0.2);
+	EXPECT_DOUBLE_EQ(second->sample(0).y(), 1);
+	EXPECT_EQ(chart.axisScaleDraw(QwtPlot::xBottom)->label(1).text(), QString("Bar 1"));
+	EXPECT_TRUE(chart.axisScaleDraw(QwtPlot::xBottom)->label(0.5).isEmpty());
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).lowerBound(), -0.5);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).upperBound(), 1.5);
+	EXPECT_FALSE(chart.axisEnabled(QwtPlot::yRight));
+
+	model.insertSeries(2);
+	ASSERT_EQ(chart.seriesCount(), 3);
+	EXPECT_NEAR(first->sample(0).x(), -0.4 + 0.8/6, 1e-12);
+}
+
+
+TEST(SciChart, ZoomMovesBothYAxesAndPickerShowsDates) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 72}, {0, 10}));
+	model.addSeries(makeSeries({0, 72}, {0, 100}));
+	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
+	setAxisRange(model, CM::BottomAxis, 0, 72);
+	setAxisRange(model, CM::LeftAxis, 0, 10);
+	setAxisRange(model, CM::RightAxis, 0, 100);
+	model.setAxisData(true, CM::BottomAxis, CM::AxisDateTimeEnabled);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(600, 400));
+
+	// the picker names the date under the mouse, and the value of each y axis
+	SCI::PlotPickerText picker(&chart);
+	const QPoint middle(qRound(chart.canvasMap(QwtPlot::xBottom).transform(36)),
+						qRound(chart.canvasMap(QwtPlot::yLeft).transform(5)));
+	const QString text = picker.text(middle);
+	EXPECT_TRUE(text.startsWith("x: 02.01.2000 ")) << text.toStdString();
+	const QStringList yValues = text.section("y: ", 1).split(" | ");
+	ASSERT_EQ(yValues.size(), 2);
+	EXPECT_NEAR(yValues[0].toDouble(), 5, 0.1);
+	EXPECT_NEAR(yValues[1].toDouble(), 50, 1);
+
+	// zooming into 2..4 on the left axis shows 20..40 on the right one
+	chart.zoomer()->zoom(QRectF(10, 2, 20, 2));
+	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yLeft).lowerBound(), 2, 1e-9);
+	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yRight).lowerBound(), 20, 0.5);
+	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yRight).upperBound(), 40, 0.5);
+}
+
+
+TEST(SciChart, ProportionalAxesKeepEqualScales) {
+	VectorLineModel model;
+	VectorLineModel::Series s = makeSeries({0, 4}, {0, 1});
+	s.m_xUnit = ZEB::Unit("m");
+	s.m_yUnit = ZEB::Unit("m");
+	model.addSeries(s);
+	model.setAxisData(true, CM::BottomAxis, CM::AxisProportional);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	for (const QSize & size : {QSize(700, 300), QSize(300, 600)}) {
+		renderCanvas(chart, size);
+		const QwtScaleMap x = chart.canvasMap(QwtPlot::xBottom);
+		const QwtScaleMap y = chart.canvasMap(QwtPlot::yLeft);
+		const double xPixelsPerUnit = x.transform(1) - x.transform(0);
+		const double yPixelsPerUnit = y.transform(0) - y.transform(1);
+		EXPECT_NEAR(xPixelsPerUnit/yPixelsPerUnit, 1, 0.01) << size.width() << " x " << size.height();
+		// all data stay visible
+		EXPECT_LE(chart.axisScaleDiv(QwtPlot::xBottom).lowerBound(), 0);
+		EXPECT_GE(chart.axisScaleDiv(QwtPlot::xBottom).upperBound(), 4);
+		EXPECT_LE(chart.axisScaleDiv(QwtPlot::yLeft).lowerBound(), 0);
+		EXPECT_GE(chart.axisScaleDiv(QwtPlot::yLeft).upperBound(), 1);
+	}
+}

@@ -1,0 +1,375 @@
+// The export dialog driven through its widgets, headless: file names, size fields, messages,
+// dimension history, previews and the written files.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTabWidget>
+
+#include <qwt_plot.h>
+
+#include <Sci_Export2BitmapWidget.h>
+#include <Sci_Export2VectorWidget.h>
+#include <Sci_ExportDialog.h>
+
+#include "Sci_ExportTestSupport.h"
+#include "Sci_TestSupport.h"
+
+using namespace SciTest;
+
+namespace {
+
+/*! A dialog for the test plot, with recorded messages and the settings store in the scratch
+	directory, starting with an empty dimension history.
+*/
+class SciExportDialog : public ::testing::Test {
+protected:
+	void SetUp() override {
+		if (!haveWidgetApplication())
+			GTEST_FAIL() << "The test program must create a QApplication for widget tests.";
+		QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratchPath("settings"));
+		QSettings("ZEB", "OrvanePart").remove("dimensionHistory");
+		m_plot = createTestPlot();
+		m_dialog.reset(new SCI::ExportDialog(m_plot.get()));
+		m_dialog->setMessageReporter(&m_reporter);
+	}
+
+	template <typename T>
+	T * child(const char * name) const {
+		T * w = m_dialog->findChild<T *>(name);
+		EXPECT_NE(w, nullptr) << name;
+		return w;
+	}
+	/*! A named child of one of the tabs. */
+	template <typename T>
+	T * tabChild(bool vectorTab, const char * name) const {
+		QWidget * tab = vectorTab ? static_cast<QWidget *>(m_dialog->findChild<SCI::Export2VectorWidget *>())
+								  : static_cast<QWidget *>(m_dialog->findChild<SCI::Export2BitmapWidget *>());
+		T * w = tab->findChild<T *>(name);
+		EXPECT_NE(w, nullptr) << name;
+		return w;
+	}
+	/*! Types text into a size field of a tab and finishes editing. */
+	void edit(bool vectorTab, const char * name, const QString & text) {
+		QLineEdit * e = tabChild<QLineEdit>(vectorTab, name);
+		e->setText(text);
+		emit e->editingFinished();
+	}
+	QString fieldText(bool vectorTab, const char * name) const {
+		return tabChild<QLineEdit>(vectorTab, name)->text();
+	}
+	void showTab(bool vectorTab) {
+		child<QTabWidget>("tabWidget")->setCurrentIndex(vectorTab ? 1 : 0);
+	}
+	/*! Enters a file name and clicks "Export to file". */
+	void exportTo(const QString & fileName) {
+		child<QLineEdit>("lineEditExportFilename")->setText(fileName);
+		child<QPushButton>("pushButtonSave")->click();
+	}
+	/*! The single message recorded since the last call, as "title|text". */
+	QString takeMessage() {
+		QString s;
+		if (m_reporter.m_messages.size() == 1)
+			s = m_reporter.m_messages[0].m_title + "|" + m_reporter.m_messages[0].m_text;
+		else
+			s = QString("%1 messages").arg(m_reporter.m_messages.size());
+		m_reporter.m_messages.clear();
+		return s;
+	}
+
+	std::unique_ptr<QwtPlot>			m_plot;
+	std::unique_ptr<SCI::ExportDialog>	m_dialog;
+	RecordingReporter					m_reporter;
+};
+
+} // namespace
+
+
+TEST_F(SciExportDialog, WidgetsLabelsAndTitle) {
+	EXPECT_EQ(m_dialog->windowTitle(), "Export chart");
+	QTabWidget * tabs = child<QTabWidget>("tabWidget");
+	ASSERT_EQ(tabs->count(), 2);
+	EXPECT_EQ(tabs->tabText(1), "Vector graphics");
+	EXPECT_NE(qobject_cast<SCI::Export2BitmapWidget *>(tabs->widget(0)), nullptr);
+	EXPECT_NE(qobject_cast<SCI::Export2VectorWidget *>(tabs->widget(1)), nullptr);
+
+	EXPECT_EQ(child<QPushButton>("pushButtonSave")->text(), "Export to file");
+	EXPECT_EQ(child<QPushButton>("pushButtonCopyToClipboard")->text(), "Copy to clipboard");
+	EXPECT_NE(child<QLineEdit>("lineEditExportFilename"), nullptr);
+	EXPECT_EQ(child<QGroupBox>("groupBoxComponents")->title(), "Components of the exported chart");
+	for (const char * name : { "checkBox_title", "checkBox_legend", "checkBox_canvasFrame", "checkBox_background",
+							   "checkBox_canvasBackground" })
+		EXPECT_TRUE(child<QCheckBox>(name)->isChecked()) << name;
+	EXPECT_EQ(child<QCheckBox>("checkBox_canvasFrame")->text(), "Canvas frame");
+	EXPECT_EQ(child<QCheckBox>("checkBox_background")->text(), "Background");
+	EXPECT_EQ(child<QCheckBox>("checkBox_canvasBackground")->text(), "Canvas background");
+
+	EXPECT_EQ(tabChild<QRadioButton>(false, "radioButtonPixels")->text(), "Size [pixel]:");
+	EXPECT_EQ(tabChild<QRadioButton>(false, "radioButtonMM")->text(), "Size [mm]:");
+	EXPECT_EQ(tabChild<QCheckBox>(false, "checkBoxApplyDPI")->text(), "Scale plot items/fonts with resolution");
+	EXPECT_NE(tabChild<QCheckBox>(false, "checkBoxAspectRatio"), nullptr);
+	EXPECT_NE(tabChild<QSpinBox>(false, "spinBox_resolution"), nullptr);
+	EXPECT_NE(tabChild<QLabel>(false, "labelPreviewUnscaled"), nullptr);
+	EXPECT_NE(tabChild<QLabel>(false, "labelPreviewScaled"), nullptr);
+	EXPECT_EQ(tabChild<QCheckBox>(true, "checkBoxNoTransparency")->text(), "Paint chart background (no transparency)");
+	EXPECT_EQ(tabChild<QCheckBox>(true, "checkBoxDataReduction")->text(), "Use data reduction during export");
+	EXPECT_NE(tabChild<QComboBox>(true, "comboBoxLastPlotDimensions"), nullptr);
+	EXPECT_EQ(tabChild<QCheckBox>(true, "checkBoxAspectRatio")->text(), "Keep aspect ratio");
+
+	QStringList labels;
+	for (const QLabel * l : m_dialog->findChildren<QLabel *>())
+		labels << l->text();
+	for (const char * text : { "Export file name:", "Resolution [dpi]:", "Size (width/height) [mm]:",
+							   "Last used plot dimensions:" })
+		EXPECT_TRUE(labels.contains(text)) << text;
+
+	// the tabs start with the chart's size on screen: 600 x 400 pixels
+	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "600");
+	EXPECT_EQ(fieldText(false, "lineEditPixelY"), "400");
+	const double mmX = fieldText(true, "lineEditMMX").toDouble();
+	EXPECT_NEAR(mmX, 600*25.4/SCI::ChartExporter::screenResolution(), 0.05);
+}
+
+
+TEST_F(SciExportDialog, FileNamesAreCheckedAndCorrectedPerTab) {
+	QLineEdit * fileName = child<QLineEdit>("lineEditExportFilename");
+
+	exportTo("  ");
+	EXPECT_EQ(takeMessage(), "Export error|Please enter/select a filename!");
+	EXPECT_NE(m_dialog->result(), QDialog::Accepted);
+
+	// bitmap tab: a .tif becomes a PNG file
+	const QString tif = scratchPath("dialog_chart.tif");
+	const QString png = scratchPath("dialog_chart.png");
+	QFile::remove(png);
+	exportTo(tif);
+	EXPECT_EQ(takeMessage(), "0 messages");
+	EXPECT_EQ(fileName->text(), png);
+	EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+	EXPECT_FALSE(QFileInfo::exists(tif));
+	EXPECT_EQ(QImageReader(png).format(), QByteArray("png"));
+	EXPECT_EQ(QImage(png).size(), QSize(600, 400));
+
+	// a name without extension gets one; a valid extension in capitals is kept
+	m_dialog->setResult(QDialog::Rejected);
+	const QString bare = scratchPath("dialog_bare");
+	exportTo(bare);
+	EXPECT_EQ(fileName->text(), bare + ".png");
+	EXPECT_TRUE(QFileInfo::exists(bare + ".png"));
+	const QString jpg = scratchPath("dialog_chart.JPG");
+	exportTo(jpg);
+	EXPECT_EQ(fileName->text(), jpg);
+	EXPECT_EQ(QImageReader(jpg).format(), QByteArray("jpeg"));
+
+	// vector tab: a .txt becomes an EMF file; a .png is not a vector format either
+	showTab(true);
+	const QString emf = scratchPath("dialog_chart.emf");
+	QFile::remove(emf);
+	m_dialog->setResult(QDialog::Rejected);
+	exportTo(scratchPath("dialog_chart.txt"));
+	EXPECT_EQ(takeMessage(), "0 messages");
+	EXPECT_EQ(fileName->text(), emf);
+	EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+	QFile file(emf);
+	ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+	EXPECT_EQ(file.read(44).mid(40, 4), QByteArray(" EMF"));
+	exportTo(scratchPath("dialog_vector.png"));
+	EXPECT_EQ(fileName->text(), scratchPath("dialog_vector.emf"));
+	exportTo(scratchPath("dialog_vector.svg"));
+	EXPECT_EQ(fileName->text(), scratchPath("dialog_vector.svg"));
+	EXPECT_TRUE(QFileInfo::exists(scratchPath("dialog_vector.svg")));
+
+	// a file that cannot be written keeps the dialog open with the message
+	showTab(false);
+	m_dialog->setResult(QDialog::Rejected);
+	const QString unwritable = scratchPath("no_such_dir/chart.png");
+	exportTo(unwritable);
+	EXPECT_EQ(takeMessage(), "Export error|Error writing file '" + unwritable + ".");
+	EXPECT_NE(m_dialog->result(), QDialog::Accepted);
+}
+
+
+TEST_F(SciExportDialog, VectorSizesAreValidated) {
+	showTab(true);
+	tabChild<QCheckBox>(true, "checkBoxAspectRatio")->setChecked(false);
+	QPushButton * save = child<QPushButton>("pushButtonSave");
+	QPushButton * copy = child<QPushButton>("pushButtonCopyToClipboard");
+	const QString svg = scratchPath("dialog_size.svg");
+	QFile::remove(svg);
+
+	edit(true, "lineEditMMX", "801");
+	edit(true, "lineEditMMY", "100");
+	EXPECT_TRUE(save->isEnabled());
+	exportTo(svg);
+	EXPECT_EQ(takeMessage(), "Export chart|Dimensions too large!");
+	EXPECT_NE(m_dialog->result(), QDialog::Accepted);
+	EXPECT_FALSE(QFileInfo::exists(svg));
+
+	for (const char * bad : { "0", "-5", "abc", "" }) {
+		SCOPED_TRACE(bad);
+		edit(true, "lineEditMMX", bad);
+		EXPECT_EQ(tabChild<QLineEdit>(true, "lineEditMMX")->toolTip(), "A positive number is required.");
+		EXPECT_FALSE(save->isEnabled());
+		EXPECT_FALSE(copy->isEnabled());
+	}
+	// the bitmap tab has valid settings, the buttons follow the tab shown
+	showTab(false);
+	EXPECT_TRUE(save->isEnabled());
+	showTab(true);
+	EXPECT_FALSE(save->isEnabled());
+
+	edit(true, "lineEditMMX", "800");
+	EXPECT_TRUE(tabChild<QLineEdit>(true, "lineEditMMX")->toolTip().isEmpty());
+	EXPECT_TRUE(save->isEnabled());
+	exportTo(svg);
+	EXPECT_EQ(takeMessage(), "0 messages");
+	EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+	EXPECT_TRUE(QFileInfo::exists(svg));
+
+	// with the aspect ratio kept, a width gives the height in the chart's proportion 3:2
+	tabChild<QCheckBox>(true, "checkBoxAspectRatio")->setChecked(true);
+	edit(true, "lineEditMMX", "150");
+	EXPECT_EQ(fieldText(true, "lineEditMMY"), "100");
+	edit(true, "lineEditMMY", "40");
+	EXPECT_EQ(fieldText(true, "lineEditMMX"), "60");
+}
+
+
+TEST_F(SciExportDialog, DimensionHistoryIsStoredAndOffered) {
+	showTab(true);
+	tabChild<QCheckBox>(true, "checkBoxAspectRatio")->setChecked(false);
+	edit(true, "lineEditMMX", "120");
+	edit(true, "lineEditMMY", "80.5");
+	edit(true, "lineEditMMX", "0");			// invalid edits are not stored
+	edit(true, "lineEditMMX", "90");
+
+	const QStringList stored = QSettings("ZEB", "OrvanePart").value("dimensionHistory").toStringList();
+	// newest first: 90x80.5 after 120x80.5 after 120x<start height>
+	ASSERT_EQ(stored.size(), 3);
+	EXPECT_EQ(stored[0], "90x80.5");
+	EXPECT_EQ(stored[1], "120x80.5");
+	EXPECT_TRUE(stored[2].startsWith("120x"));
+
+	QComboBox * combo = tabChild<QComboBox>(true, "comboBoxLastPlotDimensions");
+	const int index = combo->findText("120x80.5");
+	ASSERT_GT(index, 0);
+	combo->setCurrentIndex(index);
+	EXPECT_EQ(fieldText(true, "lineEditMMX"), "120");
+	EXPECT_EQ(fieldText(true, "lineEditMMY"), "80.5");
+	// the chosen entry moved to the front, without a duplicate
+	const QStringList after = QSettings("ZEB", "OrvanePart").value("dimensionHistory").toStringList();
+	EXPECT_EQ(after.first(), "120x80.5");
+	EXPECT_EQ(after.count("120x80.5"), 1);
+	EXPECT_EQ(after.size(), 3);
+
+	// a new dialog offers the stored sizes; the list keeps the newest ten
+	for (int i = 1; i <= 12; ++i)
+		edit(true, "lineEditMMX", QString::number(i));
+	SCI::ExportDialog second(m_plot.get());
+	QComboBox * secondCombo = second.findChild<SCI::Export2VectorWidget *>()->findChild<QComboBox *>("comboBoxLastPlotDimensions");
+	ASSERT_EQ(secondCombo->count(), 11);
+	EXPECT_EQ(secondCombo->itemText(1), "12x80.5");
+	EXPECT_EQ(secondCombo->itemText(10), "3x80.5");
+}
+
+
+TEST_F(SciExportDialog, BitmapSizesAreLinkedThroughTheResolution) {
+	QSpinBox * dpi = tabChild<QSpinBox>(false, "spinBox_resolution");
+	QLabel * unscaled = tabChild<QLabel>(false, "labelPreviewUnscaled");
+	QLabel * scaled = tabChild<QLabel>(false, "labelPreviewScaled");
+
+	// pixel mode: the pixels stay, millimetres follow: 600 px at 300 dpi = 50.8 mm, 400 px = 33.87 mm
+	dpi->setValue(300);
+	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "600");
+	EXPECT_EQ(fieldText(false, "lineEditMMX"), "50.8");
+	EXPECT_EQ(fieldText(false, "lineEditMMY"), "33.9");
+	// the chart's proportion is 3:2
+	edit(false, "lineEditPixelX", "900");
+	EXPECT_EQ(fieldText(false, "lineEditPixelY"), "600");
+	EXPECT_EQ(fieldText(false, "lineEditMMX"), "76.2");
+	ASSERT_FALSE(unscaled->pixmap(Qt::ReturnByValue).isNull());
+	EXPECT_EQ(unscaled->pixmap(Qt::ReturnByValue).size(), QSize(900, 600));
+	EXPECT_LE(scaled->pixmap(Qt::ReturnByValue).width(), 400);
+	EXPECT_GT(scaled->pixmap(Qt::ReturnByValue).width(), 100);
+
+	// millimetre mode: the millimetres stay, pixels follow: 100 mm at 300 dpi = 1181.1 px;
+	// 100 mm / 1.5 = 66.7 mm = 787.8 px
+	tabChild<QRadioButton>(false, "radioButtonMM")->setChecked(true);
+	EXPECT_FALSE(tabChild<QLineEdit>(false, "lineEditPixelX")->isEnabled());
+	EXPECT_TRUE(tabChild<QLineEdit>(false, "lineEditMMX")->isEnabled());
+	edit(false, "lineEditMMX", "100");
+	EXPECT_EQ(fieldText(false, "lineEditMMY"), "66.7");
+	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "1181");
+	EXPECT_EQ(fieldText(false, "lineEditPixelY"), "788");
+	dpi->setValue(150);
+	EXPECT_EQ(fieldText(false, "lineEditMMX"), "100");
+	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "591");
+
+	// a bitmap too large for the previews is still exported
+	tabChild<QRadioButton>(false, "radioButtonPixels")->setChecked(true);
+	tabChild<QCheckBox>(false, "checkBoxAspectRatio")->setChecked(false);
+	edit(false, "lineEditPixelX", "4100");
+	edit(false, "lineEditPixelY", "30");
+	EXPECT_EQ(unscaled->text(), "Bitmap too large to preview.");
+	EXPECT_EQ(scaled->text(), "Bitmap too large to preview.");
+	const QString wide = scratchPath("dialog_wide.png");
+	exportTo(wide);
+	EXPECT_EQ(takeMessage(), "0 messages");
+	EXPECT_EQ(QImage(wide).size(), QSize(4100, 30));
+
+	// absurd sizes are refused when the image cannot be created
+	edit(false, "lineEditPixelX", "1e9");
+	edit(false, "lineEditPixelY", "1e9");
+	exportTo(wide);
+	EXPECT_EQ(takeMessage(), "Export error|Cannot create a bitmap of 1000000 x 1000000 pixels.");
+
+	edit(false, "lineEditPixelY", "12.5");
+	EXPECT_FALSE(child<QPushButton>("pushButtonSave")->isEnabled());
+}
+
+
+TEST_F(SciExportDialog, ComponentsReachTheExportedFile) {
+	child<QCheckBox>("checkBox_title")->setChecked(false);
+	child<QCheckBox>("checkBox_canvasBackground")->setChecked(false);
+	const QString png = scratchPath("dialog_components.png");
+	exportTo(png);
+	const QImage image(png);
+	ASSERT_FALSE(image.isNull());
+	EXPECT_EQ(countPixels(image, QRect(), isTitleColor), 0);
+	EXPECT_EQ(countPixels(image, QRect(), [](const QColor & c) { return isNear(c, CANVAS_BACKGROUND, 3); }), 0);
+	EXPECT_GT(countPixels(image, QRect(), isCurveColor), 300);
+}
+
+
+TEST_F(SciExportDialog, CopyToClipboard) {
+	QClipboard * clipboard = QApplication::clipboard();
+	clipboard->clear();
+	child<QPushButton>("pushButtonCopyToClipboard")->click();
+	EXPECT_EQ(clipboard->image().size(), QSize(600, 400));
+	EXPECT_EQ(m_dialog->result(), QDialog::Accepted);
+
+	showTab(true);
+	tabChild<QCheckBox>(true, "checkBoxAspectRatio")->setChecked(false);
+	edit(true, "lineEditMMX", "100");
+	edit(true, "lineEditMMY", "50");
+	child<QPushButton>("pushButtonCopyToClipboard")->click();
+	const QMimeData * data = clipboard->mimeData();
+	ASSERT_NE(data, nullptr);
+	const QString svg = QString::fromUtf8(data->data("image/svg+xml"));
+	EXPECT_TRUE(svg.contains("<title>Export Test</title>"));
+	EXPECT_EQ(clipboard->image().size(), SCI::ChartExporter::vectorPixelSize(QSizeF(100, 50), SCI::ChartExporter::screenResolution()));
+}

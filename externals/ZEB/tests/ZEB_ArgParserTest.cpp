@@ -6,23 +6,12 @@
 #include <ZEB_ArgParser.h>
 #include <ZEB_Exception.h>
 
+#include "ZEB_TestSupport.h"
+
 using ZEB::ArgParser;
 
 namespace {
 
-/*! Runs f and checks that it throws a ZEB::Exception whose newest record is msg from where. */
-template <typename F>
-void expectError(F f, const std::string & msg, const std::string & where) {
-	try {
-		f();
-		ADD_FAILURE() << "no exception, expected: " << where << " " << msg;
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(std::string(ex.what()), msg);
-		ASSERT_FALSE(ex.messages().empty());
-		EXPECT_EQ(ex.messages().back().m_where, where);
-	}
-}
 
 const char * const LANG_HELP = "Specify the program language using a 2 character language ID.";
 const char * const CHART_HELP = "Export chart #n, with dimensions 'width x height' and filename fn like 'diagram1.pdf'.";

@@ -7,23 +7,12 @@
 #include <ZEB_Exception.h>
 #include <ZEB_LinearSpline.h>
 
+#include "ZEB_TestSupport.h"
+
 using ZEB::LinearSpline;
 
 namespace {
 
-/*! Runs f and checks that it throws a ZEB::Exception whose newest record is msg from where. */
-template <typename F>
-void expectError(F f, const std::string & msg, const std::string & where) {
-	try {
-		f();
-		ADD_FAILURE() << "no exception, expected: " << where << " " << msg;
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(std::string(ex.what()), msg);
-		ASSERT_FALSE(ex.messages().empty());
-		EXPECT_EQ(ex.messages().back().m_where, where);
-	}
-}
 
 /*! Reference interpolation by linear scan, written from the definition. */
 double referenceValue(const std::vector<double> & x, const std::vector<double> & y, double v) {

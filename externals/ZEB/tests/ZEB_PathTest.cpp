@@ -11,23 +11,12 @@
 #include <ZEB_Exception.h>
 #include <ZEB_Path.h>
 
+#include "ZEB_TestSupport.h"
+
 using ZEB::Path;
 
 namespace {
 
-/*! Runs f and checks that it throws a ZEB::Exception whose newest record is msg from where. */
-template <typename F>
-void expectError(F f, const std::string & msg, const std::string & where) {
-	try {
-		f();
-		ADD_FAILURE() << "no exception, expected: " << where << " " << msg;
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(std::string(ex.what()), msg);
-		ASSERT_FALSE(ex.messages().empty());
-		EXPECT_EQ(ex.messages().back().m_where, where);
-	}
-}
 
 /*! Changes into a directory for the lifetime of the object and back afterwards. */
 class CurrentDirGuard {

@@ -12,7 +12,6 @@ using ZEB::ArgParser;
 
 namespace {
 
-
 const char * const LANG_HELP = "Specify the program language using a 2 character language ID.";
 const char * const CHART_HELP = "Export chart #n, with dimensions 'width x height' and filename fn like 'diagram1.pdf'.";
 const char * const CHARTS_HELP = "Exports several charts using export specs from given file.";

@@ -13,7 +13,6 @@ using ZEB::LinearSpline;
 
 namespace {
 
-
 /*! Reference interpolation by linear scan, written from the definition. */
 double referenceValue(const std::vector<double> & x, const std::vector<double> & y, double v) {
 	if (v <= x.front())

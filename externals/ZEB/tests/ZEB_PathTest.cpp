@@ -17,7 +17,6 @@ using ZEB::Path;
 
 namespace {
 
-
 /*! Changes into a directory for the lifetime of the object and back afterwards. */
 class CurrentDirGuard {
 public:

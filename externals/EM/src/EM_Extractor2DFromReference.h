@@ -1,0 +1,39 @@
+#ifndef EM_Extractor2DFromReferenceH
+#define EM_Extractor2DFromReferenceH
+
+#include <cstdint>
+
+#include "EM_Extractor2DOutputBase.h"
+
+namespace EM {
+
+/*! Extracts the time series of one column of a container with several values per time point
+	(a reference output). The column is given by its number as the container's header lists it
+	(nums()), not by its position.
+*/
+class Extractor2DFromReference : public Extractor2DOutputBase {
+public:
+	Extractor2DFromReference(DATAIO::DataIO * dataIO, std::uint32_t column);
+
+	/*! The common checks, then the data format 2D, a time unit as target x unit and the column
+		("Given column is not in DataIO container.").
+	*/
+	bool canUpdate() override;
+
+	std::uint32_t column() const { return m_column; }
+
+protected:
+	void doUpdate() override;
+
+private:
+	/*! Position of the column among the values of a time point; the count of columns when the
+		container does not list it.
+	*/
+	std::size_t columnPosition() const;
+
+	std::uint32_t	m_column;
+};
+
+} // namespace EM
+
+#endif // EM_Extractor2DFromReferenceH

@@ -1,0 +1,155 @@
+#include "OVP_DataManager.h"
+
+#include <QFileInfo>
+
+#include <DATAIO_DataIO.h>
+#include <DATAIO_GeoFile.h>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+
+#include "OVP_ProjectRelativePath.h"
+
+namespace OVP {
+
+DataManager::DataManager() = default;
+
+
+DataManager::~DataManager() = default;
+
+
+std::shared_ptr<DATAIO::DataIO> DataManager::container(const QString & fileName) {
+	FUNCID(DataManager::container);
+	dropUnused();
+	const QString path = ProjectRelativePath::normalized(fileName);
+	auto it = m_containers.find(path);
+	if (it != m_containers.end()) {
+		std::shared_ptr<DATAIO::DataIO> open = it->second.m_container.lock();
+		if (open)
+			return open;
+	}
+	std::shared_ptr<DATAIO::DataIO> dataIO = std::make_shared<DATAIO::DataIO>();
+	ContainerRecord record;
+	try {
+		dataIO->read(path.toStdString());
+		determineDataFormat(*dataIO, record);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot open output file '%1'.").arg(path.toStdString()), FUNC_ID);
+	}
+	record.m_container = dataIO;
+	m_containers[path] = record;
+	return dataIO;
+}
+
+
+std::shared_ptr<const DATAIO::GeoFile> DataManager::geometry(const DATAIO::DataIO * container) const {
+	const ContainerRecord * record = findRecord(container);
+	return record == nullptr ? nullptr : record->m_geometry;
+}
+
+
+unsigned int DataManager::revision(const DATAIO::DataIO * container) const {
+	const ContainerRecord * record = findRecord(container);
+	return record == nullptr ? 0 : record->m_revision;
+}
+
+
+bool DataManager::refresh(DATAIO::DataIO * container) {
+	FUNCID(DataManager::refresh);
+	ContainerRecord * record = findRecord(container);
+	if (record == nullptr)
+		throw ZEB::Exception("Container was not opened by the data manager.", FUNC_ID);
+	const DATAIO::DataIO::RefreshResult result = container->refresh();
+	if (result == DATAIO::DataIO::RR_UNCHANGED)
+		return false;
+	if (result == DATAIO::DataIO::RR_RELOADED) {
+		try {
+			determineDataFormat(*container, *record);
+		}
+		catch (ZEB::Exception & ex) {
+			++record->m_revision;
+			throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot determine the data format of '%1' after reloading.")
+								 .arg(container->filename()), FUNC_ID);
+		}
+	}
+	++record->m_revision;
+	return true;
+}
+
+
+std::size_t DataManager::openContainerCount() const {
+	std::size_t count = 0;
+	for (const auto & entry : m_containers)
+		if (!entry.second.m_container.expired())
+			++count;
+	return count;
+}
+
+
+void DataManager::determineDataFormat(DATAIO::DataIO & container, ContainerRecord & record) {
+	FUNCID(DataManager::determineDataFormat);
+	record.m_geometry.reset();
+	// time series and generation-5 files (embedded geometry) know their format after reading
+	if (container.dataFormat() != DATAIO::DataIO::NUM_DF)
+		return;
+	if (container.geoFileName().empty())
+		throw ZEB::Exception(ZEB::MessageFormat("Output file '%1' holds a field or flux but names no geometry file.")
+							 .arg(container.filename()), FUNC_ID);
+	const QString outputDir = QFileInfo(QString::fromStdString(container.filename())).absolutePath();
+	const QString geoPath = ProjectRelativePath::resolve(QString::fromStdString(container.geoFileName()), outputDir);
+	record.m_geometry = loadGeometry(geoPath);
+	container.determineDataFormat(record.m_geometry.get());
+}
+
+
+std::shared_ptr<const DATAIO::GeoFile> DataManager::loadGeometry(const QString & fileName) {
+	FUNCID(DataManager::loadGeometry);
+	const QFileInfo info(fileName);
+	if (!info.exists())
+		throw ZEB::Exception(ZEB::MessageFormat("Geometry file '%1' does not exist.").arg(fileName.toStdString()), FUNC_ID);
+	GeometryRecord & record = m_geometries[fileName];
+	std::shared_ptr<const DATAIO::GeoFile> loaded = record.m_geometry.lock();
+	if (loaded && record.m_lastModified == info.lastModified() && record.m_size == info.size())
+		return loaded;
+	std::shared_ptr<DATAIO::GeoFile> geometry = std::make_shared<DATAIO::GeoFile>();
+	geometry->read(fileName.toStdString());
+	record.m_geometry = geometry;
+	record.m_lastModified = info.lastModified();
+	record.m_size = info.size();
+	return geometry;
+}
+
+
+DataManager::ContainerRecord * DataManager::findRecord(const DATAIO::DataIO * container) {
+	for (auto & entry : m_containers)
+		if (entry.second.m_container.lock().get() == container)
+			return &entry.second;
+	return nullptr;
+}
+
+
+const DataManager::ContainerRecord * DataManager::findRecord(const DATAIO::DataIO * container) const {
+	for (const auto & entry : m_containers)
+		if (entry.second.m_container.lock().get() == container)
+			return &entry.second;
+	return nullptr;
+}
+
+
+void DataManager::dropUnused() {
+	for (auto it = m_containers.begin(); it != m_containers.end();) {
+		if (it->second.m_container.expired())
+			it = m_containers.erase(it);
+		else
+			++it;
+	}
+	for (auto it = m_geometries.begin(); it != m_geometries.end();) {
+		if (it->second.m_geometry.expired())
+			it = m_geometries.erase(it);
+		else
+			++it;
+	}
+}
+
+} // namespace OVP

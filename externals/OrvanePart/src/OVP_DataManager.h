@@ -1,0 +1,91 @@
+#ifndef OVP_DataManagerH
+#define OVP_DataManagerH
+
+#include <map>
+#include <memory>
+
+#include <QDateTime>
+#include <QString>
+
+namespace DATAIO {
+class DataIO;
+class GeoFile;
+}
+
+namespace OVP {
+
+/*! Holds the opened output containers: one DATAIO::DataIO per file, shared by all extractors
+	that read from that file, and one geometry per geometry file, shared by all containers that
+	refer to it. A container stays open as long as an extractor holds it.
+
+	Each container carries a revision number that grows whenever refresh() finds new data, so
+	that every mapper can tell whether its extractors still show the latest state, no matter
+	which mapper triggered the refresh.
+*/
+class DataManager {
+public:
+	DataManager();
+	~DataManager();
+	DataManager(const DataManager &) = delete;
+	DataManager & operator=(const DataManager &) = delete;
+
+	/*! The container of a file: the one already open, or the file read now. Field and flux
+		outputs get their data format decided with their geometry file (a relative GEO_FILE is
+		taken relative to the output file's folder). Throws ZEB::Exception when the file or its
+		geometry cannot be read.
+	*/
+	std::shared_ptr<DATAIO::DataIO> container(const QString & fileName);
+
+	/*! The separate geometry file of a container opened here; null when it has none (time
+		series, or a geometry embedded in the output file).
+	*/
+	std::shared_ptr<const DATAIO::GeoFile> geometry(const DATAIO::DataIO * container) const;
+
+	/*! The revision of a container opened here; 0 when it was never changed since opening. */
+	unsigned int revision(const DATAIO::DataIO * container) const;
+
+	/*! Reads what has changed in the file of a container opened here (appended records, or the
+		whole file when it was rewritten) and returns true when the data changed. A rewritten
+		file gets its data format decided again, with the geometry re-read when that file
+		changed. Throws ZEB::Exception.
+	*/
+	bool refresh(DATAIO::DataIO * container);
+
+	/*! Number of containers currently open. */
+	std::size_t openContainerCount() const;
+
+private:
+	/*! Book-keeping of one opened container. */
+	struct ContainerRecord {
+		std::weak_ptr<DATAIO::DataIO>			m_container;
+		std::shared_ptr<const DATAIO::GeoFile>	m_geometry;
+		unsigned int							m_revision = 0;
+	};
+
+	/*! One loaded geometry file and the file state it was read from. */
+	struct GeometryRecord {
+		std::weak_ptr<const DATAIO::GeoFile>	m_geometry;
+		QDateTime								m_lastModified;
+		qint64									m_size = 0;
+	};
+
+	/*! Decides the data format of a freshly read container, loading its geometry file when it
+		needs one; stores the geometry in the record.
+	*/
+	void determineDataFormat(DATAIO::DataIO & container, ContainerRecord & record);
+	/*! The geometry of a file: the loaded one when the file is unchanged, else read now. */
+	std::shared_ptr<const DATAIO::GeoFile> loadGeometry(const QString & fileName);
+	/*! The record of a container opened here, or null. */
+	ContainerRecord * findRecord(const DATAIO::DataIO * container);
+	const ContainerRecord * findRecord(const DATAIO::DataIO * container) const;
+	/*! Forgets containers and geometries that nobody holds any longer. */
+	void dropUnused();
+
+	/*! Records by normalised absolute file path. */
+	std::map<QString, ContainerRecord>	m_containers;
+	std::map<QString, GeometryRecord>	m_geometries;
+};
+
+} // namespace OVP
+
+#endif // OVP_DataManagerH

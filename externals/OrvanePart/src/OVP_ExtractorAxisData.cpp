@@ -1,0 +1,26 @@
+#include "OVP_ExtractorAxisData.h"
+
+#include <DATAIO_DataIO.h>
+
+namespace OVP {
+
+QString ExtractorAxisData::replaceQuantity(const QString & title, const std::string & quantity) {
+	if (quantity.empty())
+		return title;
+	QString result = title;
+	return result.replace("$quantity", QString::fromStdString(quantity));
+}
+
+
+QDateTime ExtractorAxisData::dateTimeZero(const QDateTime & stored, const DATAIO::DataIO * container) {
+	const QDateTime defaultZero(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC);
+	if (stored != defaultZero || container == nullptr || container->startYear() == UNSET_START_YEAR)
+		return stored;
+	const QDate start(container->startYear(), 1, 1);
+	// years the calendar does not have (there is no year 0) count as unknown
+	if (!start.isValid())
+		return stored;
+	return QDateTime(start, QTime(0, 0), Qt::UTC);
+}
+
+} // namespace OVP

@@ -1,0 +1,39 @@
+#ifndef OVP_ExtractorAxisDataH
+#define OVP_ExtractorAxisDataH
+
+#include <string>
+
+#include <QDateTime>
+#include <QString>
+
+namespace DATAIO {
+class DataIO;
+}
+
+namespace OVP {
+
+/*! The axis properties that the series models take from the extracted data instead of the
+	stored chart properties: the quantity name in axis titles and the date of the time zero.
+*/
+class ExtractorAxisData {
+public:
+	/*! The start year of a container that marks it as unknown. */
+	static const int UNSET_START_YEAR = -10000;
+
+	/*! The title with every "$quantity" replaced by the quantity name; an empty name leaves the
+		placeholder in the text.
+	*/
+	static QString replaceQuantity(const QString & title, const std::string & quantity);
+
+	/*! The date-time zero of an axis: the stored value when the user set one (it differs from
+		the default 2000-01-01 00:00 UTC); else 1 January, 00:00 UTC, of the start year of the
+		container (the first container of the first extractor), so that a date axis counts from
+		the start of the simulation. Without container or with an unknown start year the
+		stored value is kept.
+	*/
+	static QDateTime dateTimeZero(const QDateTime & stored, const DATAIO::DataIO * container);
+};
+
+} // namespace OVP
+
+#endif // OVP_ExtractorAxisDataH

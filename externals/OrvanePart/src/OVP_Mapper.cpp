@@ -1,0 +1,744 @@
+#include "OVP_Mapper.h"
+
+#include <algorithm>
+
+#include <QFileInfo>
+
+#include <tinyxml.h>
+
+#include <EM_Extractor2DFromReference.h>
+#include <EM_Extractor2DFromTwo2D.h>
+#include <EM_Extractor2DOutputBase.h>
+#include <EM_ExtractorBase.h>
+#include <EM_ExtractorFactory.h>
+#include <EM_Factory.h>
+#include <EM_ManipulatorBase.h>
+#include <EM_ModelTwo2DBase.h>
+
+#include <Sci_AbstractLineSeriesModel.h>
+#include <Sci_Chart.h>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+#include <ZEB_StringUtils.h>
+
+#include "OVP_DataManager.h"
+#include "OVP_ProjectRelativePath.h"
+#include "OVP_SeriesColorGridExtractorModel.h"
+#include "OVP_SeriesLineExtractorModel.h"
+#include "OVP_SeriesVectorFieldExtractorModel.h"
+
+namespace OVP {
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+/*! The text of the ModelType element of two-container extractors. */
+const char * const MODEL_TYPE_TWO_2D = "MT_2DFromTwo2D";
+
+/*! Keywords of the data formats, indexed by DATAIO::DataIO::DataFormat. */
+const char * const DATA_FORMAT_KEYWORDS[] = { "DF_2D", "DF_3D", "DF_4D", "DF_5D" };
+
+/*! Names of the cut index elements, indexed by EM::CutDimension. */
+const char * const CUT_INDEX_ELEMENTS[] = { "CutIndexX", "CutIndexY", "CutIndexZ", "CutIndexT" };
+
+/*! The default title of axes and new line series. */
+const char * const DEFAULT_AXIS_TITLE = "$quantity [$unit]";
+const char * const DEFAULT_SERIES_TITLE = "$filename";
+
+/*! The text of an element, empty when it has none. */
+std::string elementText(const TiXmlElement * e) {
+	return e->GetText() == nullptr ? std::string() : std::string(e->GetText());
+}
+
+/*! Reads a cut or column index; "-1" stands for the unset index. */
+unsigned int parseIndex(const std::string & text, const std::string & element, const char * funcId) {
+	try {
+		const long long value = ZEB::string2val<long long>(text);
+		if (value == -1)
+			return EM::ExtractorBase::LAST_INDEX;
+		if (value < 0 || value > 0xFFFFFFFFll)
+			throw ZEB::Exception("Index out of range.", funcId);
+		return static_cast<unsigned int>(value);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid index '%1' in '%2' tag.").arg(text).arg(element), funcId);
+	}
+}
+
+/*! The default title of the series of a model. */
+QString defaultModelTitle(const EM::ModelTwo2DBase & model) {
+	return QString::fromStdString(ZEB::MessageFormat("%1 from $filename").arg(model.title()).str());
+}
+
+/*! Appends an element with text (none when empty) to parent and returns it. */
+TiXmlElement * appendTextElement(TiXmlElement * parent, const char * name, const std::string & text) {
+	TiXmlElement * e = new TiXmlElement(name);
+	parent->LinkEndChild(e);
+	if (!text.empty())
+		e->LinkEndChild(new TiXmlText(text));
+	return e;
+}
+
+/*! True when two units are defined and can be converted into each other. */
+bool convertible(const ZEB::Unit & a, const ZEB::Unit & b) {
+	return a.id() != 0 && b.id() != 0 && a.base_id() == b.base_id();
+}
+
+/*! The unit of an axis of a chart model. */
+ZEB::Unit axisUnit(const CM & model, int axisPosition) {
+	return ZEB::Unit(model.axisData(axisPosition, CM::AxisUnit).toUInt());
+}
+
+/*! Sets an axis unit through the model's base implementation, which does not touch the
+	extractors.
+*/
+void setAxisUnit(CM & model, int axisPosition, const ZEB::Unit & unit) {
+	model.CM::setAxisData(unit.id(), axisPosition, CM::AxisUnit);
+}
+
+} // namespace
+
+
+/*! What an Extractor element describes. */
+struct Mapper::ExtractorDefinition {
+	QString											m_fileName;
+	QString											m_fileName2;
+	bool											m_hasFileName = false;
+	bool											m_hasFileName2 = false;
+	EM::CutType										m_cutType = EM::CT_NoCut;
+	bool											m_hasDataFormat = false;
+	DATAIO::DataIO::DataFormat						m_dataFormat = DATAIO::DataIO::NUM_DF;
+	std::uint32_t									m_column = 0;
+	bool											m_hasModel = false;
+	std::string										m_modelType;
+	std::string										m_modelParameter;
+	bool											m_hasCutIndex[EM::NUM_CD] = { false, false, false, false };
+	unsigned int									m_cutIndex[EM::NUM_CD] = { 0, 0, 0, 0 };
+	bool											m_timeIndexLocked = false;
+	std::vector<std::unique_ptr<EM::ManipulatorBase> >	m_manipulators;
+};
+
+
+EM::Extractor2DOutputBase & Mapper::ExtractorEntry::output2D() const {
+	Q_ASSERT(m_extractor != nullptr && m_extractor->outputKind() == EM::ExtractorBase::OK_2D);
+	return static_cast<EM::Extractor2DOutputBase &>(*m_extractor);
+}
+
+
+Mapper::Mapper(DataManager & dataManager, QObject * parent) :
+	QObject(parent),
+	m_dataManager(dataManager)
+{
+}
+
+
+Mapper::~Mapper() {
+	// the plot listens to the model; it goes first
+	delete m_chart.data();
+}
+
+
+std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
+												const std::string & modelType)
+{
+	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
+	ExtractorEntry entry = mapper->createEntry(dataSets, modelType);
+	if (modelType.empty())
+		mapper->m_name = QFileInfo(dataSets.front().m_fileName).fileName();
+	else
+		mapper->m_name = QString::fromUtf8(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model().title());
+	mapper->appendEntry(std::move(entry));
+	mapper->setupNewChart();
+	if (mapper->m_type == MT_2D)
+		mapper->updateEntry(mapper->m_2DExtractors.front());
+	else
+		mapper->updateEntry(mapper->m_3DExtractor);
+	return mapper;
+}
+
+
+void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType) {
+	FUNCID(Mapper::addExtractor);
+	if (m_type != MT_2D)
+		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
+	if (dataSets.empty())
+		throw ZEB::Exception("No data set selected.", FUNC_ID);
+
+	// 1. the data format must be that of the data sets in the chart
+	const DATAIO::DataIO::DataFormat mapperFormat = m_2DExtractors.front().m_dataFormat;
+	std::shared_ptr<DATAIO::DataIO> first = m_dataManager.container(dataSets.front().m_fileName);
+	if (first->dataFormat() != mapperFormat)
+		throw ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
+			"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
+			.arg(DATAIO::DataIO::dataFormatText(first->dataFormat())).arg(DATAIO::DataIO::dataFormatText(mapperFormat)),
+			FUNC_ID);
+
+	ExtractorEntry entry;
+	if (modelType.empty()) {
+		entry = createEntry(dataSets, modelType);
+	}
+	else {
+		try {
+			entry = createEntry(dataSets, modelType);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.", FUNC_ID);
+		}
+	}
+	if (entry.m_extractor->outputKind() != EM::ExtractorBase::OK_2D)
+		throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+
+	// 2. the x values must convert to the x axis
+	if (!convertible(entry.m_extractor->axisUnitFromDataIO(0), axisUnit(*m_chartModel, CM::BottomAxis)))
+		throw ZEB::Exception("X-axis units are not compatible.", FUNC_ID);
+
+	// 3. the values must convert to one of the y axes
+	const ZEB::Unit valueUnit = entry.m_extractor->axisUnitFromDataIO(1);
+	const ZEB::Unit left = axisUnit(*m_chartModel, CM::LeftAxis);
+	const ZEB::Unit right = axisUnit(*m_chartModel, CM::RightAxis);
+	bool leftAxis = true;
+	if (!convertible(valueUnit, left)) {
+		if (!convertible(valueUnit, right))
+			throw ZEB::Exception(ZEB::MessageFormat("Unit [%1] of selected dataset does match neither left y-axis unit "
+				"[%2] nor right y-axis unit [%3]").arg(valueUnit.name()).arg(left.name()).arg(right.name()), FUNC_ID);
+		leftAxis = false;
+	}
+
+	setTargetUnitsFromAxes(entry, leftAxis);
+	const int index = static_cast<int>(m_2DExtractors.size());
+	appendEntry(std::move(entry));
+	static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(index, leftAxis);
+	update2DExtractor(static_cast<unsigned int>(index));
+}
+
+
+void Mapper::readXML(const TiXmlElement * element, const QString & projectDir) {
+	FUNCID(Mapper::readXML);
+	bool chartModelRead = false;
+	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
+		 child = child->NextSiblingElement())
+	{
+		const std::string & name = child->ValueStr();
+		if (name == "Extractors") {
+			for (const TiXmlElement * e = child->FirstChildElement(); e != nullptr; e = e->NextSiblingElement()) {
+				if (e->ValueStr() != "Extractor")
+					throw ZEB::Exception(ZEB::MessageFormat("Expected 'Extractor' tag, got '%1'").arg(e->ValueStr()), FUNC_ID);
+				ExtractorDefinition def;
+				readExtractorDefinition(e, projectDir, def);
+				ExtractorEntry entry = createExtractorEntry(def);
+				const bool is2D = entry.m_extractor->outputKind() == EM::ExtractorBase::OK_2D;
+				if (m_type == MT_3D || m_type == MT_Vector) {
+					if (is2D)
+						throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
+					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+				}
+				if (m_type == MT_2D && !is2D)
+					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+				appendEntry(std::move(entry));
+			}
+		}
+		else if (name == "ChartModel") {
+			if (extractorCount() == 0)
+				throw ZEB::Exception("Cannot have 'ChartModel' tag before added Extractors to mapper.", FUNC_ID);
+			const char * chartType = child->Attribute("chartType");
+			const char * expected = m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector");
+			if (chartType != nullptr && std::string(chartType) != expected)
+				throw ZEB::Exception(ZEB::MessageFormat("Chart type '%1' does not fit the extractors of the mapper "
+														"(expected '%2').").arg(chartType).arg(expected), FUNC_ID);
+			m_chartModel->readXML(child);
+			chartModelRead = true;
+		}
+		else {
+			throw ZEB::Exception(ZEB::MessageFormat("Expected 'Extractors' tag or 'ChartModel' tag, got '%1'").arg(name),
+								 FUNC_ID);
+		}
+	}
+	if (extractorCount() == 0)
+		return;
+	if (!chartModelRead) {
+		setupNewChart();
+		for (unsigned int i = 1; i < m_2DExtractors.size(); ++i)
+			static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i), true);
+	}
+	else if (m_type == MT_2D) {
+		// the titles saved with the series are those of the chart model
+		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
+			m_2DExtractors[i].m_title = lineModel.lineProperties(static_cast<int>(i)).m_titleText;
+	}
+	applyAxisUnits();
+}
+
+
+void Mapper::readExtractorDefinition(const TiXmlElement * element, const QString & projectDir,
+									 ExtractorDefinition & def)
+{
+	FUNCID(Mapper::readXML);
+	for (const TiXmlElement * e = element->FirstChildElement(); e != nullptr; e = e->NextSiblingElement()) {
+		const std::string & name = e->ValueStr();
+		const std::string text = elementText(e);
+		if (name == "DataIOFileName") {
+			if (text.empty())
+				throw ZEB::Exception("Error in 'Extractor' tag, DataIOFileName tag must not be empty.", FUNC_ID);
+			def.m_fileName = ProjectRelativePath::resolve(QString::fromStdString(text), projectDir);
+			def.m_hasFileName = true;
+		}
+		else if (name == "DataIOFileName2") {
+			if (text.empty())
+				throw ZEB::Exception("Error in 'Extractor' tag, DataIOFileName2 tag must not be empty.", FUNC_ID);
+			def.m_fileName2 = ProjectRelativePath::resolve(QString::fromStdString(text), projectDir);
+			def.m_hasFileName2 = true;
+		}
+		else if (name == "CutType") {
+			def.m_cutType = EM::CutTypes::fromKeyword(text);
+			if (def.m_cutType == EM::NUM_CT)
+				throw ZEB::Exception(ZEB::MessageFormat("Unknown cut type '%1'.").arg(text), FUNC_ID);
+		}
+		else if (name == "DataFormat") {
+			def.m_dataFormat = DATAIO::DataIO::NUM_DF;
+			for (int f = 0; f < DATAIO::DataIO::NUM_DF; ++f)
+				if (text == DATA_FORMAT_KEYWORDS[f])
+					def.m_dataFormat = static_cast<DATAIO::DataIO::DataFormat>(f);
+			if (def.m_dataFormat == DATAIO::DataIO::NUM_DF)
+				throw ZEB::Exception(ZEB::MessageFormat("Unknown data format '%1'.").arg(text), FUNC_ID);
+			def.m_hasDataFormat = true;
+		}
+		else if (name == "DataType") {
+			// the extractor follows the output type of the file itself; the tag tells the reader
+			if (text != "T_REFERENCE" && text != "T_FLUX")
+				throw ZEB::Exception(ZEB::MessageFormat("Unknown data type '%1'.").arg(text), FUNC_ID);
+		}
+		else if (name == "ColumnIndex") {
+			def.m_column = parseIndex(text, name, FUNC_ID);
+		}
+		else if (name == "ModelType") {
+			if (text != MODEL_TYPE_TWO_2D)
+				throw ZEB::Exception("Unknown or invalid 'ModelType' attribute.", FUNC_ID);
+			const char * type = e->Attribute("type");
+			if (type == nullptr)
+				throw ZEB::Exception("Expected 'type' attribute in MT_2DFromTwo2D model.", FUNC_ID);
+			const char * parameter = e->Attribute("Parameter");
+			if (parameter == nullptr)
+				throw ZEB::Exception("Expected 'Parameter' attribute in MT_2DFromTwo2D model.", FUNC_ID);
+			def.m_hasModel = true;
+			def.m_modelType = type;
+			def.m_modelParameter = parameter;
+		}
+		else if (name == "Manipulator") {
+			const char * type = e->Attribute("type");
+			if (type == nullptr)
+				throw ZEB::Exception("Expected 'type' attribute in Manipulator.", FUNC_ID);
+			std::unique_ptr<EM::ManipulatorBase> manipulator = createManipulator(type);
+			manipulator->setFromParameter(text);
+			def.m_manipulators.push_back(std::move(manipulator));
+		}
+		else {
+			bool isCutIndex = false;
+			for (unsigned int d = 0; d < EM::NUM_CD; ++d) {
+				if (name != CUT_INDEX_ELEMENTS[d])
+					continue;
+				isCutIndex = true;
+				def.m_hasCutIndex[d] = true;
+				def.m_cutIndex[d] = parseIndex(text, name, FUNC_ID);
+				if (d == EM::CD_Time) {
+					const char * locked = e->Attribute("locked");
+					def.m_timeIndexLocked = locked != nullptr && std::string(locked) == "yes";
+				}
+			}
+			if (!isCutIndex)
+				throw ZEB::Exception(ZEB::MessageFormat("Unknown/invalid xml tag '%1' in Extractor section.").arg(name),
+									 FUNC_ID);
+		}
+	}
+
+	if (!def.m_hasDataFormat)
+		throw ZEB::Exception("Missing data format for extractor.", FUNC_ID);
+	if (!def.m_hasFileName)
+		throw ZEB::Exception("Extractor does not reference a DataIO file, which is necessary to re-create the extractor.",
+							 FUNC_ID);
+	if (def.m_hasModel && !def.m_hasFileName2)
+		throw ZEB::Exception("Extractor2DFromTwo2D does not reference th second DataIO file, which is necessary to "
+							 "re-create the extractor.", FUNC_ID);
+	if (def.m_hasFileName2 && !def.m_hasModel)
+		throw ZEB::Exception("Invalid extractor definition in mapper. Model for Extractor2DFromTwo2D missing.", FUNC_ID);
+	if (def.m_hasModel && EM::Factory::createModel(def.m_modelType) == nullptr)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid extractor definition in mapper. Unknown model type '%1'.")
+							 .arg(def.m_modelType), FUNC_ID);
+}
+
+
+Mapper::ExtractorEntry Mapper::createExtractorEntry(ExtractorDefinition & def) const {
+	FUNCID(Mapper::readXML);
+	ExtractorEntry entry;
+	entry.m_dataFormat = def.m_dataFormat;
+	try {
+		entry.m_dataIOs.push_back(m_dataManager.container(def.m_fileName));
+		if (def.m_hasModel) {
+			entry.m_dataIOs.push_back(m_dataManager.container(def.m_fileName2));
+			std::unique_ptr<EM::ModelTwo2DBase> model = createModel(def.m_modelType);
+			model->setFromParameter(def.m_modelParameter);
+			entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), entry.m_dataIOs[1].get(),
+																	  std::move(model));
+		}
+		else {
+			entry.m_extractor = createExtractor(entry.m_dataIOs[0].get(), def.m_dataFormat, def.m_cutType, def.m_column);
+		}
+		for (unsigned int d = 0; d < EM::NUM_CD; ++d) {
+			if (!def.m_hasCutIndex[d])
+				continue;
+			if (d == EM::CD_Time)
+				entry.m_extractor->setTimeCutIndex(def.m_cutIndex[d], def.m_timeIndexLocked, false);
+			else
+				entry.m_extractor->setCutIndex(d, def.m_cutIndex[d], false);
+		}
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot create extractor (DataIO = %1).")
+							 .arg(def.m_fileName.toStdString()), FUNC_ID);
+	}
+	for (std::unique_ptr<EM::ManipulatorBase> & m : def.m_manipulators)
+		entry.m_extractor->addManipulator(std::move(m));
+	entry.m_revisions.assign(entry.m_dataIOs.size(), 0);
+	entry.m_title = def.m_hasModel ? defaultModelTitle(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model())
+								   : QString(DEFAULT_SERIES_TITLE);
+	return entry;
+}
+
+
+void Mapper::writeXML(TiXmlElement * element, const QString & projectDir, bool writeAll) const {
+	TiXmlElement * extractors = new TiXmlElement("Extractors");
+	element->LinkEndChild(extractors);
+	for (const ExtractorEntry & entry : m_2DExtractors)
+		writeExtractor(extractors, entry, projectDir);
+	if (m_3DExtractor.m_extractor)
+		writeExtractor(extractors, m_3DExtractor, projectDir);
+
+	if (!m_chartModel)
+		return;
+	TiXmlElement * chartModel = new TiXmlElement("ChartModel");
+	element->LinkEndChild(chartModel);
+	chartModel->SetAttribute("chartType", m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector"));
+	const bool previous = m_chartModel->writeAll();
+	m_chartModel->setWriteAll(writeAll);
+	m_chartModel->writeXML(chartModel);
+	m_chartModel->setWriteAll(previous);
+}
+
+
+void Mapper::writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry, const QString & projectDir) {
+	const EM::ExtractorBase & extractor = *entry.m_extractor;
+	TiXmlElement * e = new TiXmlElement("Extractor");
+	parent->LinkEndChild(e);
+	for (std::size_t i = 0; i < entry.m_dataIOs.size() && i < 2; ++i) {
+		const QString path = ProjectRelativePath::toFileText(QString::fromStdString(entry.m_dataIOs[i]->filename()),
+															 projectDir);
+		appendTextElement(e, i == 0 ? "DataIOFileName" : "DataIOFileName2", path.toStdString());
+	}
+	appendTextElement(e, "CutType", EM::CutTypes::keyword(extractor.cutType()));
+	if (entry.m_dataFormat < DATAIO::DataIO::NUM_DF)
+		appendTextElement(e, "DataFormat", DATA_FORMAT_KEYWORDS[entry.m_dataFormat]);
+
+	const EM::Extractor2DFromReference * reference = dynamic_cast<const EM::Extractor2DFromReference *>(&extractor);
+	if (reference != nullptr)
+		appendTextElement(e, "DataType", "T_REFERENCE");
+	else if (extractor.outputKind() == EM::ExtractorBase::OK_Vector)
+		appendTextElement(e, "DataType", "T_FLUX");
+	if (reference != nullptr)
+		appendTextElement(e, "ColumnIndex", std::to_string(reference->column()));
+
+	const EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<const EM::Extractor2DFromTwo2D *>(&extractor);
+	if (twoFiles != nullptr) {
+		TiXmlElement * model = appendTextElement(e, "ModelType", MODEL_TYPE_TWO_2D);
+		model->SetAttribute("type", twoFiles->model().typeKeyword());
+		model->SetAttribute("Parameter", twoFiles->model().parameter());
+	}
+
+	if (extractor.isCutDimension(EM::CD_Time) && extractor.cutIndex(EM::CD_Time) != EM::ExtractorBase::LAST_INDEX) {
+		TiXmlElement * t = appendTextElement(e, CUT_INDEX_ELEMENTS[EM::CD_Time],
+											 std::to_string(extractor.cutIndex(EM::CD_Time)));
+		t->SetAttribute("locked", extractor.isTimeIndexLocked() ? "yes" : "no");
+	}
+	for (unsigned int d = EM::CD_X; d <= EM::CD_Z; ++d)
+		if (extractor.isCutDimension(d) && extractor.cutIndex(d) != EM::ExtractorBase::LAST_INDEX)
+			appendTextElement(e, CUT_INDEX_ELEMENTS[d], std::to_string(extractor.cutIndex(d)));
+
+	for (const std::unique_ptr<EM::ManipulatorBase> & m : extractor.manipulators()) {
+		TiXmlElement * me = appendTextElement(e, "Manipulator", m->parameter());
+		me->SetAttribute("type", m->typeKeyword());
+	}
+}
+
+
+std::unique_ptr<EM::ExtractorBase> Mapper::createExtractor(DATAIO::DataIO * dataIO, DATAIO::DataIO::DataFormat format,
+														   EM::CutType cutType, std::uint32_t column) const
+{
+	FUNCID(Mapper::createExtractor);
+	const std::vector<EM::CutType> valid = EM::ExtractorFactory::validCutTypes(format, dataIO->type());
+	const bool validCut = std::find(valid.begin(), valid.end(), cutType) != valid.end();
+	switch (format) {
+		case DATAIO::DataIO::DF_2D :
+			// a time series has nothing to cut
+			cutType = EM::CT_NoCut;
+			break;
+		case DATAIO::DataIO::DF_3D :
+			if (!validCut)
+				throw ZEB::Exception("Cannot create extractor from 3D without valid cut type.", FUNC_ID);
+			break;
+		case DATAIO::DataIO::DF_4D :
+			if (dataIO->type() == DATAIO::DataIO::T_FLUX && cutType != EM::CT_TimeCut)
+				throw ZEB::Exception("Cannot create extractor from vector field for non-time cut types.", FUNC_ID);
+			if (!validCut)
+				throw ZEB::Exception("Cannot create extractor from 4D without valid cut type.", FUNC_ID);
+			break;
+		case DATAIO::DataIO::DF_5D :
+			if (!validCut)
+				throw ZEB::Exception("Cannot create extractor from 5D without valid cut type.", FUNC_ID);
+			break;
+		default :
+			Q_ASSERT_X(false, FUNC_ID, "invalid data format");
+			throw ZEB::Exception(ZEB::MessageFormat("Invalid data format #%1.").arg(static_cast<int>(format)), FUNC_ID);
+	}
+	return EM::ExtractorFactory::createExtractor(dataIO, cutType, m_dataManager.geometry(dataIO), column);
+}
+
+
+std::unique_ptr<EM::ManipulatorBase> Mapper::createManipulator(const std::string & type) {
+	FUNCID(Mapper::createManipulator);
+	std::unique_ptr<EM::ManipulatorBase> manipulator = EM::Factory::createManipulator(type);
+	if (!manipulator)
+		throw ZEB::Exception(ZEB::MessageFormat("Unknown/unsupported manipulator of type '%1'.").arg(type), FUNC_ID);
+	return manipulator;
+}
+
+
+std::unique_ptr<EM::ModelTwo2DBase> Mapper::createModel(const std::string & type) {
+	FUNCID(Mapper::createModel);
+	std::unique_ptr<EM::ModelTwo2DBase> model = EM::Factory::createModel(type);
+	if (!model)
+		throw ZEB::Exception(ZEB::MessageFormat("Unknown/unsupported model of type '%1'.").arg(type), FUNC_ID);
+	return model;
+}
+
+
+unsigned int Mapper::extractorCount() const {
+	return static_cast<unsigned int>(m_2DExtractors.size()) + (m_3DExtractor.m_extractor ? 1 : 0);
+}
+
+
+SCI::Chart * Mapper::chart() {
+	if (m_chart.isNull() && m_chartModel) {
+		m_chart = new SCI::Chart;
+		m_chart->setModel(m_chartModel.get());
+	}
+	return m_chart.data();
+}
+
+
+QString Mapper::displayTitle(const QString & title, const ExtractorEntry & entry) {
+	if (entry.m_dataIOs.empty() || !title.contains("$filename"))
+		return title;
+	QString result = title;
+	return result.replace("$filename", QFileInfo(QString::fromStdString(entry.m_dataIOs.front()->filename())).fileName());
+}
+
+
+void Mapper::setSeriesTitle(unsigned int index, const QString & title) {
+	Q_ASSERT(index < m_2DExtractors.size());
+	m_2DExtractors[index].m_title = title;
+}
+
+
+void Mapper::refresh() {
+	if (!m_chartModel)
+		return;
+	// all files first, so that the chart redraws once and only when something changed
+	std::vector<unsigned int> changed;
+	for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
+		if (refreshEntry(m_2DExtractors[i]))
+			changed.push_back(i);
+	const bool fieldChanged = m_3DExtractor.m_extractor && refreshEntry(m_3DExtractor);
+	if (changed.empty() && !fieldChanged)
+		return;
+	m_chartModel->beginChangeModel();
+	for (unsigned int i : changed)
+		update2DExtractor(i);
+	if (fieldChanged) {
+		m_chartModel->beginChangeSeries(0, 0);
+		updateEntry(m_3DExtractor);
+		m_chartModel->endChangeSeries();
+	}
+	m_chartModel->endChangeModel();
+}
+
+
+void Mapper::update2DExtractor(unsigned int index) {
+	Q_ASSERT(index < m_2DExtractors.size());
+	const int i = static_cast<int>(index);
+	m_chartModel->beginChangeSeries(i, i);
+	updateEntry(m_2DExtractors[index]);
+	m_chartModel->endChangeSeries();
+}
+
+
+void Mapper::applyAxisUnits() {
+	if (!m_chartModel)
+		return;
+	m_chartModel->beginChangeModel();
+	if (m_type == MT_2D) {
+		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i) {
+			setTargetUnitsFromAxes(m_2DExtractors[i], lineModel.lineProperties(static_cast<int>(i)).m_leftAxis);
+			update2DExtractor(i);
+		}
+	}
+	else if (m_3DExtractor.m_extractor) {
+		setTargetUnitsFromAxes(m_3DExtractor, true);
+		m_chartModel->beginChangeSeries(0, 0);
+		updateEntry(m_3DExtractor);
+		m_chartModel->endChangeSeries();
+	}
+	m_chartModel->endChangeModel();
+}
+
+
+void Mapper::onSeriesViewChanged(int start, int end, int role) {
+	emit seriesViewChanged(start, end, role);
+}
+
+
+Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType) const {
+	FUNCID(Mapper::createNewMapper);
+	ExtractorEntry entry;
+	if (dataSets.size() == 1 && modelType.empty()) {
+		entry.m_dataIOs.push_back(m_dataManager.container(dataSets[0].m_fileName));
+		DATAIO::DataIO * dataIO = entry.m_dataIOs[0].get();
+		entry.m_dataFormat = dataIO->dataFormat();
+		if (entry.m_dataFormat >= DATAIO::DataIO::NUM_DF)
+			throw ZEB::Exception("Invalid data format type", FUNC_ID);
+		entry.m_extractor = createExtractor(dataIO, entry.m_dataFormat, dataSets[0].m_cutType, dataSets[0].m_column);
+		entry.m_title = DEFAULT_SERIES_TITLE;
+	}
+	else if (dataSets.size() == 2 && !modelType.empty()) {
+		for (const DataSet & ds : dataSets) {
+			entry.m_dataIOs.push_back(m_dataManager.container(ds.m_fileName));
+			if (entry.m_dataIOs.back()->dataFormat() != DATAIO::DataIO::DF_2D)
+				throw ZEB::Exception("Invalid data format type", FUNC_ID);
+		}
+		entry.m_dataFormat = DATAIO::DataIO::DF_2D;
+		std::unique_ptr<EM::ModelTwo2DBase> model = createModel(modelType);
+		entry.m_title = defaultModelTitle(*model);
+		entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), entry.m_dataIOs[1].get(),
+																  std::move(model));
+	}
+	else {
+		throw ZEB::Exception("Invalid data format type", FUNC_ID);
+	}
+	entry.m_revisions.assign(entry.m_dataIOs.size(), 0);
+	return entry;
+}
+
+
+void Mapper::appendEntry(ExtractorEntry entry) {
+	const EM::ExtractorBase::OutputKind kind = entry.m_extractor->outputKind();
+	if (m_type == MT_Empty) {
+		switch (kind) {
+			case EM::ExtractorBase::OK_2D :
+				m_type = MT_2D;
+				m_chartModel.reset(new SeriesLineExtractorModel(this));
+				break;
+			case EM::ExtractorBase::OK_3D :
+				m_type = MT_3D;
+				m_chartModel.reset(new SeriesColorGridExtractorModel(this));
+				break;
+			case EM::ExtractorBase::OK_Vector :
+				m_type = MT_Vector;
+				m_chartModel.reset(new SeriesVectorFieldExtractorModel(this));
+				break;
+		}
+		connect(m_chartModel.get(), &SCI::AbstractChartModel::seriesViewChanged, this, &Mapper::onSeriesViewChanged);
+		if (kind == EM::ExtractorBase::OK_2D)
+			m_2DExtractors.push_back(std::move(entry));
+		else
+			m_3DExtractor = std::move(entry);
+		return;
+	}
+	Q_ASSERT(m_type == MT_2D && kind == EM::ExtractorBase::OK_2D);
+	const int index = static_cast<int>(m_2DExtractors.size());
+	m_chartModel->beginInsertSeries(index, index);
+	m_2DExtractors.push_back(std::move(entry));
+	m_chartModel->endInsertSeries();
+}
+
+
+void Mapper::setupNewChart() {
+	CM & model = *m_chartModel;
+	const ExtractorEntry & entry = m_type == MT_2D ? m_2DExtractors.front() : m_3DExtractor;
+	const EM::ExtractorBase & extractor = *entry.m_extractor;
+	model.setChartData(m_name, SCI::AbstractChartModel::TitleText);
+	setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
+	if (m_type == MT_2D) {
+		setAxisUnit(model, CM::LeftAxis, extractor.targetValueUnit());
+	}
+	else {
+		setAxisUnit(model, CM::LeftAxis, extractor.targetYUnit());
+		setAxisUnit(model, CM::RightAxis, extractor.targetValueUnit());
+	}
+	for (int a = 0; a < CM::NUM_AXES; ++a)
+		model.setAxisData(QString(DEFAULT_AXIS_TITLE), a, CM::AxisTitleText);
+	if (m_type == MT_2D)
+		static_cast<SeriesLineExtractorModel &>(model).initSeries(0, true);
+}
+
+
+void Mapper::setTargetUnitsFromAxes(ExtractorEntry & entry, bool leftAxis) const {
+	EM::ExtractorBase & extractor = *entry.m_extractor;
+	const ZEB::Unit x = axisUnit(*m_chartModel, CM::BottomAxis);
+	if (x.id() != 0)
+		extractor.setTargetXUnit(x);
+	if (extractor.outputKind() == EM::ExtractorBase::OK_2D) {
+		const ZEB::Unit value = axisUnit(*m_chartModel, leftAxis ? CM::LeftAxis : CM::RightAxis);
+		if (value.id() != 0)
+			extractor.setTargetValueUnit(value);
+	}
+	else {
+		const ZEB::Unit y = axisUnit(*m_chartModel, CM::LeftAxis);
+		if (y.id() != 0)
+			extractor.setTargetYUnit(y);
+		const ZEB::Unit value = axisUnit(*m_chartModel, CM::RightAxis);
+		if (value.id() != 0)
+			extractor.setTargetValueUnit(value);
+	}
+}
+
+
+void Mapper::updateEntry(ExtractorEntry & entry) const {
+	entry.m_extractor->update();
+	for (std::size_t i = 0; i < entry.m_dataIOs.size(); ++i)
+		entry.m_revisions[i] = m_dataManager.revision(entry.m_dataIOs[i].get());
+}
+
+
+bool Mapper::refreshEntry(ExtractorEntry & entry) const {
+	FUNCID(Mapper::refresh);
+	bool changed = false;
+	for (std::size_t i = 0; i < entry.m_dataIOs.size(); ++i) {
+		DATAIO::DataIO * dataIO = entry.m_dataIOs[i].get();
+		try {
+			m_dataManager.refresh(dataIO);
+		}
+		catch (ZEB::Exception & ex) {
+			ex.reportAllAsErrors();
+			ZEB::reportError(ZEB::MessageFormat("Cannot refresh data file '%1', the chart keeps its data.")
+							 .arg(dataIO->filename()).str(), FUNC_ID);
+		}
+		if (m_dataManager.revision(dataIO) != entry.m_revisions[i])
+			changed = true;
+	}
+	return changed;
+}
+
+} // namespace OVP

@@ -1,0 +1,209 @@
+#ifndef OVP_MapperH
+#define OVP_MapperH
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <DATAIO_DataIO.h>
+
+#include <EM_CutType.h>
+
+class TiXmlElement;
+
+namespace EM {
+class ExtractorBase;
+class Extractor2DOutputBase;
+class ManipulatorBase;
+class ModelTwo2DBase;
+}
+
+namespace SCI {
+class AbstractCartesianChartModel;
+class Chart;
+}
+
+namespace OVP {
+
+class DataManager;
+
+/*! One chart together with everything needed to rebuild its data from files: the extractors
+	that cut one data set each out of an output file (with their manipulators and models), the
+	chart model that presents them and the plot that draws them.
+
+	A mapper is a line chart of any number of 2D extractors (one series each), a colour grid of
+	exactly one 3D extractor or a vector field of exactly one vector-field extractor. Its state
+	is stored in the project file as element Mapper (readXML(), writeXML()), so that the chart
+	can be rebuilt from the files on disk. The target units of the extractors are the units of
+	the chart axes: a change of an axis unit converts the series.
+*/
+class Mapper : public QObject {
+	Q_OBJECT
+public:
+	/*! The kind of chart, decided by the first extractor. */
+	enum MapperType {
+		MT_Empty,		///< no extractor yet
+		MT_2D,			///< line chart of 2D extractors
+		MT_3D,			///< colour grid of one 3D extractor
+		MT_Vector		///< vector field of one vector-field extractor
+	};
+
+	/*! A data set selected by the user: a file and, for reference outputs, the column number as
+		the header lists it; for field and flux outputs the cut type chooses the extractor.
+	*/
+	struct DataSet {
+		QString			m_fileName;
+		std::uint32_t	m_column = 0;
+		EM::CutType		m_cutType = EM::CT_NoCut;
+	};
+
+	/*! One extractor with the containers it reads (held open for it) and, for series of a line
+		chart, the series title that is saved with the mapper.
+	*/
+	struct ExtractorEntry {
+		std::unique_ptr<EM::ExtractorBase>				m_extractor;
+		std::vector<std::shared_ptr<DATAIO::DataIO> >	m_dataIOs;
+		/*! Revision of each container (DataManager) that the output was last updated from. */
+		std::vector<unsigned int>						m_revisions;
+		/*! Data format the extractor was made for (the file's format when it was created). */
+		DATAIO::DataIO::DataFormat						m_dataFormat = DATAIO::DataIO::NUM_DF;
+		/*! Series title as stored; "$filename" stands for the source file name. */
+		QString											m_title;
+
+		/*! The extractor as 2D extractor; only for entries of a 2D mapper. */
+		EM::Extractor2DOutputBase & output2D() const;
+	};
+
+	/*! An empty mapper that opens its files through dataManager. */
+	explicit Mapper(DataManager & dataManager, QObject * parent = nullptr);
+	~Mapper() override;
+
+	/*! A new mapper of one data set, or of two 2D data sets combined by the model of the given
+		type keyword (e.g. "VTTMouldModel"). The extractor is updated, the chart set up with the
+		data's units and default titles, and the mapper named after the data. Throws
+		ZEB::Exception.
+	*/
+	static std::unique_ptr<Mapper> createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
+												   const std::string & modelType = std::string());
+
+	/*! Adds the series of one data set, or of two 2D data sets and a model, to a line chart.
+		The series goes to the y axis whose unit it converts to. Throws ZEB::Exception when the
+		data set does not fit the chart.
+	*/
+	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string());
+
+	/*! Reads the content of a Mapper element: extractors and chart model. Data file paths are
+		resolved against projectDir. Throws ZEB::Exception.
+	*/
+	void readXML(const TiXmlElement * element, const QString & projectDir);
+	/*! Writes the extractors and the chart model into the Mapper element; data file paths are
+		written relative to projectDir where possible; writeAll makes the chart model write all
+		properties, also those at their defaults.
+	*/
+	void writeXML(TiXmlElement * element, const QString & projectDir, bool writeAll) const;
+
+	/*! Creates the extractor that fits the data format (as given) of a container and a cut type;
+		column is the column number of a reference output. Throws ZEB::Exception.
+	*/
+	std::unique_ptr<EM::ExtractorBase> createExtractor(DATAIO::DataIO * dataIO, DATAIO::DataIO::DataFormat format,
+													   EM::CutType cutType, std::uint32_t column) const;
+	/*! A manipulator of the given type keyword; throws ZEB::Exception for an unknown type. */
+	static std::unique_ptr<EM::ManipulatorBase> createManipulator(const std::string & type);
+	/*! A model of the given type keyword; throws ZEB::Exception for an unknown type. */
+	static std::unique_ptr<EM::ModelTwo2DBase> createModel(const std::string & type);
+
+	const QString & name() const { return m_name; }
+	void setName(const QString & name) { m_name = name; }
+	MapperType type() const { return m_type; }
+
+	/*! Number of extractors (series of a line chart, or the one 3D or vector extractor). */
+	unsigned int extractorCount() const;
+	/*! The 2D extractors in series order. */
+	const std::vector<ExtractorEntry> & extractors2D() const { return m_2DExtractors; }
+	/*! The 3D or vector-field extractor entry; its extractor is null in 2D mappers. */
+	const ExtractorEntry & extractor3D() const { return m_3DExtractor; }
+
+	/*! The chart model; null while the mapper has no extractor. */
+	SCI::AbstractCartesianChartModel * chartModel() const { return m_chartModel.get(); }
+	/*! The plot of the chart model, created on first request (null without chart model). The
+		mapper owns it; views may re-parent it.
+	*/
+	SCI::Chart * chart();
+
+	/*! A title with "$filename" replaced by the file name (without folder) of the entry's first
+		container.
+	*/
+	static QString displayTitle(const QString & title, const ExtractorEntry & entry);
+	/*! Stores the title of a line series, which is saved with the mapper. */
+	void setSeriesTitle(unsigned int index, const QString & title);
+
+	/*! Re-reads what changed in the files of the extractors and updates every extractor whose
+		data changed or that still waits for data; the chart model announces each changed
+		series. A file that cannot be refreshed is reported and its extractor keeps its data.
+	*/
+	void refresh();
+	/*! Updates one 2D extractor now (after a change of cut, manipulator or model parameter) and
+		announces the changed series.
+	*/
+	void update2DExtractor(unsigned int index);
+	/*! Takes the axis units of the chart model as target units of all extractors and converts
+		their output; the chart model announces the changed series.
+	*/
+	void applyAxisUnits();
+
+signals:
+	/*! Display properties of series start..end changed (role as in the chart model). */
+	void seriesViewChanged(int start, int end, int role);
+
+public slots:
+	/*! Passes a display change of the chart model on as seriesViewChanged(). */
+	void onSeriesViewChanged(int start, int end, int role);
+
+private:
+	/*! What an Extractor element describes, gathered before the extractor is built. */
+	struct ExtractorDefinition;
+
+	/*! Reads one Extractor element. */
+	static void readExtractorDefinition(const TiXmlElement * element, const QString & projectDir,
+										ExtractorDefinition & def);
+	/*! Builds an extractor entry from its definition. */
+	ExtractorEntry createExtractorEntry(ExtractorDefinition & def) const;
+	/*! Writes one Extractor element. */
+	static void writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry, const QString & projectDir);
+
+	/*! Builds the entry of one data set, or of two 2D data sets combined by a model. */
+	ExtractorEntry createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType) const;
+	/*! Appends an entry: decides the kind and creates the chart model with the first entry,
+		enforces the kind rules of a mapper. When the chart model exists already, the new series
+		is announced.
+	*/
+	void appendEntry(ExtractorEntry entry);
+	/*! Sets the axis units and default titles of a new chart from its first extractor. */
+	void setupNewChart();
+	/*! Sets the target units of an entry from the chart axes (2D series: the axis of the series). */
+	void setTargetUnitsFromAxes(ExtractorEntry & entry, bool leftAxis) const;
+	/*! Updates the extractor of an entry and remembers the container revisions. */
+	void updateEntry(ExtractorEntry & entry) const;
+	/*! Refreshes the containers of an entry; true when one of them changed since the last update. */
+	bool refreshEntry(ExtractorEntry & entry) const;
+
+	QString								m_name;
+	DataManager &						m_dataManager;
+	MapperType							m_type = MT_Empty;
+	/*! Entries of the series of a line chart, in series order. */
+	std::vector<ExtractorEntry>			m_2DExtractors;
+	/*! Entry of the 3D or vector-field extractor. */
+	ExtractorEntry						m_3DExtractor;
+	std::unique_ptr<SCI::AbstractCartesianChartModel>	m_chartModel;
+	/*! The plot; guarded, because a view that re-parented it may have deleted it. */
+	QPointer<SCI::Chart>				m_chart;
+};
+
+} // namespace OVP
+
+#endif // OVP_MapperH

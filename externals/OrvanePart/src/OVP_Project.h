@@ -1,0 +1,73 @@
+#ifndef OVP_ProjectH
+#define OVP_ProjectH
+
+#include <memory>
+#include <vector>
+
+#include <QString>
+
+#include "OVP_Directory.h"
+#include "OVP_SplitLayout.h"
+
+class TiXmlElement;
+
+namespace OVP {
+
+class DataManager;
+class MapperTreeModel;
+
+/*! Everything the user has set up in one session: the top-level directories with their
+	sub-directory settings, the mappers in list order and the layout of the split chart views.
+	It reads and writes the project file (XML, extension ".o2").
+*/
+class Project {
+public:
+	/*! The version written into the root element. */
+	static const char * const VERSION;
+
+	Project();
+	~Project();
+	Project(const Project &) = delete;
+	Project & operator=(const Project &) = delete;
+
+	/*! Reads a project file into this (empty) project. Mappers re-create their extractors
+		from the data files, opened through dataManager. Every failure is thrown as
+		ZEB::Exception "Error reading session file %1" with the cause chained.
+	*/
+	void readXML(const QString & fileName, DataManager & dataManager);
+
+	/*! Writes the project file; paths are stored relative to its folder where possible and the
+		chart models write all properties when writeAll is set. Throws ZEB::Exception.
+	*/
+	void writeXML(const QString & fileName, bool writeAll) const;
+
+	/*! The mappers; the project owns the model and the model owns the mappers. */
+	MapperTreeModel * mapperModel() const { return m_mapperModel.get(); }
+
+	/*! Index of the top-level directory with this path (compared in normalised form), -1 if
+		there is none.
+	*/
+	int directoryIndex(const QString & path) const;
+
+	/*! The top-level directories in the order they were added. */
+	std::vector<Directory>				m_directories;
+	/*! Layout of the split chart views. */
+	SplitLayout							m_splitLayout;
+	/*! Version attribute of the file read last; empty when it had none. */
+	QString								m_version;
+
+private:
+	/*! Reads the children of Directories. */
+	void readDirectories(const TiXmlElement * element, const QString & projectDir);
+	/*! Reads the children of Mappers; skipped mappers are reported and close up the indices
+		(the removed original indices are appended to skippedIndices).
+	*/
+	void readMappers(const TiXmlElement * element, const QString & projectDir, DataManager & dataManager,
+					 std::vector<int> & skippedIndices);
+
+	std::unique_ptr<MapperTreeModel>	m_mapperModel;
+};
+
+} // namespace OVP
+
+#endif // OVP_ProjectH

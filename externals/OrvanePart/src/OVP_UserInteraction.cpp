@@ -1,0 +1,7 @@
+#include "OVP_UserInteraction.h"
+
+namespace OVP {
+
+UserInteraction::~UserInteraction() = default;
+
+} // namespace OVP

@@ -1,0 +1,42 @@
+#ifndef OVP_UserInteractionH
+#define OVP_UserInteractionH
+
+#include <QString>
+
+class QWidget;
+
+namespace OVP {
+
+/*! The questions and notices that project handling puts to the user. The project handler talks
+	to the user only through this interface, so that the application shows real dialogs
+	(DialogUserInteraction) while tests answer with prepared replies and run without windows.
+*/
+class UserInteraction {
+public:
+	/*! Answers to a "save before closing" question. */
+	enum SaveAnswer {
+		AnswerSave,
+		AnswerDiscard,
+		AnswerCancel
+	};
+
+	virtual ~UserInteraction();
+
+	/*! Asks a question with the buttons Save, Discard and Cancel. */
+	virtual SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) = 0;
+
+	/*! Shows an error notice with an Ok button. */
+	virtual void showCritical(QWidget * parent, const QString & title, const QString & text) = 0;
+
+	/*! Asks for the name of a file to save to; an empty text means the user cancelled.
+		\param caption Dialog caption.
+		\param defaultFile File name the dialog starts with.
+		\param filter File type filter, e.g. "Orvane Projects (*.o2);;All files (*.*)".
+	*/
+	virtual QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
+								 const QString & filter) = 0;
+};
+
+} // namespace OVP
+
+#endif // OVP_UserInteractionH

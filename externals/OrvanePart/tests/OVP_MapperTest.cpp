@@ -1,0 +1,389 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <QFile>
+#include <QDir>
+#include <QSignalSpy>
+
+#include <tinyxml.h>
+
+#include <EM_Extractor2DOutputBase.h>
+#include <EM_ExtractorBase.h>
+
+#include <Sci_AbstractLineSeriesModel.h>
+#include <Sci_Chart.h>
+
+#include <OVP_DataManager.h>
+#include <OVP_Mapper.h>
+#include <OVP_SeriesLineExtractorModel.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+/*! A fixture with sample files in a scratch folder. */
+class MapperTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		m_dir = m_testDir + "/data";
+		QDir().mkpath(m_dir);
+		const std::vector<double> t = { 0, 1, 2, 3 };
+		writeTimeSeries(m_dir + "/T.out", t, { 20, 21, 22, 23 });
+		writeTimeSeries(m_dir + "/TK.out", t, { 293.15, 294.15, 295.15, 296.15 }, "Temperature", "K");
+		writeTimeSeries(m_dir + "/RH.out", t, { 80, 85, 90, 95 }, "Relative humidity", "%");
+		writeGeometry(m_dir + "/wall.g6a", 3, 2);
+		writeGeometry(m_dir + "/line.g6a", 4, 1);
+		writeField(m_dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0, 1, 2 },
+				   { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 } });
+		writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 1 },
+				   { { 1, 2, 3, 4, 5, 6 }, { 7, 8, 9, 10, 11, 12 } });
+		// all sides of the 3 x 2 grid: 8 normal to x, 9 normal to y
+		std::vector<std::uint32_t> sides;
+		for (std::uint32_t s = 0; s < 17; ++s)
+			sides.push_back(s);
+		writeField(m_dir + "/flux.out", "wall.g6a", sides, { 0 }, { std::vector<double>(17, 1.0) }, true);
+	}
+
+	/*! Reads a mapper from the XML text of a Mapper element; throws as readXML(). */
+	std::unique_ptr<OVP::Mapper> readMapper(const QString & xml) {
+		TiXmlDocument doc;
+		doc.Parse(xml.toUtf8().constData());
+		EXPECT_FALSE(doc.Error()) << xml.toStdString();
+		std::unique_ptr<OVP::Mapper> m(new OVP::Mapper(handler().dataManager()));
+		m->readXML(doc.RootElement(), m_dir);
+		return m;
+	}
+
+	/*! The innermost message of the exception f throws, with its origin. */
+	template <typename F>
+	std::pair<std::string, std::string> firstMessage(F f) {
+		try {
+			f();
+		}
+		catch (ZEB::Exception & ex) {
+			return { ex.messages().front().m_what, ex.messages().front().m_where };
+		}
+		return {};
+	}
+
+	QString m_dir;
+};
+
+/*! An Extractor element of a file with the given inner elements. */
+QString extractor(const QString & file, const QString & format, const QString & more = QString()) {
+	return "<Extractor><DataIOFileName>" + file + "</DataIOFileName><CutType>NoCut</CutType><DataFormat>" + format
+			+ "</DataFormat>" + more + "</Extractor>";
+}
+
+} // namespace
+
+
+TEST_F(MapperTest, ReadErrors) {
+	const QString ts = extractor("./T.out", "DF_2D");
+	const QString grid = extractor("./plane.out", "DF_4D").replace("NoCut", "TimeCut");
+	struct Case {
+		QString		m_xml;
+		std::string	m_message;
+		std::string	m_where;
+	};
+	const std::vector<Case> cases = {
+		{ "<Mapper><ChartModel chartType=\"2D\"/><Extractors>" + ts + "</Extractors></Mapper>",
+		  "Cannot have 'ChartModel' tag before added Extractors to mapper.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + grid + grid + "</Extractors></Mapper>",
+		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + grid + ts + "</Extractors></Mapper>",
+		  "Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + ts + grid + "</Extractors></Mapper>",
+		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + ts + "</Extractors><ChartModel chartType=\"3D\"/></Mapper>",
+		  "Chart type '3D' does not fit the extractors of the mapper (expected '2D').", "[Mapper::readXML]" },
+		{ "<Mapper><Chart/></Mapper>", "Expected 'Extractors' tag or 'ChartModel' tag, got 'Chart'", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors><Extract/></Extractors></Mapper>", "Expected 'Extractor' tag, got 'Extract'",
+		  "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("", "DF_2D") + "</Extractors></Mapper>",
+		  "Error in 'Extractor' tag, DataIOFileName tag must not be empty.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2/>") + "</Extractors></Mapper>",
+		  "Error in 'Extractor' tag, DataIOFileName2 tag must not be empty.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Colour>red</Colour>") + "</Extractors></Mapper>",
+		  "Unknown/invalid xml tag 'Colour' in Extractor section.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
+		  "<ModelType type=\"VTTMouldModel\" Parameter=\"\">MT_2D</ModelType>") + "</Extractors></Mapper>",
+		  "Unknown or invalid 'ModelType' attribute.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
+		  "<ModelType Parameter=\"\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
+		  "Expected 'type' attribute in MT_2DFromTwo2D model.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
+		  "<ModelType type=\"VTTMouldModel\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
+		  "Expected 'Parameter' attribute in MT_2DFromTwo2D model.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Manipulator>2</Manipulator>") + "</Extractors></Mapper>",
+		  "Expected 'type' attribute in Manipulator.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Manipulator type=\"2DShift\">2</Manipulator>")
+		  + "</Extractors></Mapper>", "Unknown/unsupported manipulator of type '2DShift'.", "[Mapper::createManipulator]" },
+		{ "<Mapper><Extractors><Extractor><DataIOFileName>./T.out</DataIOFileName></Extractor></Extractors></Mapper>",
+		  "Missing data format for extractor.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors><Extractor><DataFormat>DF_2D</DataFormat></Extractor></Extractors></Mapper>",
+		  "Extractor does not reference a DataIO file, which is necessary to re-create the extractor.",
+		  "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<ModelType type=\"VTTMouldModel\" Parameter=\"\">"
+		  "MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>", "Extractor2DFromTwo2D does not reference th second "
+		  "DataIO file, which is necessary to re-create the extractor.", "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>")
+		  + "</Extractors></Mapper>", "Invalid extractor definition in mapper. Model for Extractor2DFromTwo2D missing.",
+		  "[Mapper::readXML]" },
+		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
+		  "<ModelType type=\"MouldModel\" Parameter=\"\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
+		  "Invalid extractor definition in mapper. Unknown model type 'MouldModel'.", "[Mapper::readXML]" },
+	};
+	for (const Case & c : cases) {
+		SCOPED_TRACE(c.m_xml.toStdString());
+		const auto msg = firstMessage([this, &c]() { readMapper(c.m_xml); });
+		EXPECT_EQ(msg.first, c.m_message);
+		EXPECT_EQ(msg.second, c.m_where);
+	}
+
+	// a file that cannot be opened: the extractor cannot be created
+	try {
+		readMapper("<Mapper><Extractors>" + extractor("./missing.out", "DF_2D") + "</Extractors></Mapper>");
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_TRUE(hasMessage(ex, "Cannot create extractor (DataIO = " + (m_dir + "/missing.out").toStdString() + ").",
+							   "[Mapper::readXML]"));
+	}
+	// a time index on an extractor that does not cut time
+	try {
+		readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<CutIndexT locked=\"no\">1</CutIndexT>")
+				   + "</Extractors></Mapper>");
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(ex.messages().back().m_what, "Cannot create extractor (DataIO = " + (m_dir + "/T.out").toStdString() + ").");
+	}
+}
+
+
+TEST_F(MapperTest, ReadWithoutChartModelGetsDefaultChart) {
+	std::unique_ptr<OVP::Mapper> m = readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D")
+		+ extractor("./TK.out", "DF_2D") + "</Extractors></Mapper>");
+	ASSERT_EQ(m->type(), OVP::Mapper::MT_2D);
+	const OVP::SeriesLineExtractorModel & model = static_cast<const OVP::SeriesLineExtractorModel &>(*m->chartModel());
+	ASSERT_EQ(model.seriesCount(), 2u);
+	// both series in the left axis unit C, the Kelvin series converted
+	EXPECT_EQ(ZEB::Unit(model.axisData(CM::LeftAxis, CM::AxisUnit).toUInt()).name(), "C");
+	ASSERT_EQ(model.size(1), 4u);
+	EXPECT_NEAR(model.yValues(1)[2], 22, 1e-9);
+	EXPECT_EQ(model.seriesData(1, LM::SeriesTitleText).toString(), "TK.out");
+}
+
+
+TEST_F(MapperTest, CreateExtractorMessages) {
+	OVP::DataManager & dm = handler().dataManager();
+	const auto message = [this, &dm](const QString & file, EM::CutType cut) {
+		return firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { m_dir + file, 0, cut } }); });
+	};
+	EXPECT_EQ(message("/profile.out", EM::CT_XYCut),
+			  std::make_pair(std::string("Cannot create extractor from 3D without valid cut type."),
+							 std::string("[Mapper::createExtractor]")));
+	EXPECT_EQ(message("/profile.out", EM::NUM_CT).first, "Cannot create extractor from 3D without valid cut type.");
+	EXPECT_EQ(message("/plane.out", EM::CT_XYZCut).first, "Cannot create extractor from 4D without valid cut type.");
+	EXPECT_EQ(message("/flux.out", EM::CT_XCut).first, "Cannot create extractor from vector field for non-time cut types.");
+	EXPECT_EQ(message("/flux.out", EM::CT_NoCut).first, "Cannot create extractor from vector field for non-time cut types.");
+
+	// a time series ignores the cut type
+	std::unique_ptr<OVP::Mapper> ts = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out", 0, EM::CT_XTCut } });
+	EXPECT_EQ(ts->extractors2D()[0].m_extractor->cutType(), EM::CT_NoCut);
+
+	// every kind of chart from the cut type
+	EXPECT_EQ(OVP::Mapper::createNewMapper(dm, { { m_dir + "/profile.out", 0, EM::CT_TimeCut } })->type(),
+			  OVP::Mapper::MT_2D);
+	EXPECT_EQ(OVP::Mapper::createNewMapper(dm, { { m_dir + "/profile.out", 0, EM::CT_NoCut } })->type(),
+			  OVP::Mapper::MT_3D);
+	EXPECT_EQ(OVP::Mapper::createNewMapper(dm, { { m_dir + "/plane.out", 0, EM::CT_XYCut } })->type(),
+			  OVP::Mapper::MT_2D);
+	EXPECT_EQ(OVP::Mapper::createNewMapper(dm, { { m_dir + "/flux.out", 0, EM::CT_TimeCut } })->type(),
+			  OVP::Mapper::MT_Vector);
+
+	// two data sets must both be time series and need a known model
+	EXPECT_EQ(firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" },
+		{ m_dir + "/profile.out", 0, EM::CT_XCut } }, "VTTMouldModel"); }),
+		std::make_pair(std::string("Invalid data format type"), std::string("[Mapper::createNewMapper]")));
+	EXPECT_EQ(firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" }, { m_dir + "/RH.out" } }); })
+			  .first, "Invalid data format type");
+	EXPECT_EQ(firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" }, { m_dir + "/RH.out" } },
+		"MouldModel"); }), std::make_pair(std::string("Unknown/unsupported model of type 'MouldModel'."),
+										   std::string("[Mapper::createModel]")));
+}
+
+
+TEST_F(MapperTest, ModelSeriesTitles) {
+	OVP::DataManager & dm = handler().dataManager();
+	const std::vector<std::pair<std::string, std::string> > models = {
+		{ "VTTMouldModel", "VTT Mould Index" },
+		{ "IsoplethModel", "Isopleth" },
+		{ "WTAWoodDegradationModel", "Probability of wood degradation" },
+		{ "VTTWoodDegradation", "VTT percentage of wood degradation" },
+		{ "AlgaeGrowModelBrick", "Algae coverage area" },
+		{ "ParametricFunction", "Combining two data sets as parametric function" }
+	};
+	for (const auto & model : models) {
+		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" }, { m_dir + "/RH.out" } },
+																	 model.first);
+		EXPECT_EQ(m->name().toStdString(), model.second);
+		EXPECT_EQ(m->extractors2D()[0].m_title.toStdString(), model.second + " from $filename");
+		EXPECT_EQ(m->chartModel()->seriesData(0, LM::SeriesTitle).toString().toStdString(), model.second + " from T.out");
+	}
+}
+
+
+TEST_F(MapperTest, AddExtractorChecks) {
+	OVP::DataManager & dm = handler().dataManager();
+	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" } });
+	const auto message = [&](const std::vector<OVP::Mapper::DataSet> & ds, const std::string & model) {
+		return firstMessage([&]() { m->addExtractor(ds, model); });
+	};
+	// 1. data format
+	EXPECT_EQ(message({ { m_dir + "/profile.out", 0, EM::CT_XCut } }, ""),
+			  std::make_pair(std::string("Mismatching data format of selected datasets and datasets in chart. Selected "
+				"data set hat format '3D [time, vector of values]', whereas data set in diagram/mapper has "
+				"'2D [time, value]'."), std::string("[Mapper::addExtractor]")));
+	// 2. x units: the parametric function has temperatures on its x axis
+	EXPECT_EQ(message({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction").first,
+			  "X-axis units are not compatible.");
+	// 3. value units: the right axis has no unit yet
+	EXPECT_EQ(message({ { m_dir + "/RH.out" } }, ""),
+			  std::make_pair("Unit [%] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit ["
+							 + ZEB::Unit().name() + "]", std::string("[Mapper::addExtractor]")));
+	// 4. a model series whose second data set is missing
+	try {
+		m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel");
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(ex.messages().back().m_what, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.");
+	}
+	EXPECT_EQ(m->extractorCount(), 1u);
+
+	// a Kelvin series joins the left axis in C, a humidity series the right axis once it has a unit
+	m->addExtractor({ { m_dir + "/TK.out" } });
+	m->chartModel()->setAxisData(ZEB::Unit("%").id(), CM::RightAxis, CM::AxisUnit);
+	m->addExtractor({ { m_dir + "/RH.out" } });
+	const OVP::SeriesLineExtractorModel & model = static_cast<const OVP::SeriesLineExtractorModel &>(*m->chartModel());
+	ASSERT_EQ(model.seriesCount(), 3u);
+	EXPECT_TRUE(model.seriesData(1, LM::SeriesLeftAxis).toBool());
+	EXPECT_NEAR(model.yValues(1)[0], 20, 1e-9);
+	EXPECT_FALSE(model.seriesData(2, LM::SeriesLeftAxis).toBool());
+	EXPECT_DOUBLE_EQ(model.yValues(2)[3], 95);
+	EXPECT_TRUE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+
+	// a colour grid takes no further series
+	std::unique_ptr<OVP::Mapper> grid = OVP::Mapper::createNewMapper(dm, { { m_dir + "/plane.out", 0, EM::CT_TimeCut } });
+	EXPECT_EQ(firstMessage([&]() { grid->addExtractor({ { m_dir + "/plane.out", 0, EM::CT_TimeCut } }); }).first,
+			  "Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.");
+}
+
+
+TEST_F(MapperTest, AxisUnitsConvertSeries) {
+	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/T.out" } });
+	CM & model = *m->chartModel();
+	const OVP::SeriesLineExtractorModel & lines = static_cast<const OVP::SeriesLineExtractorModel &>(model);
+	QSignalSpy changed(&model, &SCI::AbstractChartModel::seriesChanged);
+	ASSERT_TRUE(model.setAxisData(ZEB::Unit("K").id(), CM::LeftAxis, CM::AxisUnit));
+	EXPECT_GE(changed.count(), 1);
+	EXPECT_NEAR(lines.yValues(0)[1], 294.15, 1e-9);
+	EXPECT_EQ(lines.yUnit(0).name(), "K");
+	ASSERT_TRUE(model.setAxisData(ZEB::Unit("d").id(), CM::BottomAxis, CM::AxisUnit));
+	EXPECT_NEAR(lines.xValues(0)[3], 3.0/24, 1e-12);
+	EXPECT_EQ(lines.xUnit(0).name(), "d");
+}
+
+
+TEST_F(MapperTest, RefreshFollowsGrowingFiles) {
+	OVP::DataManager & dm = handler().dataManager();
+	std::unique_ptr<OVP::Mapper> a = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" } });
+	std::unique_ptr<OVP::Mapper> b = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" } });
+	b->addExtractor({ { m_dir + "/TK.out" } });
+	EXPECT_EQ(a->extractors2D()[0].m_dataIOs[0], b->extractors2D()[0].m_dataIOs[0]);
+	EXPECT_EQ(dm.openContainerCount(), 2u);
+
+	QSignalSpy changedA(a->chartModel(), &SCI::AbstractChartModel::seriesChanged);
+	QSignalSpy changedB(b->chartModel(), &SCI::AbstractChartModel::seriesChanged);
+	QSignalSpy batchB(b->chartModel(), &SCI::AbstractChartModel::modelChanged);
+	// nothing changed: no series announced, nothing to redraw
+	QSignalSpy batchA(a->chartModel(), &SCI::AbstractChartModel::modelChanged);
+	a->refresh();
+	EXPECT_EQ(changedA.count(), 0);
+	EXPECT_EQ(batchA.count(), 0);
+
+	writeTimeSeries(m_dir + "/T.out", { 0, 1, 2, 3, 4, 5 }, { 20, 21, 22, 23, 24, 25 });
+	a->refresh();
+	ASSERT_EQ(changedA.count(), 1);
+	EXPECT_EQ(changedA[0][0].toInt(), 0);
+	const SCI::AbstractLineSeriesModel & lineA = static_cast<const SCI::AbstractLineSeriesModel &>(*a->chartModel());
+	ASSERT_EQ(lineA.size(0), 6u);
+	EXPECT_DOUBLE_EQ(lineA.yValues(0)[5], 25);
+
+	// the other mapper reads the same container, refreshed already: it still updates its series
+	b->refresh();
+	ASSERT_EQ(changedB.count(), 1);
+	EXPECT_EQ(changedB[0][0].toInt(), 0);
+	EXPECT_EQ(batchB.count(), 1);
+	EXPECT_EQ(static_cast<const SCI::AbstractLineSeriesModel &>(*b->chartModel()).size(0), 6u);
+	b->refresh();
+	EXPECT_EQ(changedB.count(), 1);
+
+	// a file that vanished is reported, the series keeps its data
+	QFile::remove(m_dir + "/TK.out");
+	m_messages->m_messages.clear();
+	b->refresh();
+	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Cannot refresh data file '" + (m_dir + "/TK.out").toStdString()
+								+ "', the chart keeps its data.", "[Mapper::refresh]"), 1);
+	EXPECT_EQ(static_cast<const SCI::AbstractLineSeriesModel &>(*b->chartModel()).size(1), 4u);
+
+	// containers are released with their last extractor
+	a.reset();
+	b.reset();
+	EXPECT_EQ(dm.openContainerCount(), 0u);
+}
+
+
+TEST_F(MapperTest, ChartFollowsModel) {
+	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/T.out" } });
+	SCI::Chart * chart = m->chart();
+	ASSERT_NE(chart, nullptr);
+	EXPECT_EQ(m->chart(), chart);
+	EXPECT_EQ(chart->model(), m->chartModel());
+	EXPECT_EQ(chart->seriesCount(), 1);
+	m->addExtractor({ { m_dir + "/TK.out" } });
+	EXPECT_EQ(chart->seriesCount(), 2);
+}
+
+
+TEST_F(MapperTest, DataManagerSharesFilesAndGeometry) {
+	OVP::DataManager & dm = handler().dataManager();
+	writeField(m_dir + "/plane2.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0 }, { { 1, 2, 3, 4, 5, 6 } });
+	std::shared_ptr<DATAIO::DataIO> a = dm.container(m_dir + "/plane.out");
+	std::shared_ptr<DATAIO::DataIO> again = dm.container(m_dir + "/./plane.out");
+	std::shared_ptr<DATAIO::DataIO> b = dm.container(m_dir + "/plane2.out");
+	EXPECT_EQ(a, again);
+	EXPECT_EQ(a->dataFormat(), DATAIO::DataIO::DF_4D);
+	ASSERT_NE(dm.geometry(a.get()), nullptr);
+	EXPECT_EQ(dm.geometry(a.get()), dm.geometry(b.get()));
+	EXPECT_EQ(dm.geometry(dm.container(m_dir + "/T.out").get()), nullptr);
+
+	// a field whose geometry file is missing cannot be opened
+	writeField(m_dir + "/orphan.out", "none.g6a", { 0, 1 }, { 0 }, { { 1, 2 } });
+	EXPECT_EQ(firstMessage([&]() { dm.container(m_dir + "/orphan.out"); }).first,
+			  "Geometry file '" + (m_dir + "/none.g6a").toStdString() + "' does not exist.");
+
+	// a rewritten file is read again and gets a new revision
+	const unsigned int revision = dm.revision(a.get());
+	EXPECT_FALSE(dm.refresh(a.get()));
+	writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1 }, { 0 }, { { 3, 4 } });
+	EXPECT_TRUE(dm.refresh(a.get()));
+	EXPECT_GT(dm.revision(a.get()), revision);
+	EXPECT_EQ(a->nums().size(), 2u);
+	EXPECT_EQ(a->dataFormat(), DATAIO::DataIO::DF_3D);
+}

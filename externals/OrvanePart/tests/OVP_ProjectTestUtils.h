@@ -1,0 +1,125 @@
+#ifndef OVP_ProjectTestUtilsH
+#define OVP_ProjectTestUtilsH
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageHandler.h>
+
+#include <OVP_ProjectHandler.h>
+#include <OVP_Settings.h>
+#include <OVP_UserInteraction.h>
+
+namespace OVPTest {
+
+/*! One message received by a MessageRecorder. */
+struct RecordedMessage {
+	std::string		m_text;
+	ZEB::MsgType	m_type;
+	std::string		m_where;
+	int				m_level;
+};
+
+/*! A message handler that records every message instead of writing it; current while it lives. */
+class MessageRecorder : public ZEB::MessageHandler {
+public:
+	MessageRecorder() { ZEB::MessageHandler::setCurrent(this); }
+	~MessageRecorder() override { ZEB::MessageHandler::setCurrent(nullptr); }
+
+	void message(const std::string & msg, ZEB::MsgType type, const char * functionId, int verboseLevel) override {
+		m_messages.push_back(RecordedMessage{ msg, type, functionId == nullptr ? "" : functionId, verboseLevel });
+	}
+
+	/*! Number of messages of this type, text and origin. */
+	int count(ZEB::MsgType type, const std::string & text, const std::string & where) const;
+
+	std::vector<RecordedMessage>	m_messages;
+};
+
+/*! User interaction that answers from prepared replies and records what it was shown. */
+class TestUserInteraction : public OVP::UserInteraction {
+public:
+	/*! A question or notice that was shown. */
+	struct Shown {
+		QString	m_kind;		///< "question", "critical" or "file"
+		QString	m_title;
+		QString	m_text;
+		QString	m_extra;	///< file dialogs: the default file and the filter
+	};
+
+	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
+	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
+	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
+						 const QString & filter) override;
+
+	/*! Replies given in order; an exhausted list fails the test. */
+	std::deque<SaveAnswer>	m_saveAnswers;
+	std::deque<QString>		m_fileNames;
+	std::vector<Shown>		m_shown;
+};
+
+/*! A fresh, empty directory below the scratch directory. */
+QString scratchDir(const QString & name);
+/*! A fresh, empty directory named after the running test (suite and name). */
+QString testScratchDir();
+
+/*! True when the exception chain holds a message with this text (and origin, when given). */
+bool hasMessage(const ZEB::Exception & ex, const std::string & text, const std::string & where = std::string());
+
+/*! Writes a time series output file: one value per time point, generation 6 ASCII. */
+void writeTimeSeries(const QString & path, const std::vector<double> & time, const std::vector<double> & values,
+					 const std::string & quantity = "Temperature", const std::string & valueUnit = "C",
+					 int startYear = 2015, const std::string & timeUnit = "h");
+
+/*! Writes a reference output file whose columns carry the numbers in columns, rows[t][c]. */
+void writeReference(const QString & path, const std::vector<std::uint32_t> & columns, const std::vector<double> & time,
+					const std::vector<std::vector<double> > & rows);
+
+/*! Writes a geometry file of nx x ny elements (widths 0.1 m in x, 0.2 m in y, one layer in z)
+	with all sides: element (i, j) has number j*nx + i; sides normal to x are numbered first,
+	(j*(nx+1) + i), then those normal to y, (nx+1)*ny + i*(ny+1) + j.
+*/
+void writeGeometry(const QString & path, unsigned int nx, unsigned int ny);
+
+/*! Writes a field (elements) or flux (sides) output file referring to a geometry file name,
+	rows[t][column].
+*/
+void writeField(const QString & path, const std::string & geoFileName, const std::vector<std::uint32_t> & nums,
+				const std::vector<double> & time, const std::vector<std::vector<double> > & rows, bool flux = false);
+
+/*! The text of a file. */
+QString readText(const QString & path);
+/*! Writes a text file. */
+void writeText(const QString & path, const QString & text);
+
+
+/*! Test fixture with the process singletons a project needs: settings in an INI file of the
+	scratch directory, the project handler with a TestUserInteraction, and a message recorder.
+*/
+class ProjectTest : public ::testing::Test {
+protected:
+	void SetUp() override;
+	void TearDown() override;
+
+	OVP::ProjectHandler & handler() { return *m_handler; }
+
+	/*! The scratch folder of the running test, empty at its start. */
+	QString									m_testDir;
+	std::unique_ptr<OVP::Settings>			m_settings;
+	std::unique_ptr<OVP::ProjectHandler>	m_handler;
+	TestUserInteraction *					m_ui = nullptr;
+	std::unique_ptr<MessageRecorder>		m_messages;
+};
+
+} // namespace OVPTest
+
+#endif // OVP_ProjectTestUtilsH

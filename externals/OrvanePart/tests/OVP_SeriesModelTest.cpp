@@ -1,0 +1,320 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <cmath>
+
+#include <QDir>
+#include <QSignalSpy>
+
+#include <EM_Extractor2DFromTwo2D.h>
+#include <EM_ExtractorBase.h>
+#include <EM_ModelTwo2DBase.h>
+
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+#include <OVP_SeriesColorGridExtractorModel.h>
+#include <OVP_SeriesLineExtractorModel.h>
+#include <OVP_SeriesVectorFieldExtractorModel.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+/*! A fixture with sample files and an open project. */
+class SeriesModelTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		m_dir = m_testDir + "/data";
+		QDir().mkpath(m_dir);
+		const std::vector<double> t = { 0, 24, 48, 72 };
+		writeTimeSeries(m_dir + "/T.out", t, { 20, 15, 10, 5 });
+		writeTimeSeries(m_dir + "/RH.out", t, { 80, 90, 99, 99 }, "Relative humidity", "%");
+		writeTimeSeries(m_dir + "/noyear.out", t, { 1, 2, 3, 4 }, "Temperature", "C", -10000);
+		handler().newProject();
+	}
+
+	/*! A new mapper of the given data sets, added to the project; the project is then saved, so
+		that it counts as unmodified.
+	*/
+	OVP::Mapper & addMapper(const std::vector<OVP::Mapper::DataSet> & dataSets, const std::string & model = std::string()) {
+		handler().addMapper(OVP::Mapper::createNewMapper(handler().dataManager(), dataSets, model));
+		EXPECT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+		const OVP::MapperTreeModel & mappers = *handler().project().mapperModel();
+		return *mappers.mapper(mappers.mapperCount() - 1);
+	}
+
+	static OVP::SeriesLineExtractorModel & lineModel(OVP::Mapper & m) {
+		return static_cast<OVP::SeriesLineExtractorModel &>(*m.chartModel());
+	}
+
+	QString m_dir;
+};
+
+} // namespace
+
+
+TEST_F(SeriesModelTest, MapperWithoutExtractors) {
+	OVP::Mapper empty(handler().dataManager());
+	OVP::SeriesLineExtractorModel model(&empty);
+	EXPECT_EQ(model.seriesCount(), 0u);
+	EXPECT_FALSE(model.axisData(CM::BottomAxis, CM::AxisEnabled).toBool());
+	EXPECT_FALSE(model.axisData(CM::LeftAxis, CM::AxisEnabled).toBool());
+	EXPECT_FALSE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+	EXPECT_FALSE(model.axisData(5, CM::AxisEnabled).toBool());
+	EXPECT_EQ(model.axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(),
+			  QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
+	model.setAxisData(QString("$quantity [$unit]"), CM::LeftAxis, CM::AxisTitleText);
+	EXPECT_EQ(model.axisData(CM::LeftAxis, CM::AxisTitle).toString(), "$quantity [" + QString::fromStdString(ZEB::Unit().name()) + "]");
+}
+
+
+TEST_F(SeriesModelTest, RightAxisFollowsSeries) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
+	m.addExtractor({ { m_dir + "/T.out" } });
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	ASSERT_EQ(model.seriesCount(), 2u);
+	EXPECT_TRUE(model.axisData(CM::BottomAxis, CM::AxisEnabled).toBool());
+	EXPECT_TRUE(model.axisData(CM::LeftAxis, CM::AxisEnabled).toBool());
+	EXPECT_FALSE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+	// the stored flag does not matter, the series decide
+	model.setAxisData(false, CM::LeftAxis, CM::AxisEnabled);
+	EXPECT_TRUE(model.axisData(CM::LeftAxis, CM::AxisEnabled).toBool());
+
+	QSignalSpy view(&m, &OVP::Mapper::seriesViewChanged);
+	ASSERT_TRUE(model.setSeriesData(false, 1, LM::SeriesLeftAxis));
+	EXPECT_TRUE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+	ASSERT_GE(view.count(), 1);
+	EXPECT_EQ(view[0][2].toInt(), static_cast<int>(LM::SeriesLeftAxis));
+	EXPECT_TRUE(handler().isModified());
+	ASSERT_TRUE(model.setSeriesData(true, 1, LM::SeriesLeftAxis));
+	EXPECT_FALSE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+}
+
+
+TEST_F(SeriesModelTest, QuantityInAxisTitles) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	model.setAxisData(QString("$quantity [$unit]"), CM::LeftAxis, CM::AxisTitleText);
+	model.setAxisData(QString("$quantity [$unit]"), CM::RightAxis, CM::AxisTitleText);
+	model.setAxisData(ZEB::Unit("C").id(), CM::RightAxis, CM::AxisUnit);
+	EXPECT_EQ(model.axisData(CM::LeftAxis, CM::AxisTitle).toString(), "Temperature [C]");
+	EXPECT_EQ(model.axisData(CM::RightAxis, CM::AxisTitle).toString(), "$quantity [C]");
+	// the stored title keeps its placeholders
+	EXPECT_EQ(model.axisData(CM::LeftAxis, CM::AxisTitleText).toString(), "$quantity [$unit]");
+
+	// every occurrence is replaced, and the first series of each axis names it
+	model.setAxisData(QString("$quantity/$quantity"), CM::RightAxis, CM::AxisTitleText);
+	m.chartModel()->setAxisData(ZEB::Unit("%").id(), CM::RightAxis, CM::AxisUnit);
+	m.addExtractor({ { m_dir + "/RH.out" } });
+	m.addExtractor({ { m_dir + "/RH.out" } });
+	model.setSeriesData(QString("x"), 2, LM::SeriesTitleText);
+	EXPECT_FALSE(model.seriesData(1, LM::SeriesLeftAxis).toBool());
+	EXPECT_EQ(model.axisData(CM::RightAxis, CM::AxisTitle).toString(), "Relative humidity/Relative humidity");
+	EXPECT_EQ(model.axisData(CM::LeftAxis, CM::AxisTitle).toString(), "Temperature [C]");
+	// the x axis is named after the x values of the first series
+	model.setAxisData(QString("$quantity"), CM::BottomAxis, CM::AxisTitleText);
+	const QString xName = model.axisData(CM::BottomAxis, CM::AxisTitle).toString();
+	EXPECT_FALSE(xName.isEmpty());
+	EXPECT_FALSE(xName.contains("$quantity"));
+	// a title without placeholder is as stored
+	model.setAxisData(QString("Time"), CM::BottomAxis, CM::AxisTitleText);
+	EXPECT_EQ(model.axisData(CM::BottomAxis, CM::AxisTitle).toString(), "Time");
+}
+
+
+TEST_F(SeriesModelTest, DateTimeZeroFromStartYear) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	const QDateTime zero = model.axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime();
+	EXPECT_EQ(zero, QDateTime(QDate(2015, 1, 1), QTime(0, 0), Qt::UTC));
+	EXPECT_EQ(zero.timeSpec(), Qt::UTC);
+	const QDateTime own(QDate(2010, 6, 1), QTime(0, 0), Qt::UTC);
+	ASSERT_TRUE(model.setAxisData(own, CM::BottomAxis, CM::AxisDateTimeZero));
+	EXPECT_EQ(model.axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(), own);
+	// the value the user set is what is saved
+	ASSERT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(handler().loadProject(nullptr, m_dir + "/p.o2", false));
+	OVP::SeriesLineExtractorModel & loaded = lineModel(*handler().project().mapperModel()->mapper(0));
+	EXPECT_EQ(loaded.axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(), own);
+
+	// an unset start year keeps the stored value
+	OVP::Mapper & unset = addMapper({ { m_dir + "/noyear.out" } });
+	EXPECT_EQ(lineModel(unset).axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(),
+			  QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
+}
+
+
+TEST_F(SeriesModelTest, RenamingSeries) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	EXPECT_FALSE(handler().isModified());
+	// the stored title names the file by placeholder, the displayed one by name
+	EXPECT_EQ(model.lineProperties(0).m_titleText, "$filename");
+	EXPECT_EQ(model.seriesData(0, LM::SeriesTitleText).toString(), "T.out");
+	EXPECT_EQ(model.seriesData(0, LM::SeriesTitle).toString(), "T.out");
+
+	QSignalSpy modified(&handler(), &OVP::ProjectHandler::modified);
+	QSignalSpy view(&model, &SCI::AbstractChartModel::seriesViewChanged);
+	ASSERT_TRUE(model.setSeriesData(QString("Outside ($filename)"), 0, LM::SeriesTitleText));
+	EXPECT_TRUE(handler().isModified());
+	ASSERT_EQ(modified.count(), 1);
+	EXPECT_EQ(modified[0][0].toInt(), 10);
+	EXPECT_EQ(view.count(), 1);
+	EXPECT_EQ(model.seriesData(0, LM::SeriesTitle).toString(), "Outside (T.out)");
+	EXPECT_EQ(m.extractors2D()[0].m_title, "Outside ($filename)");
+
+	// a rejected value still counts as an edit, but changes nothing
+	EXPECT_FALSE(model.setSeriesData(QString("x"), 0, LM::SeriesTitle));
+	EXPECT_EQ(m.extractors2D()[0].m_title, "Outside ($filename)");
+
+	ASSERT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(handler().loadProject(nullptr, m_dir + "/p.o2", false));
+	OVP::Mapper & loaded = *handler().project().mapperModel()->mapper(0);
+	EXPECT_EQ(loaded.extractors2D()[0].m_title, "Outside ($filename)");
+	EXPECT_EQ(lineModel(loaded).seriesData(0, LM::SeriesTitle).toString(), "Outside (T.out)");
+}
+
+
+TEST_F(SeriesModelTest, ModelParameter) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction");
+	m.addExtractor({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction");
+	EXPECT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	ASSERT_EQ(model.seriesCount(), 2u);
+	try {
+		model.setModelParameter(0, "this is no parameter text");
+		ADD_FAILURE() << "no exception";
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_EQ(ex.messages().back().m_what, "Invalid parameter or model.");
+		EXPECT_EQ(ex.messages().back().m_where, "[SeriesLineExtractorModel::setModelParameter]");
+		EXPECT_GE(ex.messages().size(), 2u);
+	}
+	EXPECT_FALSE(handler().isModified());
+
+	// a time series has no model: nothing happens
+	OVP::Mapper & plain = addMapper({ { m_dir + "/T.out" } });
+	lineModel(plain).setModelParameter(0, "anything");
+	EXPECT_FALSE(handler().isModified());
+	EXPECT_EQ(lineModel(plain).cutType(0), 0);
+	EXPECT_EQ(model.cutType(0), 0);
+}
+
+
+TEST_F(SeriesModelTest, ModelParameterUpdatesSeries) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "VTTMouldModel");
+	OVP::SeriesLineExtractorModel & model = lineModel(m);
+	const EM::Extractor2DFromTwo2D * extractor = dynamic_cast<const EM::Extractor2DFromTwo2D *>(
+		m.extractors2D()[0].m_extractor.get());
+	ASSERT_NE(extractor, nullptr);
+	QSignalSpy changed(m.chartModel(), &SCI::AbstractChartModel::seriesChanged);
+	model.setModelParameter(0, "MC 2 SC 3 DC 1");
+	EXPECT_EQ(extractor->model().parameter(), "MC 2 SC 3 DC 1");
+	EXPECT_EQ(changed.count(), 1);
+	EXPECT_TRUE(handler().isModified());
+}
+
+
+TEST_F(SeriesModelTest, CutTypeOfFieldSeries) {
+	writeGeometry(m_dir + "/line.g6a", 4, 1);
+	writeField(m_dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0, 1 }, { { 1, 2, 3, 4 }, { 5, 6, 7, 8 } });
+	OVP::Mapper & m = addMapper({ { m_dir + "/profile.out", 0, EM::CT_XCut } });
+	m.addExtractor({ { m_dir + "/profile.out", 0, EM::CT_XCut } });
+	EXPECT_EQ(lineModel(m).cutType(0), EM::CT_XCut);
+	OVP::Mapper & profile = addMapper({ { m_dir + "/profile.out", 0, EM::CT_TimeCut } });
+	EXPECT_EQ(lineModel(profile).cutType(0), EM::CT_TimeCut);
+	// the profile at the last time point, in metres along x
+	const OVP::SeriesLineExtractorModel & p = lineModel(profile);
+	ASSERT_EQ(p.size(0), 4u);
+	EXPECT_NEAR(p.xValues(0)[1], 0.15, 1e-12);
+	EXPECT_DOUBLE_EQ(p.yValues(0)[1], 6);
+}
+
+
+TEST_F(SeriesModelTest, ColorGridModel) {
+	writeGeometry(m_dir + "/wall.g6a", 3, 2);
+	writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 10 },
+			   { { 1, 2, 3, 4, 5, 6 }, { 7, 8, 9, 10, 11, 12 } });
+	OVP::Mapper & m = addMapper({ { m_dir + "/plane.out", 0, EM::CT_TimeCut } });
+	ASSERT_EQ(m.type(), OVP::Mapper::MT_3D);
+	OVP::SeriesColorGridExtractorModel & model = static_cast<OVP::SeriesColorGridExtractorModel &>(*m.chartModel());
+	ASSERT_EQ(model.seriesCount(), 1u);
+	ASSERT_EQ(model.xValueSize(0), 3u);
+	ASSERT_EQ(model.yValueSize(0), 2u);
+	// the last time point, element (i, j) = j*3 + i, x index fastest
+	for (unsigned int j = 0; j < 2; ++j)
+		for (unsigned int i = 0; i < 3; ++i)
+			EXPECT_DOUBLE_EQ(model.values(0)[j*3 + i], 7 + j*3 + i);
+	// cell edges from the element widths
+	ASSERT_EQ(model.xGridSize(0), 4u);
+	EXPECT_NEAR(model.xGrid(0)[3], 0.3, 1e-12);
+	ASSERT_EQ(model.yGridSize(0), 3u);
+	EXPECT_NEAR(model.yGrid(0)[2], 0.4, 1e-12);
+	EXPECT_EQ(model.valueUnit(0).name(), "C");
+	EXPECT_EQ(model.seriesData(0, SCI::AbstractColorGridSeriesModel::ColorGridDataMaximum).toDouble(), 12);
+
+	// the right axis carries the value unit, converted on change
+	model.setAxisData(QString("$quantity in $unit"), CM::RightAxis, CM::AxisTitleText);
+	EXPECT_EQ(model.axisData(CM::RightAxis, CM::AxisTitle).toString(), "Temperature in C");
+	ASSERT_TRUE(model.setAxisData(ZEB::Unit("K").id(), CM::RightAxis, CM::AxisUnit));
+	EXPECT_NEAR(model.values(0)[0], 280.15, 1e-9);
+	ASSERT_TRUE(model.setAxisData(ZEB::Unit("cm").id(), CM::BottomAxis, CM::AxisUnit));
+	EXPECT_NEAR(model.xGrid(0)[3], 30, 1e-9);
+	EXPECT_EQ(model.axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(),
+			  QDateTime(QDate(2015, 1, 1), QTime(0, 0), Qt::UTC));
+
+	// the unit survives saving, so the values are converted again after loading
+	ASSERT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(handler().loadProject(nullptr, m_dir + "/p.o2", false));
+	const OVP::SeriesColorGridExtractorModel & loaded = static_cast<const OVP::SeriesColorGridExtractorModel &>(
+		*handler().project().mapperModel()->mapper(0)->chartModel());
+	EXPECT_NEAR(loaded.values(0)[5], 285.15, 1e-9);
+	EXPECT_NEAR(loaded.xGrid(0)[1], 10, 1e-9);
+
+	OVP::Mapper empty(handler().dataManager());
+	OVP::SeriesColorGridExtractorModel none(&empty);
+	EXPECT_EQ(none.seriesCount(), 0u);
+}
+
+
+TEST_F(SeriesModelTest, VectorFieldModel) {
+	writeGeometry(m_dir + "/wall.g6a", 3, 2);
+	// sides normal to x carry 2, sides normal to y carry -1 (numbering of writeGeometry)
+	std::vector<std::uint32_t> sides;
+	std::vector<double> fluxes;
+	for (std::uint32_t s = 0; s < 17; ++s) {
+		sides.push_back(s);
+		fluxes.push_back(s < 8 ? 2.0 : -1.0);
+	}
+	writeField(m_dir + "/flux.out", "wall.g6a", sides, { 0, 1 }, { fluxes, fluxes }, true);
+	OVP::Mapper & m = addMapper({ { m_dir + "/flux.out", 0, EM::CT_TimeCut } });
+	ASSERT_EQ(m.type(), OVP::Mapper::MT_Vector);
+	OVP::SeriesVectorFieldExtractorModel & model = static_cast<OVP::SeriesVectorFieldExtractorModel &>(*m.chartModel());
+	ASSERT_EQ(model.seriesCount(), 1u);
+	ASSERT_EQ(model.xGridSize(0), 3u);
+	ASSERT_EQ(model.yGridSize(0), 2u);
+	EXPECT_NEAR(model.xGrid(0)[2], 0.25, 1e-12);
+	EXPECT_NEAR(model.yGrid(0)[1], 0.3, 1e-12);
+	for (unsigned int p = 0; p < 6; ++p) {
+		EXPECT_DOUBLE_EQ(model.xComponents(0)[p], 2);
+		EXPECT_DOUBLE_EQ(model.yComponents(0)[p], -1);
+	}
+	EXPECT_EQ(model.valueUnit(0).name(), "W/m2");
+	model.setAxisData(QString("$quantity"), CM::RightAxis, CM::AxisTitleText);
+	EXPECT_EQ(model.axisData(CM::RightAxis, CM::AxisTitle).toString(), "Heat flux");
+	ASSERT_TRUE(model.setAxisData(ZEB::Unit("mm").id(), CM::LeftAxis, CM::AxisUnit));
+	EXPECT_NEAR(model.yGrid(0)[1], 300, 1e-9);
+
+	// saved and read again, the vector extractor is a flux extractor
+	ASSERT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
+	EXPECT_TRUE(readText(m_dir + "/p.o2").contains("<DataType>T_FLUX</DataType>"));
+	EXPECT_TRUE(readText(m_dir + "/p.o2").contains("<ChartModel chartType=\"Vector\">"));
+	ASSERT_TRUE(handler().loadProject(nullptr, m_dir + "/p.o2", false));
+	const OVP::Mapper & loaded = *handler().project().mapperModel()->mapper(0);
+	EXPECT_EQ(loaded.type(), OVP::Mapper::MT_Vector);
+	EXPECT_NEAR(static_cast<const OVP::SeriesVectorFieldExtractorModel &>(*loaded.chartModel()).yGrid(0)[1], 300, 1e-9);
+}

@@ -105,6 +105,8 @@ public:
 	static const char * const KW_VALUE_UNIT;
 	static const char * const KW_TIME_UNIT;
 	static const char * const KW_START_YEAR;
+	/*! Start year of a container whose file does not name one. */
+	static const std::int32_t UNSET_START_YEAR = -10000;
 	static const char * const KW_INDICES;
 	static const char * const KW_TABLE;
 	static const char * const KW_ELEMENTS;
@@ -282,7 +284,7 @@ private:
 	std::string					m_timeUnit;
 	std::string					m_geoFileName;
 	std::uint32_t				m_geoFileHash = 0;
-	std::int32_t				m_startYear = 0;
+	std::int32_t				m_startYear = UNSET_START_YEAR;
 	std::vector<double>			m_timePoints;
 	unsigned int				m_majorFileVersion = MAJOR_FILE_VERSION;
 	unsigned int				m_minorFileVersion = MINOR_FILE_VERSION;

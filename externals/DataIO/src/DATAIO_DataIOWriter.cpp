@@ -95,7 +95,8 @@ std::string DataIOWriter::asciiHeader(const DataIO & header, bool preV6) {
 	addLine(text, DataIO::KW_TIME_TYPE, DataIO::timeTypeKeyword(header.timeType()));
 	addLine(text, DataIO::KW_VALUE_UNIT, header.valueUnit());
 	addLine(text, DataIO::KW_TIME_UNIT, header.timeUnit());
-	addLine(text, DataIO::KW_START_YEAR, std::to_string(header.startYear()));
+	if (header.startYear() != DataIO::UNSET_START_YEAR)
+		addLine(text, DataIO::KW_START_YEAR, std::to_string(header.startYear()));
 	if (preV6) {
 		addLine(text, DataIO::KW_TABLE, "GEOMETRY");
 		std::ostringstream geo;

@@ -85,6 +85,8 @@ TEST(DataIOHeader, AsciiValuesEnumerationsAndSkippedLines) {
 	writeBytes(fname, "S6OAQXV!x06xx017\nINDICES = 1\n");
 	v.openAndReadHeader(fname);
 	EXPECT_EQ(v.minorFileVersion(), 17u);
+	// a header without START_YEAR names no start year
+	EXPECT_EQ(v.startYear(), -10000);
 }
 
 

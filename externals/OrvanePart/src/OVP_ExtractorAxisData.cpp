@@ -14,7 +14,7 @@ QString ExtractorAxisData::replaceQuantity(const QString & title, const std::str
 
 QDateTime ExtractorAxisData::dateTimeZero(const QDateTime & stored, const DATAIO::DataIO * container) {
 	const QDateTime defaultZero(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC);
-	if (stored != defaultZero || container == nullptr || container->startYear() == UNSET_START_YEAR)
+	if (stored != defaultZero || container == nullptr || container->startYear() == DATAIO::DataIO::UNSET_START_YEAR)
 		return stored;
 	const QDate start(container->startYear(), 1, 1);
 	// years the calendar does not have (there is no year 0) count as unknown

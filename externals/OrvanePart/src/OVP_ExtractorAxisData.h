@@ -17,9 +17,6 @@ namespace OVP {
 */
 class ExtractorAxisData {
 public:
-	/*! The start year of a container that marks it as unknown. */
-	static const int UNSET_START_YEAR = -10000;
-
 	/*! The title with every "$quantity" replaced by the quantity name; an empty name leaves the
 		placeholder in the text.
 	*/

@@ -1,0 +1,459 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>ChartView</name>
+    <message>
+        <source>Chart:</source>
+        <translation>Diagramm:</translation>
+    </message>
+    <message>
+        <source>(no chart)</source>
+        <translation>(kein Diagramm)</translation>
+    </message>
+    <message>
+        <source>#%1 %2</source>
+        <translation>#%1 %2</translation>
+    </message>
+    <message>
+        <source>The session contains no charts yet.</source>
+        <translation>Die Sitzung enthält noch keine Diagramme.</translation>
+    </message>
+    <message>
+        <source>No chart selected. Choose a chart from the list above.</source>
+        <translation>Kein Diagramm ausgewählt. Wählen Sie ein Diagramm in der Liste oben.</translation>
+    </message>
+</context>
+<context>
+    <name>MainView</name>
+    <message>
+        <source>New session</source>
+        <translation>Neue Sitzung</translation>
+    </message>
+    <message>
+        <source>Load session...</source>
+        <translation>Sitzung laden...</translation>
+    </message>
+    <message>
+        <source>Save session</source>
+        <translation>Sitzung speichern</translation>
+    </message>
+    <message>
+        <source>Save session as...</source>
+        <translation>Sitzung speichern unter...</translation>
+    </message>
+    <message>
+        <source>Horizontal split</source>
+        <translation>Horizontal teilen</translation>
+    </message>
+    <message>
+        <source>Vertical split</source>
+        <translation>Vertikal teilen</translation>
+    </message>
+    <message>
+        <source>Unify</source>
+        <translation>Zusammenführen</translation>
+    </message>
+    <message>
+        <source>Unify all</source>
+        <translation>Alle zusammenführen</translation>
+    </message>
+    <message>
+        <source>Jump to next window</source>
+        <translation>Zum nächsten Fenster springen</translation>
+    </message>
+    <message>
+        <source>Refresh charts/data</source>
+        <translation>Diagramme/Daten aktualisieren</translation>
+    </message>
+    <message>
+        <source>Export current chart...</source>
+        <translation>Aktuelles Diagramm exportieren...</translation>
+    </message>
+    <message>
+        <source>Auto-refresh charts/data</source>
+        <translation>Diagramme/Daten automatisch aktualisieren</translation>
+    </message>
+    <message>
+        <source>Recent Sessions</source>
+        <translation>Zuletzt verwendete Sitzungen</translation>
+    </message>
+    <message>
+        <source>File not found</source>
+        <translation>Datei nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Session file &apos;%1&apos; cannot be accessed or does not exist.</source>
+        <translation>Auf die Sitzungsdatei &apos;%1&apos; kann nicht zugegriffen werden oder sie existiert nicht.</translation>
+    </message>
+    <message>
+        <source>Select Orvane session file</source>
+        <translation>Orvane-Sitzungsdatei auswählen</translation>
+    </message>
+    <message>
+        <source>Orvane session files (*.o2);;All files (*.*)</source>
+        <translation>Orvane-Sitzungsdateien (*.o2);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Export chart</source>
+        <translation>Diagramm exportieren</translation>
+    </message>
+    <message>
+        <source>The current view shows no chart that could be exported.</source>
+        <translation>Die aktuelle Ansicht zeigt kein Diagramm, das exportiert werden könnte.</translation>
+    </message>
+</context>
+<context>
+    <name>OVADebugApplication</name>
+    <message>
+        <source>Orvane 2 encountered an unexpected error (we certainly didn&apos;t want this error to happen :-). Please copy the content of the application log file and send the last lines with any potential error messages to the developers. Thanks!</source>
+        <translation>In Orvane 2 ist ein unerwarteter Fehler aufgetreten (dieser Fehler hätte natürlich nicht passieren sollen :-). Bitte kopieren Sie den Inhalt der Protokolldatei des Programms und senden Sie die letzten Zeilen mit eventuellen Fehlermeldungen an die Entwickler. Vielen Dank!</translation>
+    </message>
+</context>
+<context>
+    <name>OVAMainWindow</name>
+    <message>
+        <source>unnamed.o2</source>
+        <translation>unbenannt.o2</translation>
+    </message>
+    <message>
+        <source>&amp;Session</source>
+        <translation>&amp;Sitzung</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Chart</source>
+        <translation>&amp;Diagramm</translation>
+    </message>
+    <message>
+        <source>Reload project file</source>
+        <translation>Projektdatei neu laden</translation>
+    </message>
+    <message>
+        <source>The project file has been modified by an external application. When reloading this project file all unsaved changes will be lost. Reload modified project file?</source>
+        <translation>Die Projektdatei wurde von einem anderen Programm geändert. Beim erneuten Laden der Projektdatei gehen alle ungespeicherten Änderungen verloren. Geänderte Projektdatei neu laden?</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::MapperTreeModel</name>
+    <message>
+        <source>%1 (%2 data sets)</source>
+        <translation>%1 (%2 Datensätze)</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::ProjectHandler</name>
+    <message>
+        <source>Save project before closing</source>
+        <translation>Projekt vor dem Schließen speichern</translation>
+    </message>
+    <message>
+        <source>Would you like to save the project before closing it?</source>
+        <translation>Möchten Sie das Projekt vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>Error loading project</source>
+        <translation>Fehler beim Laden des Projekts</translation>
+    </message>
+    <message>
+        <source>Data in project was missing/invalid.
+%1</source>
+        <translation>Daten im Projekt fehlten oder waren ungültig.
+%1</translation>
+    </message>
+    <message>
+        <source>Specify Orvane project file</source>
+        <translation>Orvane-Projektdatei angeben</translation>
+    </message>
+    <message>
+        <source>Orvane Projects (*.o2);;All files (*.*)</source>
+        <translation>Orvane-Projekte (*.o2);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Saving failed</source>
+        <translation>Speichern fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Error while saving project file!</source>
+        <translation>Fehler beim Speichern der Projektdatei!</translation>
+    </message>
+    <message>
+        <source>Cannot create/write file &apos;%1&apos; (path does not exists or missing permissions).</source>
+        <translation>Die Datei &apos;%1&apos; kann nicht erstellt/geschrieben werden (Pfad existiert nicht oder fehlende Berechtigungen).</translation>
+    </message>
+    <message>
+        <source>File &apos;%1&apos; does exists or missing permissions.</source>
+        <translation>Die Datei &apos;%1&apos; existiert nicht oder es fehlen Berechtigungen.</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::AutoUpdater</name>
+    <message>
+        <source>An update transfer is already running.</source>
+        <translation>Es läuft bereits eine Update-Übertragung.</translation>
+    </message>
+    <message>
+        <source>No update information has been retrieved yet.</source>
+        <translation>Es wurden noch keine Update-Informationen abgerufen.</translation>
+    </message>
+    <message>
+        <source>Cannot create download directory &apos;%1&apos;.</source>
+        <translation>Das Download-Verzeichnis &apos;%1&apos; kann nicht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>Cannot create installer file &apos;%1&apos;.</source>
+        <translation>Die Installationsdatei &apos;%1&apos; kann nicht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>Download of &apos;%1&apos; is larger than expected, stopped.</source>
+        <translation>Der Download von &apos;%1&apos; ist größer als erwartet und wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Cannot download &apos;%1&apos;: %2</source>
+        <translation>&apos;%1&apos; kann nicht heruntergeladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot write installer file &apos;%1&apos;.</source>
+        <translation>Die Installationsdatei &apos;%1&apos; kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Invalid update information from &apos;%1&apos;: %2</source>
+        <translation>Ungültige Update-Informationen von &apos;%1&apos;: %2</translation>
+    </message>
+    <message>
+        <source>Invalid md5 hash file &apos;%1&apos;.</source>
+        <translation>Ungültige MD5-Prüfsummendatei &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Cannot write md5 hash file &apos;%1&apos;.</source>
+        <translation>Die MD5-Prüfsummendatei &apos;%1&apos; kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::ColorMapEditWidget</name>
+    <message>
+        <source>Invalid color stop</source>
+        <translation>Ungültiger Farbstopp</translation>
+    </message>
+    <message>
+        <source>The position must be a number between %1 and %2.</source>
+        <translation>Die Position muss eine Zahl zwischen %1 und %2 sein.</translation>
+    </message>
+    <message>
+        <source>Invalid color map</source>
+        <translation>Ungültige Farbskala</translation>
+    </message>
+    <message>
+        <source>Color map type</source>
+        <translation>Art der Farbskala</translation>
+    </message>
+    <message>
+        <source>Linear color map</source>
+        <translation>Lineare Farbskala</translation>
+    </message>
+    <message>
+        <source>Alpha color map</source>
+        <translation>Alpha-Farbskala</translation>
+    </message>
+    <message>
+        <source>Color stops</source>
+        <translation>Farbstopps</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Add stop</source>
+        <translation>Stopp hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove stop</source>
+        <translation>Stopp entfernen</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source> steps</source>
+        <translation> Schritte</translation>
+    </message>
+    <message>
+        <source>Generate</source>
+        <translation>Erzeugen</translation>
+    </message>
+    <message>
+        <source>Alpha map</source>
+        <translation>Alpha-Skala</translation>
+    </message>
+    <message>
+        <source>Color:</source>
+        <translation>Farbe:</translation>
+    </message>
+    <message>
+        <source>Save Color Map...</source>
+        <translation>Farbskala speichern...</translation>
+    </message>
+    <message>
+        <source>Load Color Map...</source>
+        <translation>Farbskala laden...</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::Export2BitmapWidget</name>
+    <message>
+        <source>Resolution [dpi]:</source>
+        <translation>Auflösung [dpi]:</translation>
+    </message>
+    <message>
+        <source>Size [pixel]:</source>
+        <translation>Größe [Pixel]:</translation>
+    </message>
+    <message>
+        <source>Size [mm]:</source>
+        <translation>Größe [mm]:</translation>
+    </message>
+    <message>
+        <source>Keep aspect ratio</source>
+        <translation>Seitenverhältnis beibehalten</translation>
+    </message>
+    <message>
+        <source>Scale plot items/fonts with resolution</source>
+        <translation>Diagrammelemente/Schriften mit der Auflösung skalieren</translation>
+    </message>
+    <message>
+        <source>Preview in original size</source>
+        <translation>Vorschau in Originalgröße</translation>
+    </message>
+    <message>
+        <source>Scaled preview image</source>
+        <translation>Skaliertes Vorschaubild</translation>
+    </message>
+    <message>
+        <source>Bitmap too large to preview.</source>
+        <translation>Bitmap zu groß für die Vorschau.</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::Export2VectorWidget</name>
+    <message>
+        <source>Size (width/height) [mm]:</source>
+        <translation>Größe (Breite/Höhe) [mm]:</translation>
+    </message>
+    <message>
+        <source>Keep aspect ratio</source>
+        <translation>Seitenverhältnis beibehalten</translation>
+    </message>
+    <message>
+        <source>Paint chart background (no transparency)</source>
+        <translation>Diagrammhintergrund zeichnen (keine Transparenz)</translation>
+    </message>
+    <message>
+        <source>Use data reduction during export</source>
+        <translation>Datenreduktion beim Export verwenden</translation>
+    </message>
+    <message>
+        <source>Last used plot dimensions:</source>
+        <translation>Zuletzt verwendete Diagrammabmessungen:</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::ExportDialog</name>
+    <message>
+        <source>Export chart</source>
+        <translation>Diagramm exportieren</translation>
+    </message>
+    <message>
+        <source>Export error</source>
+        <translation>Exportfehler</translation>
+    </message>
+    <message>
+        <source>Please enter/select a filename!</source>
+        <translation>Bitte geben Sie einen Dateinamen ein bzw. wählen Sie einen aus!</translation>
+    </message>
+    <message>
+        <source>Bitmap graphics (*.png *.bmp *.jpg)</source>
+        <translation>Bitmap-Grafiken (*.png *.bmp *.jpg)</translation>
+    </message>
+    <message>
+        <source>Vector graphics (*.pdf *.svg *.emf)</source>
+        <translation>Vektorgrafiken (*.pdf *.svg *.emf)</translation>
+    </message>
+    <message>
+        <source>Select export file</source>
+        <translation>Exportdatei auswählen</translation>
+    </message>
+    <message>
+        <source>Export file name:</source>
+        <translation>Name der Exportdatei:</translation>
+    </message>
+    <message>
+        <source>Components of the exported chart</source>
+        <translation>Bestandteile des exportierten Diagramms</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>Canvas frame</source>
+        <translation>Zeichenflächenrahmen</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Canvas background</source>
+        <translation>Hintergrund der Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Bitmap graphics</source>
+        <translation>Bitmap-Grafik</translation>
+    </message>
+    <message>
+        <source>Vector graphics</source>
+        <translation>Vektorgrafik</translation>
+    </message>
+    <message>
+        <source>Export to file</source>
+        <translation>In Datei exportieren</translation>
+    </message>
+    <message>
+        <source>Copy to clipboard</source>
+        <translation>In die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Dimensions too large!</source>
+        <translation>Abmessungen zu groß!</translation>
+    </message>
+    <message>
+        <source>Invalid graphics dimensions</source>
+        <translation>Ungültige Grafikabmessungen</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,122 @@
+#include "ChartView.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include <Sci_Chart.h>
+
+ChartView::ChartView(int widgetId, QWidget * parent) :
+	QFrame(parent),
+	m_widgetId(widgetId)
+{
+	setFrameShape(QFrame::StyledPanel);
+
+	QWidget * header = new QWidget(this);
+	header->setObjectName("chartViewHeader");
+	QHBoxLayout * headerLayout = new QHBoxLayout(header);
+	headerLayout->setContentsMargins(6, 3, 6, 3);
+	QLabel * label = new QLabel(tr("Chart:"), header);
+	m_chartList = new QComboBox(header);
+	m_chartList->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+	m_chartList->setMinimumContentsLength(24);
+	m_chartList->installEventFilter(this);
+	headerLayout->addWidget(label);
+	headerLayout->addWidget(m_chartList);
+	headerLayout->addStretch(1);
+
+	m_placeholder = new QLabel(this);
+	m_placeholder->setObjectName("chartViewPlaceholder");
+	m_placeholder->setAlignment(Qt::AlignCenter);
+	m_placeholder->setWordWrap(true);
+
+	QVBoxLayout * layout = new QVBoxLayout(this);
+	layout->setContentsMargins(1, 1, 1, 1);
+	layout->setSpacing(0);
+	layout->addWidget(header);
+	m_contentLayout = new QVBoxLayout;
+	m_contentLayout->setContentsMargins(4, 4, 4, 4);
+	m_contentLayout->addWidget(m_placeholder);
+	layout->addLayout(m_contentLayout, 1);
+
+	connect(m_chartList, QOverload<int>::of(&QComboBox::activated), this, &ChartView::onChartListActivated);
+	setFocused(false);
+}
+
+
+ChartView::~ChartView() {
+	detachChart();
+}
+
+
+SCI::Chart * ChartView::chart() const {
+	return m_chart.data();
+}
+
+
+void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart) {
+	m_chartList->clear();
+	m_chartList->addItem(tr("(no chart)"));
+	for (int i = 0; i < mapperNames.size(); ++i)
+		m_chartList->addItem(tr("#%1 %2").arg(i + 1).arg(mapperNames[i]));
+	m_chartList->setCurrentIndex(mapperIndex + 1);
+	m_mapperIndex = mapperIndex;
+
+	if (chart != m_chart.data()) {
+		detachChart();
+		m_chart = chart;
+		if (chart != nullptr) {
+			chart->setParent(this);
+			m_contentLayout->addWidget(chart);
+			chart->installEventFilter(this);
+			for (QWidget * w : chart->findChildren<QWidget *>())
+				w->installEventFilter(this);
+			chart->show();
+		}
+	}
+	m_placeholder->setVisible(chart == nullptr);
+	m_placeholder->setText(mapperNames.isEmpty() ? tr("The session contains no charts yet.")
+												 : tr("No chart selected. Choose a chart from the list above."));
+}
+
+
+void ChartView::setFocused(bool focused) {
+	setProperty("focused", focused);
+	// the style sheet draws focused views differently; re-apply it
+	style()->unpolish(this);
+	style()->polish(this);
+}
+
+
+bool ChartView::eventFilter(QObject * watched, QEvent * event) {
+	if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+		emit activated(m_widgetId);
+	return QFrame::eventFilter(watched, event);
+}
+
+
+void ChartView::mousePressEvent(QMouseEvent * event) {
+	emit activated(m_widgetId);
+	QFrame::mousePressEvent(event);
+}
+
+
+void ChartView::onChartListActivated(int index) {
+	if (index - 1 != m_mapperIndex)
+		emit mapperChosen(m_widgetId, index - 1);
+}
+
+
+void ChartView::detachChart() {
+	if (m_chart.isNull())
+		return;
+	m_chart->removeEventFilter(this);
+	for (QWidget * w : m_chart->findChildren<QWidget *>())
+		w->removeEventFilter(this);
+	m_chart->hide();
+	m_chart->setParent(nullptr);
+	m_chart.clear();
+}

@@ -1,0 +1,71 @@
+#ifndef ChartViewH
+#define ChartViewH
+
+#include <QFrame>
+#include <QPointer>
+#include <QStringList>
+
+class QComboBox;
+class QLabel;
+class QVBoxLayout;
+
+namespace SCI {
+class Chart;
+}
+
+/*! One of the split views: a header with the list of the session's charts, in which the user
+	picks the chart to show, and below it the chart of the chosen mapper, or a note when there
+	is none.
+
+	The chart belongs to its mapper; the view only lends it a place. When the view shows another
+	chart or is destroyed, it hands the chart back without parent, so that the mapper keeps it.
+*/
+class ChartView : public QFrame {
+	Q_OBJECT
+public:
+	/*! A view for the split widget with this id of the session's layout. */
+	explicit ChartView(int widgetId, QWidget * parent = nullptr);
+	/*! Hands the chart back to its mapper. */
+	~ChartView() override;
+
+	int widgetId() const { return m_widgetId; }
+	/*! Index of the mapper shown, -1 for none. */
+	int mapperIndex() const { return m_mapperIndex; }
+	/*! The chart shown; null when none. */
+	SCI::Chart * chart() const;
+
+	/*! Lists mapperNames in the chart list and shows chart, the chart of the mapper at
+		mapperIndex (-1 and null: none).
+	*/
+	void setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart);
+	/*! Marks the view as the one that the chart actions work on. */
+	void setFocused(bool focused);
+
+signals:
+	/*! The user clicked into the view or moved the keyboard focus into it. */
+	void activated(int widgetId);
+	/*! The user chose another chart in the list (mapper index, -1: none). */
+	void mapperChosen(int widgetId, int mapperIndex);
+
+protected:
+	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */
+	bool eventFilter(QObject * watched, QEvent * event) override;
+	void mousePressEvent(QMouseEvent * event) override;
+
+private slots:
+	void onChartListActivated(int index);
+
+private:
+	/*! Removes the chart from the view without deleting it. */
+	void detachChart();
+
+	int						m_widgetId;
+	int						m_mapperIndex = -1;
+	QComboBox *				m_chartList;
+	QLabel *				m_placeholder;
+	QVBoxLayout *			m_contentLayout;
+	/*! Guarded: the mapper deletes its chart when it is removed from the session. */
+	QPointer<SCI::Chart>	m_chart;
+};
+
+#endif // ChartViewH

@@ -1,0 +1,28 @@
+#include "LogUserInteraction.h"
+
+#include <ZEB_FunctionId.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+
+OVP::UserInteraction::SaveAnswer LogUserInteraction::askSaveDiscardCancel(QWidget *, const QString & title,
+																		   const QString & text)
+{
+	FUNCID(LogUserInteraction::askSaveDiscardCancel);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> changes are discarded in a scripted run.")
+					   .arg(title.toStdString()).arg(text.toStdString()).str(), FUNC_ID);
+	return AnswerDiscard;
+}
+
+
+void LogUserInteraction::showCritical(QWidget *, const QString & title, const QString & text) {
+	FUNCID(LogUserInteraction::showCritical);
+	ZEB::reportError(ZEB::MessageFormat("%1: %2").arg(title.toStdString()).arg(text.toStdString()).str(), FUNC_ID);
+}
+
+
+QString LogUserInteraction::saveFileName(QWidget *, const QString & caption, const QString &, const QString &) {
+	FUNCID(LogUserInteraction::saveFileName);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: no file can be chosen in a scripted run.")
+					   .arg(caption.toStdString()).str(), FUNC_ID);
+	return QString();
+}

@@ -1,0 +1,210 @@
+#include "MainView.h"
+
+#include <QAction>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QVBoxLayout>
+
+#include <OVP_DialogUserInteraction.h>
+#include <OVP_ProjectHandler.h>
+#include <OVP_Settings.h>
+
+#include <Sci_Chart.h>
+#include <Sci_ExportDialog.h>
+
+#include "LogUserInteraction.h"
+#include "ViewManager.h"
+
+template <typename Receiver, typename Slot>
+QAction * MainView::createAction(const QString & text, const QKeySequence & shortcut, Receiver * receiver, Slot slot) {
+	QAction * action = new QAction(text, this);
+	action->setShortcut(shortcut);
+	connect(action, &QAction::triggered, receiver, slot);
+	return action;
+}
+
+
+MainView::MainView(QWidget * parent) :
+	QWidget(parent),
+	m_userInteraction(new OVP::DialogUserInteraction)
+{
+	QFile styleSheet(":/OrvaneApp.qss");
+	if (styleSheet.open(QIODevice::ReadOnly | QIODevice::Text))
+		setStyleSheet(QString::fromUtf8(styleSheet.readAll()));
+
+	m_viewManager = new ViewManager(this);
+	QVBoxLayout * layout = new QVBoxLayout(this);
+	layout->setContentsMargins(4, 4, 4, 4);
+	layout->addWidget(m_viewManager);
+
+	m_actions.m_newSession = createAction(tr("New session"), QKeySequence(Qt::CTRL + Qt::Key_N),
+										  this, &MainView::onNewSession);
+	m_actions.m_loadSession = createAction(tr("Load session..."), QKeySequence(Qt::CTRL + Qt::Key_O),
+										   this, &MainView::onLoadSession);
+	m_actions.m_saveSession = createAction(tr("Save session"), QKeySequence(Qt::CTRL + Qt::Key_S),
+										   this, &MainView::onSaveSession);
+	m_actions.m_saveSessionAs = createAction(tr("Save session as..."), QKeySequence(),
+											 this, &MainView::onSaveSessionAs);
+	m_actions.m_splitHorizontal = createAction(tr("Horizontal split"), QKeySequence(Qt::CTRL + Qt::Key_1),
+											   m_viewManager, &ViewManager::onSplitHorizontal);
+	m_actions.m_splitVertical = createAction(tr("Vertical split"), QKeySequence(Qt::CTRL + Qt::Key_2),
+											 m_viewManager, &ViewManager::onSplitVertical);
+	m_actions.m_removeSplit = createAction(tr("Unify"), QKeySequence(Qt::CTRL + Qt::Key_0),
+										   m_viewManager, &ViewManager::onRemoveSplit);
+	m_actions.m_removeAllSplits = createAction(tr("Unify all"), QKeySequence(),
+											   m_viewManager, &ViewManager::onRemoveAllSplits);
+	m_actions.m_gotoNextSplit = createAction(tr("Jump to next window"), QKeySequence(Qt::CTRL + Qt::Key_Tab),
+											 m_viewManager, &ViewManager::onGotoNextSplit);
+	m_actions.m_refreshMappers = createAction(tr("Refresh charts/data"), QKeySequence(Qt::Key_F5),
+											  this, &MainView::onRefreshMappers);
+	m_actions.m_refreshMappers->setShortcuts({ QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL + Qt::Key_R) });
+	m_actions.m_exportCurrentChart = createAction(tr("Export current chart..."), QKeySequence(Qt::CTRL + Qt::Key_E),
+												  this, &MainView::onExportCurrentChart);
+
+	m_actions.m_autoRefresh = new QAction(tr("Auto-refresh charts/data"), this);
+	m_actions.m_autoRefresh->setCheckable(true);
+	connect(m_actions.m_autoRefresh, &QAction::toggled, this, &MainView::onAutoRefreshToggled);
+	m_autoRefreshTimer.setInterval(AUTO_REFRESH_INTERVAL_MS);
+	connect(&m_autoRefreshTimer, &QTimer::timeout, this, &MainView::onAutoRefreshTriggerd);
+
+	m_recentSessionsMenu = new QMenu(tr("Recent Sessions"), this);
+	connect(&OVP::ProjectHandler::instance(), &OVP::ProjectHandler::updateRecentProjects,
+			this, &MainView::onUpdateRecentProjects);
+	onUpdateRecentProjects();
+
+	QTimer::singleShot(0, this, &MainView::onStartup);
+}
+
+
+MainView::~MainView() = default;
+
+
+void MainView::setScriptedRun() {
+	m_userInteraction.reset(new LogUserInteraction);
+	OVP::ProjectHandler::instance().setUserInteraction(std::unique_ptr<OVP::UserInteraction>(new LogUserInteraction));
+}
+
+
+void MainView::setScriptedExports(const QList<ChartExportProperties> & exports) {
+	m_viewManager->setScriptedExports(exports);
+}
+
+
+void MainView::openSession(const QString & fileName) {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid() && !handler.closeProject(this))
+		return;
+	const QFileInfo info(fileName);
+	if (info.isFile() && info.isReadable()) {
+		if (handler.loadProject(this, info.absoluteFilePath(), false))
+			return;
+		// the failure has been shown; the old session is closed already
+	}
+	else {
+		m_userInteraction->showCritical(this, tr("File not found"),
+			tr("Session file '%1' cannot be accessed or does not exist.").arg(fileName));
+	}
+	handler.newProject();
+}
+
+
+void MainView::onNewSession() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid() && !handler.closeProject(this))
+		return;
+	handler.newProject();
+}
+
+
+void MainView::onLoadSession() {
+	const QString fileName = QFileDialog::getOpenFileName(this, tr("Select Orvane session file"),
+		OVP::ProjectHandler::lastUsedDirectory(), tr("Orvane session files (*.o2);;All files (*.*)"));
+	if (!fileName.isEmpty())
+		openSession(fileName);
+}
+
+
+void MainView::onSaveSession() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid())
+		return;
+	if (handler.projectFile().isEmpty())
+		handler.saveWithNewFilename(this);
+	else
+		handler.saveProject(this, handler.projectFile());
+}
+
+
+void MainView::onSaveSessionAs() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid())
+		handler.saveWithNewFilename(this);
+}
+
+
+void MainView::onLoadRecent() {
+	const QAction * action = qobject_cast<const QAction *>(sender());
+	if (action != nullptr)
+		openSession(action->data().toString());
+}
+
+
+void MainView::onRefreshMappers() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid())
+		handler.refreshAllMappers();
+}
+
+
+void MainView::onAutoRefreshToggled(bool on) {
+	if (on)
+		m_autoRefreshTimer.start();
+	else
+		m_autoRefreshTimer.stop();
+}
+
+
+void MainView::onAutoRefreshTriggerd() {
+	onRefreshMappers();
+}
+
+
+void MainView::onExportCurrentChart() {
+	SCI::Chart * chart = m_viewManager->currentChart();
+	if (chart == nullptr) {
+		QMessageBox::information(this, tr("Export chart"), tr("The current view shows no chart that could be exported."));
+		return;
+	}
+	SCI::ExportDialog dialog(chart, this);
+	dialog.exec();
+}
+
+
+void MainView::onUpdateRecentProjects() {
+	m_recentSessionsMenu->clear();
+	const QStringList & files = OVP::Settings::instance().m_recentProjects;
+	for (int i = 0; i < files.size(); ++i) {
+		QAction * action = m_recentSessionsMenu->addAction(QString("&%1 %2").arg(i + 1).arg(files[i]));
+		action->setData(files[i]);
+		connect(action, &QAction::triggered, this, &MainView::onLoadRecent);
+	}
+	m_recentSessionsMenu->setEnabled(!files.isEmpty());
+}
+
+
+void MainView::onStartup() {
+	const OVP::Settings & settings = OVP::Settings::instance();
+	if (!settings.m_initialProjectFile.isEmpty())
+		openSession(settings.m_initialProjectFile);
+	else if (settings.m_startWithLastSession && !settings.m_lastProjectFile.isEmpty())
+		openSession(settings.m_lastProjectFile);
+	else
+		OVP::ProjectHandler::instance().newProject();
+
+	if (m_viewManager->hasScriptedExports())
+		QTimer::singleShot(ViewManager::SCRIPTED_EXPORT_DELAY_MS, m_viewManager, &ViewManager::onExportChartsScripted);
+}
+

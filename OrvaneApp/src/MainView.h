@@ -1,0 +1,103 @@
+#ifndef MainViewH
+#define MainViewH
+
+#include <memory>
+
+#include <QTimer>
+#include <QWidget>
+
+#include "ChartExportProperties.h"
+
+class QAction;
+class QMenu;
+class ViewManager;
+
+namespace OVP {
+class UserInteraction;
+}
+
+/*! The central widget of the main window. It shows the split chart views (ViewManager) and
+	owns the user's actions on sessions, views and charts, which the main window puts into its
+	menus.
+
+	Once the event loop runs, it opens the session of the start-up: the file given on the
+	command line, else the last session when the user wants that, else an empty session; then
+	it starts pending scripted chart exports.
+*/
+class MainView : public QWidget {
+	Q_OBJECT
+public:
+	/*! Interval of the auto-refresh of the charts, in milliseconds. */
+	static const int AUTO_REFRESH_INTERVAL_MS = 1000;
+
+	/*! The actions, for the menus of the main window. */
+	struct Actions {
+		QAction * m_newSession;
+		QAction * m_loadSession;
+		QAction * m_saveSession;
+		QAction * m_saveSessionAs;
+		QAction * m_splitHorizontal;
+		QAction * m_splitVertical;
+		QAction * m_removeSplit;
+		QAction * m_removeAllSplits;
+		QAction * m_gotoNextSplit;
+		QAction * m_refreshMappers;
+		QAction * m_autoRefresh;
+		QAction * m_exportCurrentChart;
+	};
+
+	explicit MainView(QWidget * parent = nullptr);
+	~MainView() override;
+
+	const Actions & actions() const { return m_actions; }
+	/*! The submenu "Recent Sessions", kept up to date with the recent sessions of the settings. */
+	QMenu * recentSessionsMenu() const { return m_recentSessionsMenu; }
+	ViewManager * viewManager() const { return m_viewManager; }
+
+	/*! Switches to a scripted run: from now on notices and questions go to the log instead of
+		dialogs, so that nothing waits for an answer.
+	*/
+	void setScriptedRun();
+	/*! Replaces the pending scripted chart exports; they start once the start-up session is open. */
+	void setScriptedExports(const QList<ChartExportProperties> & exports);
+
+	/*! Opens a session file: closes the current session (asking to save it; nothing happens when
+		the user cancels), then loads the file. A file that cannot be accessed is reported and an
+		empty session is started instead, as after a file that fails to load.
+	*/
+	void openSession(const QString & fileName);
+
+public slots:
+	void onNewSession();
+	void onLoadSession();
+	void onSaveSession();
+	void onSaveSessionAs();
+	/*! Opens the recent session of the action that sent the signal. */
+	void onLoadRecent();
+	/*! Re-reads the data files of all charts. */
+	void onRefreshMappers();
+	void onAutoRefreshToggled(bool on);
+	void onAutoRefreshTriggerd();
+	/*! Opens the export dialog for the chart of the focused view. */
+	void onExportCurrentChart();
+	/*! Rebuilds the submenu of recent sessions from the settings. */
+	void onUpdateRecentProjects();
+
+private slots:
+	/*! Opens the session of the start-up and starts the scripted exports. */
+	void onStartup();
+
+private:
+	/*! Creates an action with text, shortcut and the slot it triggers. */
+	template <typename Receiver, typename Slot>
+	QAction * createAction(const QString & text, const QKeySequence & shortcut, Receiver * receiver, Slot slot);
+
+	ViewManager *							m_viewManager;
+	Actions									m_actions;
+	QMenu *									m_recentSessionsMenu;
+	QTimer									m_autoRefreshTimer;
+	/*! Dialogs of the session handling here: message boxes, or the log in a scripted run. */
+	std::unique_ptr<OVP::UserInteraction>	m_userInteraction;
+};
+
+#endif // MainViewH

@@ -1,0 +1,243 @@
+#include "OVAMainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTimer>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+
+#include <OVP_ProjectHandler.h>
+#include <OVP_Settings.h>
+
+#include "ChartExportProperties.h"
+#include "MainView.h"
+
+namespace {
+
+/*! Time stamps in log messages about the session file. */
+std::string timeText(const QDateTime & t) {
+	return t.toString("yyyy-MM-dd hh:mm:ss.zzz").toStdString();
+}
+
+} // namespace
+
+
+OVAMainWindow * OVAMainWindow::m_self = nullptr;
+
+
+OVAMainWindow::OVAMainWindow(QWidget * parent) :
+	QMainWindow(parent)
+{
+	Q_ASSERT_X(m_self == nullptr, "OVAMainWindow", "There must be only one main window.");
+	m_self = this;
+
+	QIcon icon;
+	for (const char * size : { "32x32", "48x48", "64x64" })
+		icon.addFile(QString(":/gfx/OrvaneApp_%1.png").arg(size));
+	setWindowIcon(icon);
+
+	m_mainView = new MainView(this);
+	setCentralWidget(m_mainView);
+	setupMenus();
+
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &OVAMainWindow::updateWindowTitle);
+	connect(&handler, &OVP::ProjectHandler::modified, this, &OVAMainWindow::updateWindowTitle);
+	// saving announces the new recent file; the title then shows the saved state
+	connect(&handler, &OVP::ProjectHandler::updateRecentProjects, this, &OVAMainWindow::updateWindowTitle);
+	updateWindowTitle();
+
+	QByteArray geometry;
+	QByteArray state;
+	OVP::Settings::instance().readMainWindowGeometry(geometry, state);
+	// the first start fills most of the screen, also where no window manager maximises it
+	if (geometry.isEmpty() || !restoreGeometry(geometry)) {
+		const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+		setGeometry(screen.adjusted(screen.width()/20, screen.height()/20, -screen.width()/20, -screen.height()/20));
+	}
+	if (!state.isEmpty())
+		restoreState(state);
+}
+
+
+OVAMainWindow::~OVAMainWindow() {
+	m_self = nullptr;
+}
+
+
+OVAMainWindow & OVAMainWindow::instance() {
+	Q_ASSERT_X(m_self != nullptr, "OVAMainWindow::instance", "Main window hasn't been created yet!");
+	return *m_self;
+}
+
+
+void OVAMainWindow::generateChart(const QString & exportSpec) {
+	m_mainView->setScriptedRun();
+	QList<ChartExportProperties> requests;
+	requests.append(ChartExportProperties());
+	try {
+		requests[0].parse(exportSpec);
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		m_mainView->setScriptedExports(QList<ChartExportProperties>());
+		QTimer::singleShot(0, this, &OVAMainWindow::onCloseWithoutQuestion);
+		return;
+	}
+	m_mainView->setScriptedExports(requests);
+}
+
+
+void OVAMainWindow::generateCharts(const QString & exportSpecFile) {
+	FUNCID(OVAMainWindow::generateCharts);
+	m_mainView->setScriptedRun();
+	QFile file(exportSpecFile);
+	if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+		ZEB::reportError(ZEB::MessageFormat("Cannot read export spec file %1.").arg(exportSpecFile.toStdString()).str(),
+						 FUNC_ID);
+		m_mainView->setScriptedExports(QList<ChartExportProperties>());
+		QTimer::singleShot(0, this, &OVAMainWindow::onCloseWithoutQuestion);
+		return;
+	}
+	const QStringList lines = ChartExportProperties::specFileLines(QString::fromUtf8(file.readAll()));
+	QList<ChartExportProperties> requests;
+	bool failed = false;
+	for (const QString & line : lines) {
+		requests.append(ChartExportProperties());
+		try {
+			requests.last().parse(line);
+		}
+		catch (ZEB::Exception & ex) {
+			ex.reportAllAsErrors();
+			ZEB::reportError(ZEB::MessageFormat("Invalid chart export spec in file %1.")
+							 .arg(exportSpecFile.toStdString()).str(), FUNC_ID);
+			failed = true;
+		}
+	}
+	if (failed) {
+		m_mainView->setScriptedExports(QList<ChartExportProperties>());
+		QTimer::singleShot(0, this, &OVAMainWindow::onCloseWithoutQuestion);
+		return;
+	}
+	m_mainView->setScriptedExports(requests);
+}
+
+
+void OVAMainWindow::onCloseWithoutQuestion() {
+	m_closeWithoutQuestion = true;
+	close();
+}
+
+
+void OVAMainWindow::closeEvent(QCloseEvent * event) {
+	FUNCID(OVAMainWindow::closeEvent);
+	if (m_closeWithoutQuestion) {
+		event->accept();
+		return;
+	}
+	// an editor with the focus commits its pending edit when it loses the focus
+	if (QWidget * focused = QApplication::focusWidget())
+		focused->clearFocus();
+
+	OVP::Settings & settings = OVP::Settings::instance();
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid()) {
+		settings.m_lastProjectFile = handler.projectFile();
+		if (!handler.closeProject(this)) {
+			event->ignore();
+			return;
+		}
+	}
+	else {
+		settings.m_lastProjectFile.clear();
+	}
+	try {
+		settings.write(saveGeometry(), saveState());
+	}
+	catch (ZEB::Exception & ex) {
+		ZEB::Exception(ex, "Settings could not be stored.", FUNC_ID).reportAllAsErrors();
+	}
+	event->accept();
+}
+
+
+void OVAMainWindow::changeEvent(QEvent * event) {
+	QMainWindow::changeEvent(event);
+	if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_askingForReload)
+		checkForExternalChanges();
+}
+
+
+void OVAMainWindow::updateWindowTitle() {
+	const OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	QString name = tr("unnamed.o2");
+	if (handler.isValid() && !handler.projectFile().isEmpty())
+		name = QFileInfo(handler.projectFile()).fileName();
+	setWindowTitle(QString("Orvane - %1[*]").arg(name));
+	setWindowModified(handler.isValid() && handler.isModified());
+}
+
+
+void OVAMainWindow::setupMenus() {
+	const MainView::Actions & a = m_mainView->actions();
+
+	QMenu * sessionMenu = menuBar()->addMenu(tr("&Session"));
+	sessionMenu->addAction(a.m_newSession);
+	sessionMenu->addAction(a.m_loadSession);
+	sessionMenu->addMenu(m_mainView->recentSessionsMenu());
+	sessionMenu->addSeparator();
+	sessionMenu->addAction(a.m_saveSession);
+	sessionMenu->addAction(a.m_saveSessionAs);
+	sessionMenu->addSeparator();
+	QAction * quit = sessionMenu->addAction(tr("Quit"));
+	quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
+	connect(quit, &QAction::triggered, this, &OVAMainWindow::close);
+
+	QMenu * viewMenu = menuBar()->addMenu(tr("&View"));
+	viewMenu->addAction(a.m_splitHorizontal);
+	viewMenu->addAction(a.m_splitVertical);
+	viewMenu->addAction(a.m_removeSplit);
+	viewMenu->addAction(a.m_removeAllSplits);
+	viewMenu->addAction(a.m_gotoNextSplit);
+	viewMenu->addSeparator();
+	viewMenu->addAction(a.m_refreshMappers);
+	viewMenu->addAction(a.m_autoRefresh);
+
+	QMenu * chartMenu = menuBar()->addMenu(tr("&Chart"));
+	chartMenu->addAction(a.m_exportCurrentChart);
+}
+
+
+void OVAMainWindow::checkForExternalChanges() {
+	FUNCID(OVAMainWindow::changeEvent);
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid() || handler.projectFile().isEmpty())
+		return;
+	const QDateTime lastModified = QFileInfo(handler.projectFile()).lastModified();
+	if (!lastModified.isValid() || lastModified <= handler.lastReadTime())
+		return;
+
+	ZEB::reportProgress(ZEB::MessageFormat("Last read time '%1', last modified '%2', asking for update.\n")
+						.arg(timeText(handler.lastReadTime())).arg(timeText(lastModified)).str(), FUNC_ID, 4);
+	// taken first, so that the question comes once per change
+	handler.updateLastReadTime();
+	m_askingForReload = true;
+	const int answer = QMessageBox::question(this, tr("Reload project file"),
+		tr("The project file has been modified by an external application. When reloading this project file all "
+		   "unsaved changes will be lost. Reload modified project file?"), QMessageBox::Yes | QMessageBox::No);
+	m_askingForReload = false;
+	if (answer != QMessageBox::Yes)
+		return;
+	const QString fileName = handler.projectFile();
+	handler.loadProject(this, fileName, false);
+	ZEB::reportProgress(ZEB::MessageFormat("New last read time '%1'.\n").arg(timeText(handler.lastReadTime())).str(),
+						FUNC_ID, 4);
+}

@@ -1,0 +1,76 @@
+#ifndef OVAMainWindowH
+#define OVAMainWindowH
+
+#include <QMainWindow>
+#include <QString>
+
+class MainView;
+
+/*! The top-level window of the program. It holds the main view, shows its actions in the menu
+	bar, names the open session in the window title, asks to save a modified session when it is
+	closed, and offers to reload the session file when another program has changed it.
+
+	It also takes the scripted chart exports of the command line. There is exactly one instance,
+	reached through instance().
+*/
+class OVAMainWindow : public QMainWindow {
+	Q_OBJECT
+public:
+	/*! Creates the window with the main view and restores the stored geometry and state. */
+	explicit OVAMainWindow(QWidget * parent = nullptr);
+	~OVAMainWindow() override;
+
+	/*! The one main window; it must exist. */
+	static OVAMainWindow & instance();
+
+	MainView * mainView() const { return m_mainView; }
+
+	/*! Queues the one chart export of option --generate-chart (see ChartExportProperties). A
+		malformed request is logged and the window closes without asking.
+	*/
+	void generateChart(const QString & exportSpec);
+	/*! Queues the chart exports of option --generate-charts, one request per line of the file.
+		An unreadable file, or malformed lines (each logged), close the window without asking.
+	*/
+	void generateCharts(const QString & exportSpecFile);
+
+	/*! File name of an update installer downloaded during this run, to be installed after the
+		event loop has ended; empty when there is none.
+	*/
+	const QString & updateInstallerFileName() const { return m_updateInstallerFileName; }
+
+public slots:
+	/*! Closes the window without asking to save the session and without storing settings
+		(used after a failed scripted export).
+	*/
+	void onCloseWithoutQuestion();
+
+protected:
+	/*! Asks to save a modified session; cancelling keeps the window open. Stores the last
+		session file, window geometry and state in the settings.
+	*/
+	void closeEvent(QCloseEvent * event) override;
+	/*! When the window becomes active, checks whether another program changed the session file. */
+	void changeEvent(QEvent * event) override;
+
+private slots:
+	/*! Shows the session file name and the modified mark in the title. */
+	void updateWindowTitle();
+
+private:
+	/*! Builds the menu bar from the main view's actions. */
+	void setupMenus();
+	/*! Asks whether to reload a session file that has been changed by another program. */
+	void checkForExternalChanges();
+
+	static OVAMainWindow *	m_self;
+
+	MainView *				m_mainView;
+	/*! Set by onCloseWithoutQuestion(). */
+	bool					m_closeWithoutQuestion = false;
+	/*! True while the reload question is shown, so that it is not asked twice. */
+	bool					m_askingForReload = false;
+	QString					m_updateInstallerFileName;
+};
+
+#endif // OVAMainWindowH

@@ -1,0 +1,310 @@
+#include "ViewManager.h"
+
+#include <QCoreApplication>
+#include <QSplitter>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <ZEB_FunctionId.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
+
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+#include <OVP_ProjectHandler.h>
+
+#include <Sci_Chart.h>
+#include <Sci_ExportDialog.h>
+
+#include "ChartView.h"
+#include "SplitTree.h"
+
+namespace {
+
+/*! Name of the splitter property that holds the id of its split in the layout. */
+const char * const SPLIT_ID_PROPERTY = "splitId";
+
+} // namespace
+
+
+ViewManager::ViewManager(QWidget * parent) :
+	QWidget(parent)
+{
+	m_layout = new QVBoxLayout(this);
+	m_layout->setContentsMargins(0, 0, 0, 0);
+
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	connect(&handler, &OVP::ProjectHandler::projectAboutToBeClosed, this, &ViewManager::onProjectAboutToBeClosed);
+	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &ViewManager::onProjectChanged);
+	connect(&handler, &OVP::ProjectHandler::modified, this, &ViewManager::onProjectModified);
+	rebuild();
+}
+
+
+ViewManager::~ViewManager() {
+	clearViews();
+}
+
+
+QList<ChartView *> ViewManager::views() const {
+	return m_views;
+}
+
+
+ChartView * ViewManager::focusedView() const {
+	return view(m_focusedId);
+}
+
+
+SCI::Chart * ViewManager::currentChart() const {
+	ChartView * v = focusedView();
+	return v == nullptr ? nullptr : v->chart();
+}
+
+
+void ViewManager::onSplitHorizontal() {
+	editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Horizontal); });
+}
+
+
+void ViewManager::onSplitVertical() {
+	editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Vertical); });
+}
+
+
+void ViewManager::onRemoveSplit() {
+	if (m_views.size() < 2)
+		return;
+	editLayout([](SplitTree & tree) { tree.unify(tree.focusedView()); });
+}
+
+
+void ViewManager::onRemoveAllSplits() {
+	if (m_views.size() < 2)
+		return;
+	editLayout([](SplitTree & tree) { tree.unifyAll(tree.focusedView()); });
+}
+
+
+void ViewManager::onGotoNextSplit() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid() || m_views.isEmpty())
+		return;
+	const SplitTree tree(handler.project().m_splitLayout, mapperCount());
+	setFocusedView(tree.nextView(m_focusedId));
+	ChartView * v = focusedView();
+	if (v->chart() != nullptr)
+		v->chart()->setFocus();
+	else
+		v->setFocus();
+}
+
+
+void ViewManager::onExportChartsScripted() {
+	FUNCID(ViewManager::onExportChartsScripted);
+	if (!m_scriptedExports.isEmpty()) {
+		const ChartExportProperties request = m_scriptedExports.takeFirst();
+		const int count = mapperCount();
+		if (request.m_mapperIndex >= count) {
+			ZEB::reportError(ZEB::MessageFormat("Invalid mapper index %1, number of mappers in session = %2")
+							 .arg(request.m_mapperIndex).arg(count).str(), FUNC_ID);
+		}
+		else {
+			ZEB::reportProgress(ZEB::MessageFormat("Exporting chart/mapper #%1 to file '%2'\n")
+								.arg(request.m_mapperIndex + 1).arg(request.m_fileName.toStdString()).str(), FUNC_ID);
+			OVP::Mapper * mapper = OVP::ProjectHandler::instance().project().mapperModel()->mapper(request.m_mapperIndex);
+			SCI::Chart * chart = mapper->chart();
+			// a mapper in a session always has a chart; exportChart() logs its own failures
+			if (chart != nullptr)
+				SCI::ExportDialog::exportChart(chart, request.m_fileName, QSize(request.m_width, request.m_height));
+		}
+	}
+	if (m_scriptedExports.isEmpty())
+		QCoreApplication::exit(0);
+	else
+		QTimer::singleShot(SCRIPTED_EXPORT_DELAY_MS, this, &ViewManager::onExportChartsScripted);
+}
+
+
+void ViewManager::onProjectAboutToBeClosed() {
+	clearViews();
+}
+
+
+void ViewManager::onProjectChanged() {
+	rebuild();
+}
+
+
+void ViewManager::onProjectModified(int modificationType, void *) {
+	switch (modificationType) {
+		case OVP::ProjectHandler::MapperInserted : {
+			// a new chart goes into the focused view when that one is empty
+			ChartView * v = focusedView();
+			if (v != nullptr && v->mapperIndex() == -1) {
+				const int newMapper = mapperCount() - 1;
+				editLayout([newMapper](SplitTree & tree) { tree.showMapper(tree.focusedView(), newMapper); });
+			}
+			else {
+				rebuild();
+			}
+		} break;
+		case OVP::ProjectHandler::AllModified :
+		case OVP::ProjectHandler::MapperRemoved :
+		case OVP::ProjectHandler::MapperRenamed :
+		case OVP::ProjectHandler::SplitLayoutModified :
+			rebuild();
+			break;
+		default : ;
+	}
+}
+
+
+void ViewManager::onViewActivated(int widgetId) {
+	if (widgetId != m_focusedId)
+		setFocusedView(widgetId);
+}
+
+
+void ViewManager::onViewMapperChosen(int widgetId, int mapperIndex) {
+	editLayout([widgetId, mapperIndex](SplitTree & tree) {
+		tree.showMapper(widgetId, mapperIndex);
+		tree.setFocusedView(widgetId);
+	});
+}
+
+
+void ViewManager::onSplitterMoved() {
+	QSplitter * splitter = qobject_cast<QSplitter *>(sender());
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (splitter == nullptr || !handler.isValid())
+		return;
+	const QList<int> sizes = splitter->sizes();
+	SplitTree tree(handler.project().m_splitLayout, mapperCount());
+	tree.setSizes(splitter->property(SPLIT_ID_PROPERTY).toInt(), sizes.value(0), sizes.value(1));
+	handler.project().m_splitLayout = tree.layout();
+}
+
+
+void ViewManager::rebuild() {
+	FUNCID(ViewManager::rebuild);
+	clearViews();
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid())
+		return;
+
+	OVP::SplitLayout & stored = handler.project().m_splitLayout;
+	const SplitTree tree(stored, mapperCount());
+	if (!tree.problem().isEmpty())
+		ZEB::reportWarning(ZEB::MessageFormat("Invalid split window layout in session (%1), showing a single chart view.")
+						   .arg(tree.problem().toStdString()).str(), FUNC_ID);
+	// what the views show is what the session keeps; a repaired layout is not a user's change
+	stored = tree.layout();
+
+	m_root = buildNode(tree, tree.root(), mapperNames());
+	m_layout->addWidget(m_root);
+	m_focusedId = tree.focusedView();
+	updateFocusHighlight();
+}
+
+
+void ViewManager::clearViews() {
+	// views hand their charts back first, so that deleting the widgets leaves the charts alone
+	for (ChartView * v : m_views)
+		v->setContent(QStringList(), -1, nullptr);
+	m_views.clear();
+	// deleted later: the change may have been started by a signal of one of these widgets
+	if (m_root != nullptr) {
+		m_root->hide();
+		m_layout->removeWidget(m_root);
+		m_root->deleteLater();
+		m_root = nullptr;
+	}
+	m_focusedId = -1;
+}
+
+
+QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringList & mapperNames) {
+	const OVP::SplitLayout::Widget & node = tree.node(id);
+	const QList<int> parts = tree.children(id);
+	if (parts.isEmpty()) {
+		ChartView * v = new ChartView(id);
+		SCI::Chart * chart = nullptr;
+		if (node.m_mapperIndex != -1)
+			chart = OVP::ProjectHandler::instance().project().mapperModel()->mapper(node.m_mapperIndex)->chart();
+		v->setContent(mapperNames, node.m_mapperIndex, chart);
+		connect(v, &ChartView::activated, this, &ViewManager::onViewActivated);
+		connect(v, &ChartView::mapperChosen, this, &ViewManager::onViewMapperChosen);
+		m_views.append(v);
+		return v;
+	}
+
+	QSplitter * splitter = new QSplitter(static_cast<Qt::Orientation>(node.m_orientation));
+	splitter->setProperty(SPLIT_ID_PROPERTY, id);
+	splitter->setChildrenCollapsible(false);
+	for (int part : parts)
+		splitter->addWidget(buildNode(tree, part, mapperNames));
+	// the stored sizes also serve as stretch factors, so that the parts keep their proportion
+	// when the window size changes; without stored sizes the parts are equal
+	const bool sized = node.m_size1 > 0 && node.m_size2 > 0;
+	const int size1 = sized ? node.m_size1 : 1;
+	const int size2 = sized ? node.m_size2 : 1;
+	splitter->setStretchFactor(0, size1);
+	splitter->setStretchFactor(1, size2);
+	splitter->setSizes(QList<int>{ size1, size2 });
+	connect(splitter, &QSplitter::splitterMoved, this, &ViewManager::onSplitterMoved);
+	return splitter;
+}
+
+
+void ViewManager::editLayout(const std::function<void(SplitTree &)> & edit) {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid())
+		return;
+	SplitTree tree(handler.project().m_splitLayout, mapperCount());
+	edit(tree);
+	handler.setSplitLayout(tree.layout());
+}
+
+
+void ViewManager::setFocusedView(int widgetId) {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid() || view(widgetId) == nullptr)
+		return;
+	SplitTree tree(handler.project().m_splitLayout, mapperCount());
+	tree.setFocusedView(widgetId);
+	handler.project().m_splitLayout = tree.layout();
+	m_focusedId = widgetId;
+	updateFocusHighlight();
+}
+
+
+void ViewManager::updateFocusHighlight() {
+	for (ChartView * v : m_views)
+		v->setFocused(m_views.size() > 1 && v->widgetId() == m_focusedId);
+}
+
+
+QStringList ViewManager::mapperNames() const {
+	QStringList names;
+	const int count = mapperCount();
+	for (int i = 0; i < count; ++i)
+		names.append(OVP::ProjectHandler::instance().project().mapperModel()->mapper(i)->name());
+	return names;
+}
+
+
+int ViewManager::mapperCount() const {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	return handler.isValid() ? handler.project().mapperModel()->mapperCount() : 0;
+}
+
+
+ChartView * ViewManager::view(int widgetId) const {
+	for (ChartView * v : m_views) {
+		if (v->widgetId() == widgetId)
+			return v;
+	}
+	return nullptr;
+}

@@ -1,0 +1,253 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTimer>
+
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+
+#include <EM_Extractor2DOutputBase.h>
+#include <ZEB_UnitVector.h>
+
+#include "MainView.h"
+#include "OVAMainWindow.h"
+#include "OVA_TestUtils.h"
+
+namespace {
+
+class MainWindowTest : public OVATest::SessionTest {
+protected:
+	/*! Writes a session of two charts; the session stays open and is modified afterwards. */
+	QString writeModifiedSession(const QString & name) {
+		const QString dir = OVATest::scratchDir(name);
+		createSession(dir, { "T", "RH" });
+		const QString file = dir + "/session.o2";
+		EXPECT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+		handler().renameMapper(0, "Temperature");
+		EXPECT_TRUE(handler().isModified());
+		return file;
+	}
+
+	/*! Lets the handler answer save questions with answer; returns the interaction to inspect. */
+	OVATest::AnsweringUserInteraction * answerWith(OVP::UserInteraction::SaveAnswer answer) {
+		OVATest::AnsweringUserInteraction * ui = new OVATest::AnsweringUserInteraction(answer);
+		handler().setUserInteraction(std::unique_ptr<OVP::UserInteraction>(ui));
+		return ui;
+	}
+};
+
+} // namespace
+
+
+TEST_F(MainWindowTest, CancelInTheSaveQuestionKeepsWindowAndSession) {
+	const QString file = writeModifiedSession("mw-cancel");
+	OVAMainWindow window;
+	window.show();
+	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
+
+	EXPECT_FALSE(window.close());
+	EXPECT_TRUE(window.isVisible());
+	ASSERT_EQ(ui->m_shown.size(), 1);
+	EXPECT_EQ(ui->m_shown[0], "Would you like to save the project before closing it?");
+	ASSERT_TRUE(handler().isValid());
+	EXPECT_TRUE(handler().isModified());
+	EXPECT_EQ(handler().projectFile(), file);
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 2);
+	// nothing was stored
+	EXPECT_FALSE(m_settings->openStore()->contains("MainWindowGeometry"));
+}
+
+
+TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
+	const QString file = writeModifiedSession("mw-close");
+	OVAMainWindow window;
+	window.show();
+	answerWith(OVP::UserInteraction::AnswerDiscard);
+
+	EXPECT_TRUE(window.close());
+	EXPECT_FALSE(handler().isValid());
+	std::unique_ptr<QSettings> store = m_settings->openStore();
+	EXPECT_EQ(store->value("LastProjectFile").toString(), file);
+	EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
+	EXPECT_FALSE(store->value("MainWindowState").toByteArray().isEmpty());
+
+	// a second window without session clears the last session file
+	OVAMainWindow second;
+	second.show();
+	EXPECT_TRUE(second.close());
+	EXPECT_TRUE(m_settings->openStore()->value("LastProjectFile").toString().isEmpty());
+}
+
+
+TEST_F(MainWindowTest, CloseWithoutQuestionNeitherAsksNorStores) {
+	writeModifiedSession("mw-noquestion");
+	OVAMainWindow window;
+	window.show();
+	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
+	window.onCloseWithoutQuestion();
+	EXPECT_FALSE(window.isVisible());
+	EXPECT_TRUE(ui->m_shown.isEmpty());
+	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
+}
+
+
+TEST_F(MainWindowTest, OpeningSessionFiles) {
+	const QString file = writeModifiedSession("mw-open");
+	ASSERT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	OVAMainWindow window;
+	MainView * view = window.mainView();
+	view->setScriptedRun();
+
+	// a missing file is reported and leaves an empty session
+	const QString missing = QFileInfo(file).absolutePath() + "/missing.o2";
+	view->openSession(missing);
+	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, ("File not found: Session file '" + missing
+				+ "' cannot be accessed or does not exist.").toStdString(), "[LogUserInteraction::showCritical]"), 1);
+	ASSERT_TRUE(handler().isValid());
+	EXPECT_TRUE(handler().projectFile().isEmpty());
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+
+	view->openSession(file);
+	ASSERT_TRUE(handler().isValid());
+	EXPECT_EQ(handler().projectFile(), file);
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 2);
+	EXPECT_FALSE(handler().isModified());
+	EXPECT_EQ(m_settings->m_recentProjects.value(0), file);
+
+	// a file that is no session fails to load and also leaves an empty session
+	OVATest::writeText(QFileInfo(file).absolutePath() + "/broken.o2", "<orvane/>");
+	view->openSession(QFileInfo(file).absolutePath() + "/broken.o2");
+	ASSERT_TRUE(handler().isValid());
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+}
+
+
+TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
+	const QString dir = OVATest::scratchDir("mw-refresh");
+	createSession(dir, { "T" });
+	// the window opens the session given on the command line once the event loop runs
+	m_settings->m_initialProjectFile = dir + "/session.o2";
+	ASSERT_EQ(handler().saveProject(nullptr, m_settings->m_initialProjectFile), OVP::ProjectHandler::SaveOK);
+	handler().closeProject(nullptr);
+	OVAMainWindow window;
+	QCoreApplication::processEvents();
+	ASSERT_TRUE(handler().isValid());
+	ASSERT_EQ(handler().projectFile(), m_settings->m_initialProjectFile);
+	const OVP::Mapper & mapper = *handler().project().mapperModel()->mapper(0);
+	const ZEB::UnitVector & y = mapper.extractors2D()[0].output2D().y();
+	ASSERT_EQ(y.size(), 49u);
+
+	/*! Rewrites the data file with n time points of a constant value, as a running simulation
+		would, and runs the event loop until the chart data has n values or the time is up.
+	*/
+	auto rewriteAndWait = [&](std::size_t n, double value, int maxMs) {
+		std::vector<double> time;
+		for (std::size_t i = 0; i < n; ++i)
+			time.push_back(static_cast<double>(i));
+		OVATest::writeTimeSeries(dir + "/T.out", time, std::vector<double>(n, value), "T");
+		QElapsedTimer clock;
+		clock.start();
+		while (y.size() != n && clock.elapsed() < maxMs)
+			QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+	};
+
+	window.mainView()->actions().m_autoRefresh->setChecked(true);
+	rewriteAndWait(60, 99, 5000);
+	ASSERT_EQ(y.size(), 60u);
+	EXPECT_EQ(y[59], 99);
+
+	// switched off, a rewritten file is not read in by itself, but on request
+	window.mainView()->actions().m_autoRefresh->setChecked(false);
+	rewriteAndWait(70, 42, 2500);
+	EXPECT_EQ(y.size(), 60u);
+	window.mainView()->actions().m_refreshMappers->trigger();
+	ASSERT_EQ(y.size(), 70u);
+	EXPECT_EQ(y[0], 42);
+}
+
+
+namespace {
+
+/*! Answers the next modal message box with a button and records its title. */
+class BoxAnswerer {
+public:
+	explicit BoxAnswerer(QMessageBox::StandardButton button) {
+		m_poll.setInterval(10);
+		QObject::connect(&m_poll, &QTimer::timeout, [this, button]() {
+			QMessageBox * box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+			if (box == nullptr)
+				return;
+			m_titles.append(box->windowTitle());
+			box->button(button)->click();
+		});
+		m_poll.start();
+	}
+	QStringList	m_titles;
+private:
+	QTimer		m_poll;
+};
+
+/*! Moves the activation away from window and back, as when the user returns to the program. */
+void reactivate(QWidget & window) {
+	QWidget other;
+	other.show();
+	other.activateWindow();
+	QCoreApplication::processEvents();
+	window.activateWindow();
+	QCoreApplication::processEvents();
+}
+
+} // namespace
+
+
+TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
+	const QString file = writeModifiedSession("mw-external");
+	m_settings->m_initialProjectFile = file;
+	OVAMainWindow window;
+	window.show();
+	window.activateWindow();
+	QCoreApplication::processEvents();
+	ASSERT_EQ(handler().projectFile(), file);
+	handler().renameMapper(0, "Changed here");
+
+	// another program touches the file: the question comes once, "No" keeps the session
+	QFile touched(file);
+	ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
+	ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+	touched.close();
+	{
+		BoxAnswerer no(QMessageBox::No);
+		reactivate(window);
+		reactivate(window);
+		EXPECT_EQ(no.m_titles, QStringList{ "Reload project file" });
+	}
+	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "Changed here");
+	EXPECT_TRUE(handler().isModified());
+	const std::string where = "[OVAMainWindow::changeEvent]";
+	int asked = 0;
+	for (const OVATest::RecordedMessage & m : m_messages->m_messages)
+		asked += m.m_where == where && m.m_text.find("asking for update.\n") != std::string::npos ? 1 : 0;
+	EXPECT_EQ(asked, 1);
+
+	// the next change, answered with "Yes", reloads the file and drops the change made here
+	ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
+	ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addSecs(120), QFileDevice::FileModificationTime));
+	touched.close();
+	{
+		BoxAnswerer yes(QMessageBox::Yes);
+		reactivate(window);
+		EXPECT_EQ(yes.m_titles.size(), 1);
+	}
+	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T.out");
+	EXPECT_FALSE(handler().isModified());
+	EXPECT_EQ(handler().lastReadTime(), QFileInfo(file).lastModified());
+}

@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QImage>
+#include <QMouseEvent>
+#include <QSplitter>
+
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+
+#include <Sci_Chart.h>
+
+#include "ChartView.h"
+#include "OVA_TestUtils.h"
+#include "ViewManager.h"
+
+namespace {
+
+using Widget = OVP::SplitLayout::Widget;
+
+class ViewManagerTest : public OVATest::SessionTest {
+protected:
+	/*! The chart of a mapper of the open session. */
+	SCI::Chart * mapperChart(int index) {
+		return handler().project().mapperModel()->mapper(index)->chart();
+	}
+
+	/*! Mapper index shown by each view, in view order. */
+	static QList<int> shownMappers(const ViewManager & vm) {
+		QList<int> mappers;
+		for (const ChartView * v : vm.views())
+			mappers.append(v->mapperIndex());
+		return mappers;
+	}
+};
+
+} // namespace
+
+TEST_F(ViewManagerTest, ViewsShowTheChartsOfTheStoredLayout) {
+	createSession(OVATest::scratchDir("vm-layout"), { "T", "RH", "Tsurf" });
+	OVP::SplitLayout layout;
+	layout.m_widgets = { Widget{ 0, -1, false, -1, 0, 0, 2 },
+						 Widget{ 1, 0, false, 2, 0, 0, 0 },
+						 Widget{ 2, 0, false, 0, 0, 0, 0 } };
+	layout.m_focusedWidget = 2;
+	handler().setSplitLayout(layout);
+
+	ViewManager vm;
+	ASSERT_EQ(shownMappers(vm), QList<int>({ 2, 0 }));
+	for (ChartView * v : vm.views()) {
+		EXPECT_EQ(v->chart(), mapperChart(v->mapperIndex()));
+		EXPECT_EQ(v->chart()->parentWidget(), v);
+	}
+	// the parts lie on top of each other
+	QSplitter * splitter = qobject_cast<QSplitter *>(vm.views().first()->parentWidget());
+	ASSERT_NE(splitter, nullptr);
+	EXPECT_EQ(splitter->orientation(), Qt::Vertical);
+	EXPECT_EQ(vm.focusedView()->widgetId(), 2);
+	EXPECT_EQ(vm.currentChart(), mapperChart(0));
+}
+
+TEST_F(ViewManagerTest, SplitActionsEditTheSessionAndChartsStayWithTheirMappers) {
+	createSession(OVATest::scratchDir("vm-split"), { "T", "RH", "Tsurf" });
+	handler().setSplitLayout(OVP::SplitLayout());
+	ViewManager vm;
+	ASSERT_EQ(shownMappers(vm), QList<int>{ 0 });
+
+	// saving clears the modified flag, so that the edits below must set it again
+	ASSERT_EQ(handler().saveProject(nullptr, OVATest::scratchDir("vm-split") + "/s.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_FALSE(handler().isModified());
+	vm.onSplitHorizontal();
+	EXPECT_TRUE(handler().isModified());
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1 }));
+	vm.onGotoNextSplit();
+	vm.onSplitVertical();
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2 }));
+	EXPECT_EQ(handler().project().m_splitLayout.m_widgets.size(), 5);
+
+	SCI::Chart * chart0 = mapperChart(0);
+	SCI::Chart * chart2 = mapperChart(2);
+	vm.onRemoveSplit();
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 2 }));
+
+	// unify all keeps the chart of the focused view; the other charts are handed back, not deleted
+	ASSERT_EQ(vm.focusedView()->mapperIndex(), 2);
+	vm.onRemoveAllSplits();
+	EXPECT_EQ(shownMappers(vm), QList<int>{ 2 });
+	EXPECT_EQ(mapperChart(0), chart0);
+	EXPECT_EQ(chart0->parentWidget(), nullptr);
+	EXPECT_EQ(mapperChart(2), chart2);
+	EXPECT_EQ(chart2->parentWidget(), vm.views().first());
+}
+
+TEST_F(ViewManagerTest, FocusIsKeptWithoutModifyingButAChartChoiceModifies) {
+	createSession(OVATest::scratchDir("vm-focus"), { "T", "RH", "Tsurf" });
+	ViewManager vm;
+	vm.onSplitHorizontal();
+	ASSERT_EQ(handler().saveProject(nullptr, OVATest::scratchDir("vm-focus") + "/s.o2"), OVP::ProjectHandler::SaveOK);
+
+	// a click into the chart of the second view focuses it
+	ChartView * second = vm.views()[1];
+	QWidget * canvas = second->chart()->canvas();
+	QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+	QCoreApplication::sendEvent(canvas, &press);
+	EXPECT_EQ(vm.focusedView(), second);
+	EXPECT_EQ(handler().project().m_splitLayout.m_focusedWidget, second->widgetId());
+	EXPECT_FALSE(handler().isModified());
+
+	// choosing the third chart in the list of the first view
+	QComboBox * list = vm.views()[0]->findChild<QComboBox *>();
+	ASSERT_NE(list, nullptr);
+	ASSERT_EQ(list->count(), 4);
+	emit list->activated(3);
+	EXPECT_TRUE(handler().isModified());
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 2, 1 }));
+	EXPECT_EQ(vm.focusedView(), vm.views()[0]);
+}
+
+TEST_F(ViewManagerTest, ViewsFollowRemovedMappersAndClosedSessions) {
+	const QString dir = OVATest::scratchDir("vm-remove");
+	createSession(dir, { "T", "RH", "Tsurf" });
+	ViewManager vm;
+	vm.onSplitHorizontal();
+	vm.onGotoNextSplit();
+	vm.onSplitHorizontal();
+	ASSERT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2 }));
+
+	handler().removeMappers(1, 1);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, -1, 1 }));
+	EXPECT_EQ(vm.views()[2]->chart(), mapperChart(1));
+
+	ASSERT_TRUE(handler().closeProject(nullptr));
+	EXPECT_TRUE(vm.views().isEmpty());
+	EXPECT_EQ(vm.currentChart(), nullptr);
+
+	handler().newProject();
+	EXPECT_EQ(shownMappers(vm), QList<int>{ -1 });
+	EXPECT_EQ(vm.currentChart(), nullptr);
+
+	// a new chart goes into the empty focused view
+	OVATest::writeTimeSeries(dir + "/new.out", { 0, 1, 2 }, { 5, 6, 7 }, "T");
+	handler().addMapper(OVP::Mapper::createNewMapper(handler().dataManager(), { { dir + "/new.out" } }));
+	EXPECT_EQ(shownMappers(vm), QList<int>{ 0 });
+	EXPECT_EQ(vm.currentChart(), mapperChart(0));
+}
+
+TEST_F(ViewManagerTest, ScriptedExportExportsOneRequestPerCall) {
+	const QString dir = OVATest::scratchDir("vm-export");
+	createSession(dir, { "T", "RH" });
+	ViewManager vm;
+
+	QList<ChartExportProperties> requests;
+	for (const QString & spec : { QString("2:320x200:%1/second.png"), QString("5:100x100:%1/none.png"),
+								  QString("1:300x150:%1/first.png") })
+	{
+		requests.append(ChartExportProperties());
+		requests.last().parse(spec.arg(dir));
+	}
+	vm.setScriptedExports(requests);
+
+	vm.onExportChartsScripted();
+	EXPECT_EQ(QImage(dir + "/second.png").size(), QSize(320, 200));
+	EXPECT_FALSE(QFileInfo::exists(dir + "/first.png"));
+	const std::string where = "[ViewManager::onExportChartsScripted]";
+	EXPECT_EQ(m_messages->count(ZEB::MSG_PROGRESS, "Exporting chart/mapper #2 to file '" + dir.toStdString()
+								+ "/second.png'\n", where), 1);
+
+	vm.onExportChartsScripted();
+	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Invalid mapper index 4, number of mappers in session = 2", where), 1);
+	EXPECT_FALSE(QFileInfo::exists(dir + "/none.png"));
+	EXPECT_TRUE(vm.hasScriptedExports());
+
+	vm.onExportChartsScripted();
+	EXPECT_EQ(QImage(dir + "/first.png").size(), QSize(300, 150));
+	EXPECT_FALSE(vm.hasScriptedExports());
+}

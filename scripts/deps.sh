@@ -1,7 +1,7 @@
 # Debian packages Orvane needs to build, test and look at its output. Sourced by the scripts.
 ORVANE_PACKAGES=(
   build-essential cmake ninja-build ccache pkg-config
-  qtbase5-dev qtbase5-dev-tools libqt5svg5-dev qttools5-dev qttools5-dev-tools
+  qtbase5-dev qtbase5-dev-tools libqt5svg5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n
   libqwt-qt5-dev libtinyxml-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth fonts-dejavu-core

@@ -63,9 +63,25 @@ QString installStartupLanguage(const ZEB::ArgParser & argParser, const OVP::Sett
 }
 
 
+/*! True when no display server is reachable and the toolkit's platform was not chosen either.
+	The program then runs on the off-screen platform: the help, the version and scripted chart
+	exports work without a display, as they must in scripts and on build machines.
+*/
+bool chooseOffscreenPlatform() {
+	if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
+		qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+	{
+		return false;
+	}
+	qputenv("QT_QPA_PLATFORM", "offscreen");
+	return true;
+}
+
+
 /*! The program from the application object to the end of the event loop; returns the exit code. */
 int runApplication(int argc, char * argv[]) {
 	OVADirectories::setAppName("OrvaneApp");
+	const bool withoutDisplay = chooseOffscreenPlatform();
 
 	OVADebugApplication app(argc, argv);
 	app.setStyleSheet("QMessageBox { messagebox-text-interaction-flags: 5; }");
@@ -98,6 +114,11 @@ int runApplication(int argc, char * argv[]) {
 	settings.applyCommandLineArgs(argParser);
 	if (argParser.handleDefaultFlags())
 		return 0;
+	if (withoutDisplay && !argParser.hasOption("generate-chart") && !argParser.hasOption("generate-charts")) {
+		std::cerr << "No display available. Without one, OrvaneApp exports charts with --generate-chart "
+					 "or --generate-charts; see --help." << std::endl;
+		return 1;
+	}
 
 	QDir().mkpath(OVADirectories::userDataDir());
 	OVP::MessageHandler msgHandler;

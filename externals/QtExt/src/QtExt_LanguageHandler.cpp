@@ -97,6 +97,12 @@ std::unique_ptr<QTranslator> LanguageHandler::loadTranslator(const QString & bas
 
 
 void LanguageHandler::removeTranslators() {
+	// after the application object is gone its translators are gone with it
+	if (QCoreApplication::instance() == nullptr) {
+		m_qtTranslator.reset();
+		m_appTranslator.reset();
+		return;
+	}
 	if (m_qtTranslator != nullptr) {
 		QCoreApplication::removeTranslator(m_qtTranslator.get());
 		m_qtTranslator.reset();

@@ -13,8 +13,7 @@ namespace {
 const char * const HELP_FLAG = "help";
 const char * const VERSION_FLAG = "version";
 
-/*! Column at which help texts are wrapped, and the indentation of help and default lines. */
-const std::size_t HELP_LINE_WIDTH = 80;
+/*! Indentation of help and default lines. */
 const char * const HELP_INDENT = "      ";
 
 /*! Option names are plain words: letters, digits, '-' and '_', not beginning with '-'. */
@@ -29,28 +28,14 @@ bool isValidOptionName(const std::string & name) {
 	return true;
 }
 
-/*! Writes text indented and word-wrapped at HELP_LINE_WIDTH; line breaks in the text are kept
-	and a word longer than a line stands on a line of its own.
+/*! Writes each line of text indented. Help texts are not wrapped: a sentence stays on one
+	line, so that it can be found with grep in the output.
 */
-void writeWrapped(std::ostream & out, const std::string & text) {
-	const std::string indent(HELP_INDENT);
-	std::istringstream paragraphs(text);
-	std::string paragraph;
-	while (std::getline(paragraphs, paragraph)) {
-		std::istringstream words(paragraph);
-		std::string word;
-		std::string line;
-		while (words >> word) {
-			if (!line.empty() && indent.size() + line.size() + 1 + word.size() > HELP_LINE_WIDTH) {
-				out << indent << line << '\n';
-				line.clear();
-			}
-			if (!line.empty())
-				line += ' ';
-			line += word;
-		}
-		out << indent << line << '\n';
-	}
+void writeIndented(std::ostream & out, const std::string & text) {
+	std::istringstream lines(text);
+	std::string line;
+	while (std::getline(lines, line))
+		out << HELP_INDENT << line << '\n';
 }
 
 } // namespace
@@ -202,7 +187,7 @@ void ArgParser::printHelp(std::ostream & out) const {
 			out << "[=<" << opt.m_valueHint << ">]";
 		out << '\n';
 		if (!opt.m_helpText.empty())
-			writeWrapped(out, opt.m_helpText);
+			writeIndented(out, opt.m_helpText);
 		if (!opt.m_defaultValue.empty())
 			out << HELP_INDENT << "Default: " << opt.m_defaultValue << '\n';
 	}

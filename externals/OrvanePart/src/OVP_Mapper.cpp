@@ -199,7 +199,12 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	// 3. the values must convert to one of the y axes
 	const ZEB::Unit valueUnit = entry.m_extractor->axisUnitFromDataIO(1);
 	const ZEB::Unit left = axisUnit(*m_chartModel, CM::LeftAxis);
-	const ZEB::Unit right = axisUnit(*m_chartModel, CM::RightAxis);
+	ZEB::Unit right = axisUnit(*m_chartModel, CM::RightAxis);
+	// a right axis that no series uses yet takes the unit of the first data set that needs it
+	if (right.id() == 0 && !convertible(valueUnit, left)) {
+		setAxisUnit(*m_chartModel, CM::RightAxis, valueUnit);
+		right = valueUnit;
+	}
 	bool leftAxis = true;
 	if (!convertible(valueUnit, left)) {
 		if (!convertible(valueUnit, right))

@@ -176,12 +176,24 @@ int SeriesLineExtractorModel::cutType(int seriesIndex) const {
 }
 
 
+QColor SeriesLineExtractorModel::defaultSeriesColor(int seriesIndex) {
+	// distinct hues that stay apart in print and for the common forms of colour blindness
+	static const char * const PALETTE[] = {
+		"#1f5fa6", "#c23b22", "#2e8b57", "#e08a00", "#6a3d9a", "#138d90", "#8c564b", "#5f6b7a"
+	};
+	const int n = static_cast<int>(sizeof(PALETTE)/sizeof(PALETTE[0]));
+	return QColor(PALETTE[((seriesIndex % n) + n) % n]);
+}
+
+
 void SeriesLineExtractorModel::initSeries(int seriesIndex, bool leftAxis) {
 	const Mapper::ExtractorEntry * e = entry(seriesIndex);
 	if (e == nullptr)
 		return;
 	SCI::AbstractLineSeriesModel::setSeriesData(e->m_title, seriesIndex, SeriesTitleText);
 	SCI::AbstractLineSeriesModel::setSeriesData(leftAxis, seriesIndex, SeriesLeftAxis);
+	SCI::AbstractLineSeriesModel::setSeriesData(defaultSeriesColor(seriesIndex), seriesIndex, SeriesPenColor);
+	SCI::AbstractLineSeriesModel::setSeriesData(2, seriesIndex, SeriesPenWidth);
 }
 
 

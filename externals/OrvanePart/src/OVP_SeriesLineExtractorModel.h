@@ -1,6 +1,8 @@
 #ifndef OVP_SeriesLineExtractorModelH
 #define OVP_SeriesLineExtractorModelH
 
+#include <QColor>
+
 #include <Sci_AbstractLineSeriesModel.h>
 
 #include "OVP_Mapper.h"
@@ -58,10 +60,13 @@ public:
 	*/
 	int cutType(int seriesIndex) const;
 
-	/*! Gives a new series its stored title from the mapper and its y axis, without marking the
-		project modified (the mapper's creation is the modification).
+	/*! Gives a new series its stored title from the mapper, its y axis and a pen of its own
+		colour, without marking the project modified (the mapper's creation is the modification).
 	*/
 	void initSeries(int seriesIndex, bool leftAxis);
+
+	/*! The pen colour a new series gets: one of a palette of distinct colours, by position. */
+	static QColor defaultSeriesColor(int seriesIndex);
 
 private:
 	/*! The mapper's entry of a series; asserts the index against the series count and the

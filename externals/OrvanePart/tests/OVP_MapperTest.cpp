@@ -252,10 +252,11 @@ TEST_F(MapperTest, AddExtractorChecks) {
 	// 2. x units: the parametric function has temperatures on its x axis
 	EXPECT_EQ(message({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction").first,
 			  "X-axis units are not compatible.");
-	// 3. value units: the right axis has no unit yet
+	// 3. value units: neither axis unit fits
+	m->chartModel()->setAxisData(ZEB::Unit("Pa").id(), CM::RightAxis, CM::AxisUnit);
 	EXPECT_EQ(message({ { m_dir + "/RH.out" } }, ""),
-			  std::make_pair("Unit [%] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit ["
-							 + ZEB::Unit().name() + "]", std::string("[Mapper::addExtractor]")));
+			  std::make_pair(std::string("Unit [%] of selected dataset does match neither left y-axis unit [C] nor right "
+							 "y-axis unit [Pa]"), std::string("[Mapper::addExtractor]")));
 	// 4. a model series whose second data set is missing
 	try {
 		m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel");
@@ -266,10 +267,15 @@ TEST_F(MapperTest, AddExtractorChecks) {
 	}
 	EXPECT_EQ(m->extractorCount(), 1u);
 
-	// a Kelvin series joins the left axis in C, a humidity series the right axis once it has a unit
+	// a Kelvin series joins the left axis in C, a humidity series the right axis in its unit
 	m->addExtractor({ { m_dir + "/TK.out" } });
 	m->chartModel()->setAxisData(ZEB::Unit("%").id(), CM::RightAxis, CM::AxisUnit);
 	m->addExtractor({ { m_dir + "/RH.out" } });
+	// a right axis without unit takes the unit of the first series that needs it
+	std::unique_ptr<OVP::Mapper> fresh = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" } });
+	fresh->addExtractor({ { m_dir + "/RH.out" } });
+	EXPECT_EQ(fresh->chartModel()->axisData(CM::RightAxis, CM::AxisUnit).toUInt(), ZEB::Unit("%").id());
+	EXPECT_FALSE(fresh->chartModel()->seriesData(1, LM::SeriesLeftAxis).toBool());
 	const OVP::SeriesLineExtractorModel & model = static_cast<const OVP::SeriesLineExtractorModel &>(*m->chartModel());
 	ASSERT_EQ(model.seriesCount(), 3u);
 	EXPECT_TRUE(model.seriesData(1, LM::SeriesLeftAxis).toBool());

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include <set>
+
 #include <QDir>
 #include <QSignalSpy>
 
@@ -92,6 +94,23 @@ TEST_F(SeriesModelTest, RightAxisFollowsSeries) {
 	EXPECT_TRUE(handler().isModified());
 	ASSERT_TRUE(model.setSeriesData(true, 1, LM::SeriesLeftAxis));
 	EXPECT_FALSE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+}
+
+
+TEST_F(SeriesModelTest, NewSeriesGetDistinctColours) {
+	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
+	m.addExtractor({ { m_dir + "/T.out" } });
+	m.addExtractor({ { m_dir + "/RH.out" } });
+	const OVP::SeriesLineExtractorModel & model = lineModel(m);
+	ASSERT_EQ(model.seriesCount(), 3u);
+	std::set<QRgb> colours;
+	for (int i = 0; i < 3; ++i) {
+		const QColor c = model.seriesData(i, LM::SeriesPenColor).value<QColor>();
+		// the model default is black, which would make the curves indistinguishable
+		EXPECT_NE(c, QColor(Qt::black));
+		colours.insert(c.rgb());
+	}
+	EXPECT_EQ(colours.size(), 3u);
 }
 
 

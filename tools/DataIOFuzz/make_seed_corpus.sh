@@ -1,0 +1,24 @@
+#!/bin/sh
+# Writes the seed corpus of the DataIO fuzz targets: small files of every variant (generation 6
+# and 5, ASCII and binary, every output kind, both geometries) made by the sample data generator.
+#   make_seed_corpus.sh <SampleDataGenerator executable> <corpus directory>
+# Output files go to <corpus directory>/output, geometry files to <corpus directory>/geometry.
+set -eu
+if [ $# -ne 2 ]; then
+  echo "usage: $0 <SampleDataGenerator> <corpus directory>" >&2
+  exit 2
+fi
+generator=$1
+corpus=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# three hours of a 9-element wall and a 6 x 6 corner keep every file a few kB
+"$generator" --dir="$work/set" --hours=3 --elements=9 --detail-cells=6 --detail-step=1 > /dev/null
+mkdir -p "$corpus/output" "$corpus/geometry"
+cp "$work"/set/*.d6o "$work"/set/*.d6b "$work"/set/*.d5o "$work"/set/*.d5b "$corpus/output/"
+cp "$work"/set/*.g6a "$work"/set/*.g6b "$corpus/geometry/"
+# a file that is still being written: the last ASCII line without its line end, a cut binary record
+head -c -3 "$work/set/wall_temperature.d6o" > "$corpus/output/growing_wall_temperature.d6o"
+head -c -5 "$work/set/wall_temperature.d6b" > "$corpus/output/growing_wall_temperature.d6b"
+ls -l "$corpus/output" "$corpus/geometry" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'

@@ -574,7 +574,8 @@ void DataIO::readASCIIData(ZEB::NotificationHandler * notification) {
 		m_asciiDataLines.truncate(before);
 		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
 	}
-	m_asciiDataLines.shrinkLastBlock();
+	// the last block keeps its unused tail: pages never written cost no memory, and a refresh
+	// of a growing file appends there instead of moving the whole block
 	m_values.resize(m_timePoints.size());
 	m_tailSignature = tailBytes(m_consumedEnd);
 }

@@ -1,9 +1,6 @@
 #include "EM_Extractor2DFromFieldBase.h"
 
-#include <DATAIO_GeoFile.h>
-
 #include <ZEB_Exception.h>
-#include <ZEB_MessageHandler.h>
 
 namespace EM {
 
@@ -22,26 +19,15 @@ Extractor2DFromFieldBase::Extractor2DFromFieldBase(DATAIO::DataIO * dataIO, DATA
 std::vector<double> Extractor2DFromFieldBase::cutValues(unsigned int dimension) const {
 	if (dimension >= CD_Time || !isCutDimension(dimension))
 		return Extractor2DOutputBase::cutValues(dimension);
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr)
-		return std::vector<double>();
-	return m_fieldCut.grid(*m_dataIOs.front(), *geometry).centres(dimension);
+	return m_fieldCut.cellCentres(*m_dataIOs.front(), geoFile(), dimension);
 }
 
 
 bool Extractor2DFromFieldBase::canUpdateField(const char * formatMessage, const char * functionId) {
 	if (!Extractor2DOutputBase::canUpdate())
 		return false;
-	if (m_dataIOs.front()->dataFormat() != m_fieldCut.dataFormat()) {
-		ZEB::reportError(formatMessage, functionId);
-		return false;
-	}
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr || geometry->isEmpty()) {
-		ZEB::reportError("Missing/invalid geometry data for DataIO container.", functionId);
-		return false;
-	}
-	return checkTargetXUnit(functionId);
+	return m_fieldCut.checkInput(*m_dataIOs.front(), geoFile(), formatMessage, functionId) &&
+		   checkTargetXUnit(functionId);
 }
 
 
@@ -53,15 +39,10 @@ void Extractor2DFromFieldBase::doUpdateField(const char * functionId) {
 void Extractor2DFromFieldBase::extract() {
 	FUNCID(Extractor2DFromFieldBase::extract);
 	DATAIO::DataIO & dataIO = *m_dataIOs.front();
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr)
-		throw ZEB::Exception("Missing/invalid geometry data for DataIO container.", FUNC_ID);
-	const SpaceGrid & grid = m_fieldCut.rebuildGrid(dataIO, *geometry);
-	std::array<unsigned int, 3> fixedCells = { { 0, 0, 0 } };
-	for (unsigned int d = 0; d < grid.dimensionCount(); ++d)
-		if (isCutDimension(d))
-			fixedCells[d] = resolveSpaceIndex(d, grid.cellCount(d));
-	const std::vector<std::ptrdiff_t> columns = m_fieldCut.selectColumns(grid, fixedCells);
+	std::vector<std::ptrdiff_t> columns;
+	const SpaceGrid & grid = m_fieldCut.selectCutColumns(dataIO, geoFile(),
+		[this](unsigned int dimension, std::size_t cellCount) { return resolveSpaceIndex(dimension, cellCount); },
+		columns, FUNC_ID);
 
 	if (xDimension() == CD_Time) {
 		if (columns.front() < 0)

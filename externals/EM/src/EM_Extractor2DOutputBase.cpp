@@ -10,22 +10,6 @@
 
 namespace EM {
 
-namespace {
-
-/*! Copies a series and converts the copy to the target unit; an empty series only takes the
-	unit, and a series already in the target unit is copied unchanged, bit for bit.
-*/
-void convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result) {
-	result = source;
-	if (result.empty() || result.m_unit == target)
-		result.m_unit = target;
-	else
-		result.convert(target);
-}
-
-} // namespace
-
-
 Extractor2DOutputBase::Extractor2DOutputBase(const std::vector<DATAIO::DataIO *> & dataIOs, CutType cutType,
 											 unsigned int xDimension) :
 	ExtractorBase(dataIOs, cutType),
@@ -144,14 +128,7 @@ void Extractor2DOutputBase::columnSeries(DATAIO::DataIO & dataIO, std::size_t co
 
 
 void Extractor2DOutputBase::extractAndManipulate(const std::function<void()> & extract, const char * functionId) {
-	clearOutput();
-	try {
-		extract();
-	}
-	catch (ZEB::Exception & ex) {
-		clearOutput();
-		throw ZEB::Exception(ex, "Error accessing data from DataIO.", functionId);
-	}
+	extractIntoClearedOutput(extract, functionId);
 	try {
 		for (const std::unique_ptr<ManipulatorBase> & m : m_manipulators) {
 			const Manipulator2DBase * m2D = dynamic_cast<const Manipulator2DBase *>(m.get());

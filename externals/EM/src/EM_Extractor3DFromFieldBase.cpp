@@ -2,10 +2,7 @@
 
 #include <limits>
 
-#include <DATAIO_GeoFile.h>
-
 #include <ZEB_Exception.h>
-#include <ZEB_MessageHandler.h>
 
 namespace EM {
 
@@ -34,53 +31,29 @@ Extractor3DFromFieldBase::Extractor3DFromFieldBase(DATAIO::DataIO * dataIO, DATA
 std::vector<double> Extractor3DFromFieldBase::cutValues(unsigned int dimension) const {
 	if (dimension >= CD_Time || !isCutDimension(dimension))
 		return Extractor3DOutputBase::cutValues(dimension);
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr)
-		return std::vector<double>();
-	return m_fieldCut.grid(*m_dataIOs.front(), *geometry).centres(dimension);
+	return m_fieldCut.cellCentres(*m_dataIOs.front(), geoFile(), dimension);
 }
 
 
 bool Extractor3DFromFieldBase::canUpdateField(const char * formatMessage, const char * functionId) {
 	if (!Extractor3DOutputBase::canUpdate())
 		return false;
-	if (m_dataIOs.front()->dataFormat() != m_fieldCut.dataFormat()) {
-		ZEB::reportError(formatMessage, functionId);
-		return false;
-	}
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr || geometry->isEmpty()) {
-		ZEB::reportError("Missing/invalid geometry data for DataIO container.", functionId);
-		return false;
-	}
-	return true;
+	return m_fieldCut.checkInput(*m_dataIOs.front(), geoFile(), formatMessage, functionId);
 }
 
 
 void Extractor3DFromFieldBase::doUpdateField(const char * functionId) {
-	clearOutput();
-	try {
-		extract();
-	}
-	catch (ZEB::Exception & ex) {
-		clearOutput();
-		throw ZEB::Exception(ex, "Error accessing data from DataIO.", functionId);
-	}
+	extractIntoClearedOutput([this]() { extract(); }, functionId);
 }
 
 
 void Extractor3DFromFieldBase::extract() {
 	FUNCID(Extractor3DFromFieldBase::extract);
 	DATAIO::DataIO & dataIO = *m_dataIOs.front();
-	const DATAIO::GeoFile * geometry = geoFile();
-	if (geometry == nullptr)
-		throw ZEB::Exception("Missing/invalid geometry data for DataIO container.", FUNC_ID);
-	const SpaceGrid & grid = m_fieldCut.rebuildGrid(dataIO, *geometry);
-	std::array<unsigned int, 3> fixedCells = { { 0, 0, 0 } };
-	for (unsigned int d = 0; d < grid.dimensionCount(); ++d)
-		if (isCutDimension(d))
-			fixedCells[d] = resolveSpaceIndex(d, grid.cellCount(d));
-	const std::vector<std::ptrdiff_t> columns = m_fieldCut.selectColumns(grid, fixedCells);
+	std::vector<std::ptrdiff_t> columns;
+	const SpaceGrid & grid = m_fieldCut.selectCutColumns(dataIO, geoFile(),
+		[this](unsigned int dimension, std::size_t cellCount) { return resolveSpaceIndex(dimension, cellCount); },
+		columns, FUNC_ID);
 	const std::size_t stride = dataIO.nValues();
 	const double nan = std::numeric_limits<double>::quiet_NaN();
 	m_values.m_unit = unitFromDataIO(dataIO.valueUnit(), FUNC_ID);

@@ -7,30 +7,6 @@
 
 namespace EM {
 
-namespace {
-
-/*! Copies data and converts the copy to the target unit (an empty vector or one already in the
-	target unit is copied unchanged); a failed conversion raises message with the function id.
-*/
-void convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result,
-				   const char * message, const char * functionId)
-{
-	result = source;
-	if (result.empty() || result.m_unit == target) {
-		result.m_unit = target;
-		return;
-	}
-	try {
-		result.convert(target);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, message, functionId);
-	}
-}
-
-} // namespace
-
-
 Extractor3DOutputBase::Extractor3DOutputBase(const std::vector<DATAIO::DataIO *> & dataIOs, CutType cutType,
 											 unsigned int xDimension, unsigned int yDimension) :
 	ExtractorBase(dataIOs, cutType),
@@ -83,13 +59,24 @@ void Extractor3DOutputBase::clearOutput() {
 
 void Extractor3DOutputBase::convertUnits() {
 	FUNCID(Extractor3DOutputBase::convertUnits);
+	// a failed conversion raises the message of the part that failed
+	const auto convert = [FUNC_ID](const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result,
+								   const char * message)
+	{
+		try {
+			convertedCopy(source, target, result);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, message, FUNC_ID);
+		}
+	};
 	try {
-		convertedCopy(m_x, targetXUnit(), m_xOutput,
-					  "Error converting x-unit: no valid unit conversion found between source and target units.\n", FUNC_ID);
-		convertedCopy(m_y, targetYUnit(), m_yOutput,
-					  "Error converting y-unit: no valid unit conversion found between source and target units.\n", FUNC_ID);
-		convertedCopy(m_values, targetValueUnit(), m_valuesOutput,
-					  "Error converting value unit: no valid unit conversion found between source and target units.\n", FUNC_ID);
+		convert(m_x, targetXUnit(), m_xOutput,
+				"Error converting x-unit: no valid unit conversion found between source and target units.\n");
+		convert(m_y, targetYUnit(), m_yOutput,
+				"Error converting y-unit: no valid unit conversion found between source and target units.\n");
+		convert(m_values, targetValueUnit(), m_valuesOutput,
+				"Error converting value unit: no valid unit conversion found between source and target units.\n");
 	}
 	catch (ZEB::Exception &) {
 		// no output half in target units

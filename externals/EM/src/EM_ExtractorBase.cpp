@@ -10,6 +10,7 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 #include <ZEB_UnitList.h>
+#include <ZEB_UnitVector.h>
 
 #include "EM_ManipulatorBase.h"
 
@@ -258,6 +259,27 @@ ZEB::Unit ExtractorBase::unitFromDataIO(const std::string & name, const char * f
 	if (data == nullptr)
 		throw ZEB::Exception(ZEB::MessageFormat("Unknown unit '%1' in DataIO container.").arg(name), functionId);
 	return ZEB::Unit(data->id());
+}
+
+
+void ExtractorBase::extractIntoClearedOutput(const std::function<void()> & extract, const char * functionId) {
+	clearOutput();
+	try {
+		extract();
+	}
+	catch (ZEB::Exception & ex) {
+		clearOutput();
+		throw ZEB::Exception(ex, "Error accessing data from DataIO.", functionId);
+	}
+}
+
+
+void ExtractorBase::convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result) {
+	result = source;
+	if (result.empty() || result.m_unit == target)
+		result.m_unit = target;
+	else
+		result.convert(target);
 }
 
 

@@ -2,6 +2,7 @@
 #define EM_ExtractorBaseH
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,6 +14,10 @@
 namespace DATAIO {
 class DataIO;
 class GeoFile;
+}
+
+namespace ZEB {
+class UnitVector;
 }
 
 namespace EM {
@@ -217,6 +222,17 @@ protected:
 		no known unit.
 	*/
 	static ZEB::Unit unitFromDataIO(const std::string & name, const char * functionId);
+
+	/*! The extraction frame of the output bases: clears the output and runs extract, which fills
+		the extracted data. A failure of extract clears the output again and is raised as "Error
+		accessing data from DataIO." with the given function id.
+	*/
+	void extractIntoClearedOutput(const std::function<void()> & extract, const char * functionId);
+	/*! Copies extracted data into result and converts the copy to the target unit; an empty
+		vector only takes the unit, and data already in the target unit are copied unchanged, bit
+		for bit. Throws ZEB::Exception when the units do not convert.
+	*/
+	static void convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result);
 
 	/*! The manipulators, applied in list order. */
 	std::vector<std::unique_ptr<ManipulatorBase> >	m_manipulators;

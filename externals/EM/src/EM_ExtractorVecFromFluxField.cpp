@@ -64,14 +64,7 @@ bool ExtractorVecFromFluxField::canUpdate() {
 
 void ExtractorVecFromFluxField::doUpdate() {
 	FUNCID(ExtractorVecFromFluxField::doUpdate);
-	clearOutput();
-	try {
-		extract();
-	}
-	catch (ZEB::Exception & ex) {
-		clearOutput();
-		throw ZEB::Exception(ex, "Error accessing data from DataIO.", FUNC_ID);
-	}
+	extractIntoClearedOutput([this]() { extract(); }, FUNC_ID);
 }
 
 

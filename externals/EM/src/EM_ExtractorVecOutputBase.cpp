@@ -7,22 +7,6 @@
 
 namespace EM {
 
-namespace {
-
-/*! Copies data and converts the copy to the target unit (an empty vector or one already in the
-	target unit is copied unchanged).
-*/
-void convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result) {
-	result = source;
-	if (result.empty() || result.m_unit == target)
-		result.m_unit = target;
-	else
-		result.convert(target);
-}
-
-} // namespace
-
-
 ExtractorVecOutputBase::ExtractorVecOutputBase(const std::vector<DATAIO::DataIO *> & dataIOs, CutType cutType) :
 	ExtractorBase(dataIOs, cutType)
 {

@@ -1,7 +1,12 @@
 #include "EM_FieldCut.h"
 
+#include <algorithm>
+
+#include <DATAIO_GeoFile.h>
+
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
 
 namespace EM {
 
@@ -94,6 +99,46 @@ std::vector<std::ptrdiff_t> FieldCut::selectColumns(const SpaceGrid & grid, cons
 			columns[slot] = static_cast<std::ptrdiff_t>(c);
 	}
 	return columns;
+}
+
+
+std::vector<double> FieldCut::cellCentres(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry,
+										  unsigned int dimension) const
+{
+	if (geometry == nullptr)
+		return std::vector<double>();
+	return grid(dataIO, *geometry).centres(dimension);
+}
+
+
+bool FieldCut::checkInput(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry, const char * formatMessage,
+						  const char * functionId) const
+{
+	if (dataIO.dataFormat() != m_format) {
+		ZEB::reportError(formatMessage, functionId);
+		return false;
+	}
+	if (geometry == nullptr || geometry->isEmpty()) {
+		ZEB::reportError("Missing/invalid geometry data for DataIO container.", functionId);
+		return false;
+	}
+	return true;
+}
+
+
+const SpaceGrid & FieldCut::selectCutColumns(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry,
+											 const std::function<unsigned int(unsigned int, std::size_t)> & selectedCell,
+											 std::vector<std::ptrdiff_t> & columns, const char * functionId) const
+{
+	if (geometry == nullptr)
+		throw ZEB::Exception("Missing/invalid geometry data for DataIO container.", functionId);
+	const SpaceGrid & spaceGrid = rebuildGrid(dataIO, *geometry);
+	std::array<unsigned int, 3> fixedCells = { { 0, 0, 0 } };
+	for (unsigned int d = 0; d < spaceGrid.dimensionCount(); ++d)
+		if (std::find(m_freeSpace.begin(), m_freeSpace.end(), d) == m_freeSpace.end())
+			fixedCells[d] = selectedCell(d, spaceGrid.cellCount(d));
+	columns = selectColumns(spaceGrid, fixedCells);
+	return spaceGrid;
 }
 
 } // namespace EM

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 #include <DATAIO_DataIO.h>
@@ -56,6 +57,29 @@ public:
 		dimension there is one output cell.
 	*/
 	std::vector<std::ptrdiff_t> selectColumns(const SpaceGrid & grid, const std::array<unsigned int, 3> & fixedCells) const;
+
+	// the steps that the field extractors share
+
+	/*! The cell centres (metres) along a space dimension of the container; none without
+		geometry. Throws ZEB::Exception when the geometry does not fit the container.
+	*/
+	std::vector<double> cellCentres(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry,
+									unsigned int dimension) const;
+	/*! Checks that the container has the cut's data format (else reports formatMessage) and that
+		there is a geometry with data; reports a failure with the given function id and returns
+		false then.
+	*/
+	bool checkInput(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry, const char * formatMessage,
+					const char * functionId) const;
+	/*! Builds the space grid of the container anew and selects the value columns of the output
+		cells (selectColumns()) in the cells that selectedCell(dimension, cellCount) gives for the
+		fixed space dimensions. Returns the grid. Throws ZEB::Exception; without geometry the
+		message is "Missing/invalid geometry data for DataIO container." with the given function
+		id.
+	*/
+	const SpaceGrid & selectCutColumns(const DATAIO::DataIO & dataIO, const DATAIO::GeoFile * geometry,
+									   const std::function<unsigned int(unsigned int, std::size_t)> & selectedCell,
+									   std::vector<std::ptrdiff_t> & columns, const char * functionId) const;
 
 private:
 	DATAIO::DataIO::DataFormat	m_format;

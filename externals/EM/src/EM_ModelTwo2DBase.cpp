@@ -220,6 +220,16 @@ void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & se
 }
 
 
+bool ModelTwo2DBase::gridResult(const TimeSeries & first, const TimeSeries & second, double step, ZEB::UnitVector & x,
+								ZEB::UnitVector & y, std::vector<double> & temperature, std::vector<double> & humidity) const
+{
+	unifiedData(first, second, x.m_data, temperature, humidity, step);
+	x.m_unit = timeUnit();
+	y.m_unit = valueUnit();
+	return !x.m_data.empty();
+}
+
+
 std::string ModelTwo2DBase::inputUnitsMessage(const TimeSeries & first, const TimeSeries & second) const {
 	return ZEB::MessageFormat("Expected a temperature and a relative humidity, but the value units of the data sets are '%1' and '%2'.")
 			.arg(first.m_valueUnit.name()).arg(second.m_valueUnit.name()).str();
@@ -260,10 +270,52 @@ double ModelTwo2DBase::parameterNumber(const std::string & value, const char * f
 }
 
 
+int ModelTwo2DBase::parameterInteger(const std::string & value, int minimum, int maximum, const char * rangeMessage,
+									 const char * functionId)
+{
+	int number = 0;
+	try {
+		number = ZEB::string2val<int>(value);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, rangeMessage, functionId);
+	}
+	if (number < minimum || number > maximum)
+		throw ZEB::Exception(rangeMessage, functionId);
+	return number;
+}
+
+
 std::string ModelTwo2DBase::numberText(double value) {
 	char buf[40];
 	std::snprintf(buf, sizeof(buf), "%.12g", value);
 	return buf;
+}
+
+
+void ModelTwo2DBase::readNumberParameters(const std::string & text, const std::vector<NumberParameter> & parameters,
+										  const char * functionId)
+{
+	for (const auto & kv : parameterPairs(text, "Invalid parameter string, eneven number of entries.", functionId)) {
+		double * target = nullptr;
+		for (const NumberParameter & p : parameters)
+			if (kv.first == p.first)
+				target = p.second;
+		if (target == nullptr)
+			throw ZEB::Exception("Invalid parameter string, unknown key.", functionId);
+		*target = parameterNumber(kv.second, functionId);
+	}
+}
+
+
+std::vector<ModelTwo2DBase::NumberParameter> ModelTwo2DBase::periodParameters(ModelPeriod & period) {
+	return { { "TSH", &period.m_timeShiftHours }, { "TSD", &period.m_startDay }, { "TED", &period.m_endDay } };
+}
+
+
+std::string ModelTwo2DBase::periodParameterText(const ModelPeriod & period) {
+	return "TSH " + numberText(period.m_timeShiftHours) + " TSD " + numberText(period.m_startDay)
+			+ " TED " + numberText(period.m_endDay);
 }
 
 

@@ -7,6 +7,7 @@
 
 #include <ZEB_Unit.h>
 
+#include "EM_ModelPeriod.h"
 #include "EM_TimeSeries.h"
 
 namespace DATAIO {
@@ -95,6 +96,14 @@ protected:
 	void unifiedData(const TimeSeries & first, const TimeSeries & second, std::vector<double> & grid,
 					 std::vector<double> & temperature, std::vector<double> & humidity, double step) const;
 
+	/*! The start of compute() for models with one result value per point of the common grid:
+		resamples the inputs onto the grid with the given step (unifiedData()), makes the grid
+		the result's x values and gives x the time unit and y the value unit. Returns false for
+		an empty grid.
+	*/
+	bool gridResult(const TimeSeries & first, const TimeSeries & second, double step, ZEB::UnitVector & x,
+					ZEB::UnitVector & y, std::vector<double> & temperature, std::vector<double> & humidity) const;
+
 	/*! The message raised when the value units of the inputs are not one temperature and one
 		relative humidity.
 	*/
@@ -109,8 +118,28 @@ protected:
 		point number." with the given function id otherwise.
 	*/
 	static double parameterNumber(const std::string & value, const char * functionId);
+	/*! Reads a whole-number parameter from minimum to maximum; throws rangeMessage with the given
+		function id otherwise.
+	*/
+	static int parameterInteger(const std::string & value, int minimum, int maximum, const char * rangeMessage,
+								const char * functionId);
 	/*! A number in general format with 12 significant digits, for parameter texts. */
 	static std::string numberText(double value);
+
+	/*! A number parameter: its key and the number it sets. */
+	typedef std::pair<const char *, double *> NumberParameter;
+	/*! Sets the numbers of a parameter text (key/value pairs) by their keys. Throws, with the
+		given function id, "Invalid parameter string, eneven number of entries." for an odd number
+		of pieces, "Invalid parameter string, unknown key." for a key that is not among them, and
+		as parameterNumber() for a bad number; numbers read before a fault keep their new values,
+		so the models read into copies.
+	*/
+	static void readNumberParameters(const std::string & text, const std::vector<NumberParameter> & parameters,
+									 const char * functionId);
+	/*! The number parameters of a period: TSH, TSD and TED. */
+	static std::vector<NumberParameter> periodParameters(ModelPeriod & period);
+	/*! The period parameters as text, "TSH <shift> TSD <first day> TED <last day>". */
+	static std::string periodParameterText(const ModelPeriod & period);
 	/*! Replaces each value by the mean of the last window values up to and including it (fewer
 		at the start of the series). A window of 1 or less leaves the values unchanged.
 	*/

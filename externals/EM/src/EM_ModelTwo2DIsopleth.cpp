@@ -58,8 +58,7 @@ ZEB::Unit ModelTwo2DIsopleth::valueUnit() const {
 
 
 std::string ModelTwo2DIsopleth::parameter() const {
-	return "TSH " + numberText(m_period.m_timeShiftHours) + " TSD " + numberText(m_period.m_startDay)
-			+ " TED " + numberText(m_period.m_endDay) + " TAH " + numberText(m_averagingHours);
+	return periodParameterText(m_period) + " TAH " + numberText(m_averagingHours);
 }
 
 
@@ -67,16 +66,9 @@ void ModelTwo2DIsopleth::setFromParameter(const std::string & text) {
 	FUNCID(ModelTwo2DIsopleth::setFromParameter);
 	ModelPeriod period = m_period;
 	double averaging = m_averagingHours;
-	for (const auto & kv : parameterPairs(text, "Invalid parameter string, eneven number of entries.", FUNC_ID)) {
-		double * target = nullptr;
-		if (kv.first == "TSH")		target = &period.m_timeShiftHours;
-		else if (kv.first == "TSD")	target = &period.m_startDay;
-		else if (kv.first == "TED")	target = &period.m_endDay;
-		else if (kv.first == "TAH")	target = &averaging;
-		else
-			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
-		*target = parameterNumber(kv.second, FUNC_ID);
-	}
+	std::vector<NumberParameter> parameters = periodParameters(period);
+	parameters.emplace_back("TAH", &averaging);
+	readNumberParameters(text, parameters, FUNC_ID);
 	m_period = period;
 	m_averagingHours = averaging;
 }

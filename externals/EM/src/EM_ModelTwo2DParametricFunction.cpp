@@ -25,9 +25,7 @@ ZEB::Unit ModelTwo2DParametricFunction::valueUnit() const {
 
 
 std::string ModelTwo2DParametricFunction::parameter() const {
-	return "TSH " + numberText(m_period.m_timeShiftHours) + " TSD " + numberText(m_period.m_startDay)
-			+ " TED " + numberText(m_period.m_endDay) + " TAH " + numberText(m_averagingHours)
-			+ " TH " + numberText(m_threshold);
+	return periodParameterText(m_period) + " TAH " + numberText(m_averagingHours) + " TH " + numberText(m_threshold);
 }
 
 
@@ -36,17 +34,10 @@ void ModelTwo2DParametricFunction::setFromParameter(const std::string & text) {
 	ModelPeriod period = m_period;
 	double averaging = m_averagingHours;
 	double threshold = m_threshold;
-	for (const auto & kv : parameterPairs(text, "Invalid parameter string, eneven number of entries.", FUNC_ID)) {
-		double * target = nullptr;
-		if (kv.first == "TSH")		target = &period.m_timeShiftHours;
-		else if (kv.first == "TSD")	target = &period.m_startDay;
-		else if (kv.first == "TED")	target = &period.m_endDay;
-		else if (kv.first == "TAH")	target = &averaging;
-		else if (kv.first == "TH")	target = &threshold;
-		else
-			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
-		*target = parameterNumber(kv.second, FUNC_ID);
-	}
+	std::vector<NumberParameter> parameters = periodParameters(period);
+	parameters.emplace_back("TAH", &averaging);
+	parameters.emplace_back("TH", &threshold);
+	readNumberParameters(text, parameters, FUNC_ID);
 	m_period = period;
 	m_averagingHours = averaging;
 	m_threshold = threshold;

@@ -5,7 +5,6 @@
 
 #include <ZEB_Exception.h>
 #include <ZEB_Math.h>
-#include <ZEB_StringUtils.h>
 #include <ZEB_UnitVector.h>
 
 namespace EM {
@@ -75,16 +74,7 @@ void ModelTwo2DViitanenMould::setFromParameter(const std::string & text) {
 		else if (kv.first == "DC")	target = &dc;
 		else
 			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
-		int value = 0;
-		try {
-			value = ZEB::string2val<int>(kv.second);
-		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Invalid parameter, expected int number between 1 and 4.", FUNC_ID);
-		}
-		if (value < 1 || value > 4)
-			throw ZEB::Exception("Invalid parameter, expected int number between 1 and 4.", FUNC_ID);
-		*target = value;
+		*target = parameterInteger(kv.second, 1, 4, "Invalid parameter, expected int number between 1 and 4.", FUNC_ID);
 	}
 	m_materialClass = mc;
 	m_sensitivityClass = sc;
@@ -169,14 +159,9 @@ void ModelTwo2DViitanenMould::mouldIndex(const std::vector<double> & T, const st
 
 
 void ModelTwo2DViitanenMould::compute(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
-	std::vector<double> grid, T, RH;
-	unifiedData(first, second, grid, T, RH, 1.0/24);
-	x.m_unit = timeUnit();
-	y.m_unit = valueUnit();
-	if (grid.empty())
-		return;
-	mouldIndex(T, RH, y.m_data);
-	x.m_data.swap(grid);
+	std::vector<double> T, RH;
+	if (gridResult(first, second, 1.0/24, x, y, T, RH))
+		mouldIndex(T, RH, y.m_data);
 }
 
 } // namespace EM

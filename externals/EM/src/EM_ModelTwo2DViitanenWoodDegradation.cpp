@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include <ZEB_Exception.h>
-#include <ZEB_StringUtils.h>
 #include <ZEB_UnitVector.h>
 
 namespace EM {
@@ -46,16 +45,7 @@ void ModelTwo2DViitanenWoodDegradation::setFromParameter(const std::string & tex
 		else if (kv.first == "IA")	target = &ia;
 		else
 			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
-		int value = -1;
-		try {
-			value = ZEB::string2val<int>(kv.second);
-		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Invalid parameter, expected int number of 0 or 1.", FUNC_ID);
-		}
-		if (value != 0 && value != 1)
-			throw ZEB::Exception("Invalid parameter, expected int number of 0 or 1.", FUNC_ID);
-		*target = value == 1;
+		*target = parameterInteger(kv.second, 0, 1, "Invalid parameter, expected int number of 0 or 1.", FUNC_ID) == 1;
 	}
 	m_activationConsidered = ac;
 	m_initiallyActivated = ia;
@@ -102,14 +92,9 @@ void ModelTwo2DViitanenWoodDegradation::massLoss(const std::vector<double> & t, 
 
 
 void ModelTwo2DViitanenWoodDegradation::compute(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
-	std::vector<double> grid, T, RH;
-	unifiedData(first, second, grid, T, RH, 1.0/24);
-	x.m_unit = timeUnit();
-	y.m_unit = valueUnit();
-	if (grid.empty())
-		return;
-	massLoss(grid, T, RH, y.m_data);
-	x.m_data.swap(grid);
+	std::vector<double> T, RH;
+	if (gridResult(first, second, 1.0/24, x, y, T, RH))
+		massLoss(x.m_data, T, RH, y.m_data);
 }
 
 } // namespace EM

@@ -33,23 +33,14 @@ ZEB::Unit ModelTwo2DWTAWoodDegradation::valueUnit() const {
 
 
 std::string ModelTwo2DWTAWoodDegradation::parameter() const {
-	return "TSH " + numberText(m_period.m_timeShiftHours) + " TSD " + numberText(m_period.m_startDay)
-			+ " TED " + numberText(m_period.m_endDay);
+	return periodParameterText(m_period);
 }
 
 
 void ModelTwo2DWTAWoodDegradation::setFromParameter(const std::string & text) {
 	FUNCID(ModelTwo2DWTAWoodDegradation::setFromParameter);
 	ModelPeriod period = m_period;
-	for (const auto & kv : parameterPairs(text, "Invalid parameter string, eneven number of entries.", FUNC_ID)) {
-		double * target = nullptr;
-		if (kv.first == "TSH")		target = &period.m_timeShiftHours;
-		else if (kv.first == "TSD")	target = &period.m_startDay;
-		else if (kv.first == "TED")	target = &period.m_endDay;
-		else
-			throw ZEB::Exception("Invalid parameter string, unknown key.", FUNC_ID);
-		*target = parameterNumber(kv.second, FUNC_ID);
-	}
+	readNumberParameters(text, periodParameters(period), FUNC_ID);
 	m_period = period;
 }
 

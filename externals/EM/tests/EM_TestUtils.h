@@ -1,31 +1,19 @@
 #ifndef EM_TestUtilsH
 #define EM_TestUtilsH
 
-#include <gtest/gtest.h>
-
-#include <string>
 #include <vector>
 
-#include <ZEB_Exception.h>
 #include <ZEB_Unit.h>
 
 #include <EM_TimeSeries.h>
 
+#include "../../ZEB/tests/ZEB_TestSupport.h"
+
 namespace EMTest {
 
-/*! Runs f and checks that it throws a ZEB::Exception whose newest record is msg from where. */
-template <typename F>
-void expectError(F f, const std::string & msg, const std::string & where) {
-	try {
-		f();
-		ADD_FAILURE() << "no exception, expected: " << where << " " << msg;
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(std::string(ex.what()), msg);
-		ASSERT_FALSE(ex.messages().empty());
-		EXPECT_EQ(ex.messages().back().m_where, where);
-	}
-}
+/*! The exception check of the ZEB tests: f throws a ZEB::Exception whose newest record is msg
+	from where. */
+using ::expectError;
 
 /*! A series of n points t0, t0 + step, ... with constant value, in the given units. */
 inline EM::TimeSeries constantSeries(std::size_t n, double value, const char * valueUnit,

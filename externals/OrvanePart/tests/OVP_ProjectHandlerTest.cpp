@@ -21,22 +21,6 @@
 
 using namespace OVPTest;
 
-namespace {
-
-/*! The function id and text of the exception thrown by f (empty when none is thrown). */
-template <typename F>
-std::pair<std::string, std::string> thrown(F f) {
-	try {
-		f();
-	}
-	catch (ZEB::Exception & ex) {
-		return { ex.messages().back().m_where, ex.what() };
-	}
-	return {};
-}
-
-} // namespace
-
 
 TEST(OVPProjectHandler, SingleInstance) {
 	const auto before = thrown([]() { OVP::ProjectHandler::instance(); });

@@ -7,6 +7,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QString>
@@ -71,6 +72,18 @@ public:
 QString scratchDir(const QString & name);
 /*! A fresh, empty directory named after the running test (suite and name). */
 QString testScratchDir();
+
+/*! The function id and text of the exception thrown by f (empty when none is thrown). */
+template <typename F>
+std::pair<std::string, std::string> thrown(F f) {
+	try {
+		f();
+	}
+	catch (ZEB::Exception & ex) {
+		return { ex.messages().back().m_where, ex.what() };
+	}
+	return {};
+}
 
 /*! True when the exception chain holds a message with this text (and origin, when given). */
 bool hasMessage(const ZEB::Exception & ex, const std::string & text, const std::string & where = std::string());

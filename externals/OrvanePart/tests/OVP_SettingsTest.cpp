@@ -1,13 +1,13 @@
-#include <gtest/gtest.h>
+#include "OVP_ProjectTestUtils.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLocale>
 #include <QSettings>
 
-#include <ZEB_Exception.h>
-
 #include <OVP_Settings.h>
+
+using OVPTest::thrown;
 
 namespace {
 
@@ -20,18 +20,6 @@ QString iniFile(const QString & name) {
 	const QString path = QDir(base).filePath(name + ".ini");
 	QFile::remove(path);
 	return path;
-}
-
-/*! The function id and text of the exception thrown by f (empty when none is thrown). */
-template <typename F>
-std::pair<std::string, std::string> thrown(F f) {
-	try {
-		f();
-	}
-	catch (ZEB::Exception & ex) {
-		return { ex.messages().back().m_where, ex.what() };
-	}
-	return {};
 }
 
 } // namespace

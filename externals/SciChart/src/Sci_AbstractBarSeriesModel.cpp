@@ -1,8 +1,6 @@
 #include "Sci_AbstractBarSeriesModel.h"
 
 #include <ZEB_Exception.h>
-#include <ZEB_MessageFormat.h>
-#include <ZEB_MessageHandler.h>
 
 #include "Sci_VariantConversion.h"
 
@@ -32,25 +30,18 @@ bool AbstractBarSeriesModel::setSeriesData(const QVariant & value, int seriesInd
 	FUNCID(AbstractBarSeriesModel::setSeriesData);
 	typedef VariantConversion VC;
 	Q_ASSERT(seriesIndex >= 0 && seriesIndex < static_cast<int>(seriesCount()));
-	if (seriesIndex < 0 || seriesIndex >= static_cast<int>(seriesCount())) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid series index #%1.").arg(seriesIndex).str(), FUNC_ID);
-		return false;
-	}
+	if (seriesIndex < 0 || seriesIndex >= static_cast<int>(seriesCount()))
+		return rejectSeriesIndex(seriesIndex, FUNC_ID);
 	BarSymbolInfo b = barSymbolInfo(seriesIndex);
 	bool ok = false;
 	switch (role) {
 		case BarTitleText :	ok = VC::convert(value, b.m_titleText); break;
 		case BarColor :		ok = VC::convert(value, b.m_color); break;
 		case BarFramePen :	ok = VC::convert(value, b.m_framePen); break;
-		default :
-			ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-			return false;
+		default :			return rejectRole(role, FUNC_ID);
 	}
-	if (!ok) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
+	if (!ok)
+		return rejectValue(value, role, FUNC_ID);
 	while (m_barSymbols.size() <= seriesIndex)
 		m_barSymbols.append(BarSymbolInfo(m_barSymbols.size()));
 	m_barSymbols[seriesIndex] = b;

@@ -1,7 +1,5 @@
 #include "Sci_AbstractCartesianChartModel.h"
 
-#include <exception>
-
 #include <tinyxml.h>
 
 #include <ZEB_Exception.h>
@@ -72,9 +70,7 @@ bool AbstractCartesianChartModel::setAxisData(const QVariant & value, int axisPo
 	bool ok = false;
 	switch (role) {
 		case AxisEnabled :			ok = VC::convert(value, a.m_enabled); break;
-		case AxisTitle :
-			ZEB::reportError(ZEB::MessageFormat("Data role #%1 is read-only.").arg(role).str(), FUNC_ID);
-			return false;
+		case AxisTitle :			return rejectReadOnlyRole(role, FUNC_ID);
 		case AxisTitleText :		ok = VC::convert(value, a.m_titleText); break;
 		case AxisMaximum :			ok = VC::convert(value, a.m_maximum); break;
 		case AxisMinimum :			ok = VC::convert(value, a.m_minimum); break;
@@ -130,15 +126,10 @@ bool AbstractCartesianChartModel::setAxisData(const QVariant & value, int axisPo
 				a.m_dateTimeSpec = timeSpec;
 		} break;
 		case AxisDateTimeFormats :	ok = VC::convert(value, a.m_dateTimeFormats); break;
-		default :
-			ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-			return false;
+		default :					return rejectRole(role, FUNC_ID);
 	}
-	if (!ok) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
+	if (!ok)
+		return rejectValue(value, role, FUNC_ID);
 	emit axisChanged(axisPosition, role);
 	return true;
 }
@@ -146,34 +137,25 @@ bool AbstractCartesianChartModel::setAxisData(const QVariant & value, int axisPo
 
 void AbstractCartesianChartModel::readXML(const TiXmlElement * element) {
 	FUNCID(AbstractCartesianChartModel::readXML);
-	const TiXmlElement * axesElement = element->FirstChildElement("AxisProperties");
-	if (axesElement != nullptr) {
-		try {
-			// read into copies, so that a corrupt element leaves the axes untouched
-			AxisProperties axes[NUM_AXES];
-			for (int i = 0; i < NUM_AXES; ++i)
-				axes[i] = m_axes[i];
-			for (const TiXmlElement * e = axesElement->FirstChildElement("Axis"); e != nullptr;
-				 e = e->NextSiblingElement("Axis"))
-			{
-				const char * indexText = e->Attribute("index");
-				if (indexText == nullptr)
-					throw ZEB::Exception("Expected 'index' attribute in Series.", FUNC_ID);
-				const int index = XMLValueReader::parseInt(indexText, "attribute 'index' of element 'Axis'");
-				if (index < 0 || index >= NUM_AXES)
-					throw ZEB::Exception(ZEB::MessageFormat("Axis index %1 out of range 0..2.").arg(index), FUNC_ID);
-				axes[index].readXML(e);
-			}
-			for (int i = 0; i < NUM_AXES; ++i)
-				m_axes[i] = axes[i];
+	readChildXML(element, "AxisProperties", [this, FUNC_ID](const TiXmlElement * axesElement) {
+		// read into copies, so that a corrupt element leaves the axes untouched
+		AxisProperties axes[NUM_AXES];
+		for (int i = 0; i < NUM_AXES; ++i)
+			axes[i] = m_axes[i];
+		for (const TiXmlElement * e = axesElement->FirstChildElement("Axis"); e != nullptr;
+			 e = e->NextSiblingElement("Axis"))
+		{
+			const char * indexText = e->Attribute("index");
+			if (indexText == nullptr)
+				throw ZEB::Exception("Expected 'index' attribute in Series.", FUNC_ID);
+			const int index = XMLValueReader::parseInt(indexText, "attribute 'index' of element 'Axis'");
+			if (index < 0 || index >= NUM_AXES)
+				throw ZEB::Exception(ZEB::MessageFormat("Axis index %1 out of range 0..2.").arg(index), FUNC_ID);
+			axes[index].readXML(e);
 		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart series.", FUNC_ID);
-		}
-		catch (std::exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart series.", FUNC_ID);
-		}
-	}
+		for (int i = 0; i < NUM_AXES; ++i)
+			m_axes[i] = axes[i];
+	}, "Error reading chart series.", FUNC_ID);
 	AbstractChartModel::readXML(element);
 }
 
@@ -184,6 +166,14 @@ void AbstractCartesianChartModel::writeXML(TiXmlElement * parent) const {
 	for (int i = 0; i < NUM_AXES; ++i)
 		m_axes[i].writeXML(e, i, writeAll());
 	AbstractChartModel::writeXML(parent);
+}
+
+
+void AbstractCartesianChartModel::announceColorMappedChange(int role, bool colorBarSwitched) {
+	if (seriesCount() > 0)
+		emit seriesViewChanged(0, 0, role);
+	if (colorBarSwitched)
+		emit axisChanged(RightAxis, AxisEnabled);
 }
 
 } // namespace SCI

@@ -77,6 +77,14 @@ public:
 		return m_axes[axisPosition];
 	}
 
+protected:
+	/*! Announces a changed display property of the one series of a chart drawn through a colour
+		map (colour grid, vector field): seriesViewChanged(0, 0, role) when the model holds the
+		series, and axisChanged(RightAxis, AxisEnabled) when colorBarSwitched, as the colour bar
+		takes the place of the right axis.
+	*/
+	void announceColorMappedChange(int role, bool colorBarSwitched);
+
 private:
 	AxisProperties	m_axes[NUM_AXES];
 };

@@ -59,9 +59,7 @@ bool AbstractChartModel::setChartData(const QVariant & value, int role) {
 	switch (role) {
 		case TitleText :					res = VC::assign(p.m_titleText, value); break;
 		case TitleFont :					res = VC::assign(p.m_titleFont, value); break;
-		case Title :
-			ZEB::reportError(ZEB::MessageFormat("Data role #%1 is read-only.").arg(role).str(), FUNC_ID);
-			return false;
+		case Title :						return rejectReadOnlyRole(role, FUNC_ID);
 		case LegendVisible :				res = VC::assign(p.m_legendVisible, value); break;
 		case LegendPosition : {
 			int pos = 0;
@@ -86,15 +84,10 @@ bool AbstractChartModel::setChartData(const QVariant & value, int role) {
 		case DataReduction :				res = VC::assign(p.m_dataReduction, value); break;
 		case ShowCurrentTimePosition :		res = VC::assign(p.m_showCurrentTimePosition, value); break;
 		case CurrentTimePosition :			res = VC::assign(p.m_currentTimePosition, value); break;
-		default :
-			ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-			return false;
+		default :							return rejectRole(role, FUNC_ID);
 	}
-	if (res == VC::Invalid) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
+	if (res == VC::Invalid)
+		return rejectValue(value, role, FUNC_ID);
 	if (res == VC::Changed)
 		emit chartChanged(role);
 	return true;
@@ -104,24 +97,12 @@ bool AbstractChartModel::setChartData(const QVariant & value, int role) {
 void AbstractChartModel::readXML(const TiXmlElement * element) {
 	FUNCID(AbstractChartModel::readXML);
 	beginResetModel();
-	const TiXmlElement * e = element->FirstChildElement("ChartProperties");
-	if (e == nullptr) {
-		endResetModel();
-		return;
-	}
 	try {
-		// read into a copy, so that a corrupt element leaves the properties untouched
-		ChartProperties props(m_chartProperties);
-		props.readXML(e);
-		m_chartProperties = props;
+		readPropertiesXML(element, "ChartProperties", m_chartProperties, FUNC_ID);
 	}
-	catch (ZEB::Exception & ex) {
+	catch (ZEB::Exception &) {
 		endResetModel();
-		throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
-	}
-	catch (std::exception & ex) {
-		endResetModel();
-		throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
+		throw;
 	}
 	endResetModel();
 }
@@ -198,6 +179,50 @@ void AbstractChartModel::beginChangeModel() {
 
 void AbstractChartModel::endChangeModel() {
 	emit modelChanged();
+}
+
+
+bool AbstractChartModel::rejectRole(int role, const char * functionId) {
+	ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), functionId);
+	return false;
+}
+
+
+bool AbstractChartModel::rejectReadOnlyRole(int role, const char * functionId) {
+	ZEB::reportError(ZEB::MessageFormat("Data role #%1 is read-only.").arg(role).str(), functionId);
+	return false;
+}
+
+
+bool AbstractChartModel::rejectValue(const QVariant & value, int role, const char * functionId) {
+	ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
+					 .arg(value.toString().toStdString()).arg(role).str(), functionId);
+	return false;
+}
+
+
+bool AbstractChartModel::rejectSeriesIndex(int seriesIndex, const char * functionId) {
+	ZEB::reportError(ZEB::MessageFormat("Invalid series index #%1.").arg(seriesIndex).str(), functionId);
+	return false;
+}
+
+
+void AbstractChartModel::readChildXML(const TiXmlElement * element, const char * name,
+									  const std::function<void(const TiXmlElement *)> & read,
+									  const char * errorText, const char * functionId)
+{
+	const TiXmlElement * e = element->FirstChildElement(name);
+	if (e == nullptr)
+		return;
+	try {
+		read(e);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, errorText, functionId);
+	}
+	catch (std::exception & ex) {
+		throw ZEB::Exception(ex, errorText, functionId);
+	}
 }
 
 

@@ -1,6 +1,8 @@
 #ifndef Sci_AbstractChartModelH
 #define Sci_AbstractChartModelH
 
+#include <functional>
+
 #include <QObject>
 #include <QPair>
 #include <QVariant>
@@ -122,6 +124,37 @@ signals:
 	void modelChanged();
 
 protected:
+	/*! Each reports why a setter refuses a value and returns false, for the setter to return:
+		an unknown role, a read-only role, a value that does not convert to the role's type and a
+		series index out of range. functionId is the setter's function id.
+	*/
+	static bool rejectRole(int role, const char * functionId);
+	static bool rejectReadOnlyRole(int role, const char * functionId);
+	static bool rejectValue(const QVariant & value, int role, const char * functionId);
+	static bool rejectSeriesIndex(int seriesIndex, const char * functionId);
+
+	/*! Reads the child element name of element with read; a missing element is not read. A
+		ZEB::Exception or standard exception of read is raised again as errorText, chained to
+		it, from functionId.
+	*/
+	static void readChildXML(const TiXmlElement * element, const char * name,
+							 const std::function<void(const TiXmlElement *)> & read,
+							 const char * errorText, const char * functionId);
+	/*! Reads the child element name of element into a record of display properties (a class
+		with readXML(const TiXmlElement *)) through a copy, so that a corrupt element leaves the
+		record untouched. Errors are raised as "Error reading chart settings." (readChildXML()).
+	*/
+	template <class Properties>
+	static void readPropertiesXML(const TiXmlElement * element, const char * name, Properties & properties,
+								  const char * functionId)
+	{
+		readChildXML(element, name, [&properties](const TiXmlElement * e) {
+			Properties copy(properties);
+			copy.readXML(e);
+			properties = copy;
+		}, "Error reading chart settings.", functionId);
+	}
+
 	/*! Series range of an open insertion bracket, (-1, -1) when none is open. */
 	QPair<int, int> pendingInsertion() const { return m_insertion; }
 	/*! Series range of an open removal bracket, (-1, -1) when none is open. */

@@ -1,14 +1,8 @@
 #include "Sci_AbstractColorGridSeriesModel.h"
 
-#include <exception>
-
 #include <QSize>
 
-#include <tinyxml.h>
-
 #include <ZEB_Exception.h>
-#include <ZEB_MessageFormat.h>
-#include <ZEB_MessageHandler.h>
 
 #include "Sci_ArrayTools.h"
 #include "Sci_VariantConversion.h"
@@ -61,10 +55,8 @@ QVariant AbstractColorGridSeriesModel::seriesData(int seriesIndex, int role) con
 bool AbstractColorGridSeriesModel::setSeriesData(const QVariant & value, int seriesIndex, int role) {
 	FUNCID(AbstractColorGridSeriesModel::setSeriesData);
 	typedef VariantConversion VC;
-	if (seriesIndex < 0 || seriesIndex > 1) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid series index #%1.").arg(seriesIndex).str(), FUNC_ID);
-		return false;
-	}
+	if (seriesIndex < 0 || seriesIndex > 1)
+		return rejectSeriesIndex(seriesIndex, FUNC_ID);
 	ColorGridProperties & p = m_properties;
 	int announcedRole = role;
 	bool ok = false;
@@ -88,39 +80,18 @@ bool AbstractColorGridSeriesModel::setSeriesData(const QVariant & value, int ser
 		case ColorGridContourIntervalColor :	ok = VC::convert(value, p.m_contourIntervalColor); break;
 		case ColorGridContourInterval :			ok = VC::convert(value, p.m_contourInterval); break;
 		case ColorGridContourPen :				ok = VC::convert(value, p.m_contourPen); break;
-		default :
-			ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-			return false;
+		default :								return rejectRole(role, FUNC_ID);
 	}
-	if (!ok) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
-	if (seriesCount() > 0)
-		emit seriesViewChanged(0, 0, announcedRole);
-	if (role == ColorGridColorBarVisible)
-		emit axisChanged(RightAxis, AxisEnabled);
+	if (!ok)
+		return rejectValue(value, role, FUNC_ID);
+	announceColorMappedChange(announcedRole, role == ColorGridColorBarVisible);
 	return true;
 }
 
 
 void AbstractColorGridSeriesModel::readXML(const TiXmlElement * element) {
 	FUNCID(AbstractColorGridSeriesModel::readXML);
-	const TiXmlElement * e = element->FirstChildElement("ColorGridProperties");
-	if (e != nullptr) {
-		try {
-			ColorGridProperties props(m_properties);
-			props.readXML(e);
-			m_properties = props;
-		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
-		}
-		catch (std::exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
-		}
-	}
+	readPropertiesXML(element, "ColorGridProperties", m_properties, FUNC_ID);
 	AbstractCartesianChartModel::readXML(element);
 }
 

@@ -1,12 +1,10 @@
 #include "Sci_AbstractLineSeriesModel.h"
 
-#include <exception>
+#include <algorithm>
 
 #include <tinyxml.h>
 
 #include <ZEB_Exception.h>
-#include <ZEB_MessageFormat.h>
-#include <ZEB_MessageHandler.h>
 
 #include "Sci_VariantConversion.h"
 
@@ -47,18 +45,12 @@ bool AbstractLineSeriesModel::setSeriesData(const QVariant & value, int seriesIn
 	FUNCID(AbstractLineSeriesModel::setSeriesData);
 	typedef VariantConversion VC;
 	Q_ASSERT(seriesIndex >= 0 && seriesIndex < static_cast<int>(seriesCount()));
-	if (seriesIndex < 0 || seriesIndex >= static_cast<int>(seriesCount())) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid series index #%1.").arg(seriesIndex).str(), FUNC_ID);
-		return false;
-	}
-	if (role == SeriesTitle) {
-		ZEB::reportError(ZEB::MessageFormat("Data role #%1 is read-only.").arg(role).str(), FUNC_ID);
-		return false;
-	}
-	if (role < SeriesTitleText || role >= NUM_SDR) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-		return false;
-	}
+	if (seriesIndex < 0 || seriesIndex >= static_cast<int>(seriesCount()))
+		return rejectSeriesIndex(seriesIndex, FUNC_ID);
+	if (role == SeriesTitle)
+		return rejectReadOnlyRole(role, FUNC_ID);
+	if (role < SeriesTitleText || role >= NUM_SDR)
+		return rejectRole(role, FUNC_ID);
 	// convert into a copy; the record is only created/changed for valid values
 	LineProperties p = lineProperties(seriesIndex);
 	bool ok = false;
@@ -88,11 +80,8 @@ bool AbstractLineSeriesModel::setSeriesData(const QVariant & value, int seriesIn
 		case SeriesMarkerColor :	ok = VC::convert(value, p.m_markerColor); break;
 		default : break;
 	}
-	if (!ok) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
+	if (!ok)
+		return rejectValue(value, role, FUNC_ID);
 	record(seriesIndex) = p;
 	emit seriesViewChanged(seriesIndex, seriesIndex, role);
 	return true;
@@ -101,28 +90,19 @@ bool AbstractLineSeriesModel::setSeriesData(const QVariant & value, int seriesIn
 
 void AbstractLineSeriesModel::readXML(const TiXmlElement * element) {
 	FUNCID(AbstractLineSeriesModel::readXML);
-	const TiXmlElement * seriesElement = element->FirstChildElement("SeriesProperties");
-	if (seriesElement != nullptr) {
-		try {
-			QVector<LineProperties> records;
-			for (const TiXmlElement * e = seriesElement->FirstChildElement("Series"); e != nullptr;
-				 e = e->NextSiblingElement("Series"))
-			{
-				LineProperties p;
-				p.readXML(e);
-				records.append(p);
-			}
-			if (m_lineProperties.size() < records.size())
-				m_lineProperties.resize(records.size());
-			std::copy(records.begin(), records.end(), m_lineProperties.begin());
+	readChildXML(element, "SeriesProperties", [this](const TiXmlElement * seriesElement) {
+		QVector<LineProperties> records;
+		for (const TiXmlElement * e = seriesElement->FirstChildElement("Series"); e != nullptr;
+			 e = e->NextSiblingElement("Series"))
+		{
+			LineProperties p;
+			p.readXML(e);
+			records.append(p);
 		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart series.", FUNC_ID);
-		}
-		catch (std::exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart series.", FUNC_ID);
-		}
-	}
+		if (m_lineProperties.size() < records.size())
+			m_lineProperties.resize(records.size());
+		std::copy(records.begin(), records.end(), m_lineProperties.begin());
+	}, "Error reading chart series.", FUNC_ID);
 	AbstractCartesianChartModel::readXML(element);
 }
 

@@ -1,13 +1,8 @@
 #include "Sci_AbstractVectorFieldSeriesModel.h"
 
 #include <cmath>
-#include <exception>
-
-#include <tinyxml.h>
 
 #include <ZEB_Exception.h>
-#include <ZEB_MessageFormat.h>
-#include <ZEB_MessageHandler.h>
 
 #include "Sci_ArrayTools.h"
 #include "Sci_VariantConversion.h"
@@ -61,10 +56,8 @@ bool AbstractVectorFieldSeriesModel::setSeriesData(const QVariant & value, int s
 	// messages of this model are tagged after its XML element VectorPlotProperties
 	FUNCID(AbstractVectorPlotSeriesModel::setSeriesData);
 	typedef VariantConversion VC;
-	if (seriesIndex < 0 || seriesIndex > 1) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid series index #%1.").arg(seriesIndex).str(), FUNC_ID);
-		return false;
-	}
+	if (seriesIndex < 0 || seriesIndex > 1)
+		return rejectSeriesIndex(seriesIndex, FUNC_ID);
 	VectorFieldProperties & p = m_properties;
 	bool ok = false;
 	switch (role) {
@@ -87,39 +80,18 @@ bool AbstractVectorFieldSeriesModel::setSeriesData(const QVariant & value, int s
 		case VectorFieldMaximumArrowLength :	ok = VC::convert(value, p.m_maximumArrowLength); break;
 		case VectorFieldMinimumArrowLength :	ok = VC::convert(value, p.m_minimumArrowLength); break;
 		case VectorFieldArrowScaleFactor :		ok = VC::convert(value, p.m_arrowScaleFactor); break;
-		default :
-			ZEB::reportError(ZEB::MessageFormat("Invalid data role #%1.").arg(role).str(), FUNC_ID);
-			return false;
+		default :								return rejectRole(role, FUNC_ID);
 	}
-	if (!ok) {
-		ZEB::reportError(ZEB::MessageFormat("Invalid value '%1' for data role #%2.")
-						 .arg(value.toString().toStdString()).arg(role).str(), FUNC_ID);
-		return false;
-	}
-	if (seriesCount() > 0)
-		emit seriesViewChanged(0, 0, role);
-	if (role == VectorFieldColorBar)
-		emit axisChanged(RightAxis, AxisEnabled);
+	if (!ok)
+		return rejectValue(value, role, FUNC_ID);
+	announceColorMappedChange(role, role == VectorFieldColorBar);
 	return true;
 }
 
 
 void AbstractVectorFieldSeriesModel::readXML(const TiXmlElement * element) {
 	FUNCID(AbstractVectorPlotSeriesModel::readXML);
-	const TiXmlElement * e = element->FirstChildElement("VectorPlotProperties");
-	if (e != nullptr) {
-		try {
-			VectorFieldProperties props(m_properties);
-			props.readXML(e);
-			m_properties = props;
-		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
-		}
-		catch (std::exception & ex) {
-			throw ZEB::Exception(ex, "Error reading chart settings.", FUNC_ID);
-		}
-	}
+	readPropertiesXML(element, "VectorPlotProperties", m_properties, FUNC_ID);
 	AbstractCartesianChartModel::readXML(element);
 }
 

@@ -49,6 +49,59 @@ void reportUnmetRequirement(const char * condition, const char * functionId) {
 /*! Colour of axis lines, ticks and labels. */
 const QColor FRAME_COLOR(40, 40, 40);
 
+/*! The chart's model as a series model of the kind Model; reports the unmet requirement and
+	returns null for a model of another kind.
+*/
+template <class Model>
+const Model * seriesModel(const AbstractCartesianChartModel * model, const char * requirement, const char * functionId) {
+	const Model * kindModel = dynamic_cast<const Model *>(model);
+	if (kindModel == nullptr)
+		reportUnmetRequirement(requirement, functionId);
+	return kindModel;
+}
+
+/*! True when index is a series of the model; reports the unmet requirement otherwise. */
+bool isSeriesIndex(const AbstractChartModel * model, int index, const char * functionId) {
+	if (index >= 0 && index < static_cast<int>(model->seriesCount()))
+		return true;
+	reportUnmetRequirement("index >= 0 && index < seriesCount()", functionId);
+	return false;
+}
+
+/*! What a new series takes from the model first. Colour grids and vector fields take their data
+	first, as their value range and contour levels derive from them.
+*/
+enum LoadOrder {
+	PropertiesFirst,
+	DataFirst
+};
+
+/*! A new series of type S that shows series index of the model, with its data and all its
+	properties loaded in the given order. Throws ZEB::Exception for data it cannot show.
+*/
+template <class S, class Model>
+std::unique_ptr<S> newSeries(const Model * model, int index, LoadOrder order) {
+	std::unique_ptr<S> series(new S(model));
+	series->setSeriesIndex(index);
+	if (order == DataFirst)
+		series->updateData(index);
+	series->updateProperty(index, -1);
+	if (order == PropertiesFirst)
+		series->updateData(index);
+	return series;
+}
+
+/*! Throws when a colour grid or vector field model leaves a unit of series index undefined;
+	modelName names the model in the message.
+*/
+template <class Model>
+void checkColorMappedUnits(const Model * model, int index, const char * modelName, const char * functionId) {
+	if (model->xUnit(index).id() == 0 || model->yUnit(index).id() == 0)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid x-unit or y-unit returned from %1.").arg(modelName), functionId);
+	if (model->valueUnit(index).id() == 0)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid value unit returned from %1.").arg(modelName), functionId);
+}
+
 } // namespace
 
 
@@ -164,24 +217,25 @@ void Chart::prohibitUpdate() {
 
 void Chart::allowUpdate() {
 	FUNCID(Chart::allowUpdate);
-	Q_ASSERT(m_noUpdateCounter > 0);
-	if (m_noUpdateCounter == 0) {
-		reportUnmetRequirement("m_noUpdateCounter > 0", FUNC_ID);
-		return;
-	}
-	--m_noUpdateCounter;
+	endUpdateSuspension(FUNC_ID);
 }
 
 
 void Chart::allowUpdateAndReplot() {
 	FUNCID(Chart::allowUpdateAndReplot);
+	if (endUpdateSuspension(FUNC_ID))
+		updatePlot();
+}
+
+
+bool Chart::endUpdateSuspension(const char * functionId) {
 	Q_ASSERT(m_noUpdateCounter > 0);
 	if (m_noUpdateCounter == 0) {
-		reportUnmetRequirement("m_noUpdateCounter > 0", FUNC_ID);
-		return;
+		reportUnmetRequirement("m_noUpdateCounter > 0", functionId);
+		return false;
 	}
 	--m_noUpdateCounter;
-	updatePlot();
+	return true;
 }
 
 
@@ -258,33 +312,18 @@ bool Chart::insertSeriesFromModel(int index) {
 
 bool Chart::insertLineSeriesFromModel(int index) {
 	FUNCID(Chart::insertLineSeriesFromModel);
-	const AbstractLineSeriesModel * lineModel = dynamic_cast<const AbstractLineSeriesModel *>(m_model);
-	if (lineModel == nullptr) {
-		reportUnmetRequirement("lineModel != nullptr", FUNC_ID);
+	const AbstractLineSeriesModel * lineModel = seriesModel<AbstractLineSeriesModel>(m_model, "lineModel != nullptr", FUNC_ID);
+	if (lineModel == nullptr || !isSeriesIndex(lineModel, index, FUNC_ID))
 		return false;
-	}
-	if (index < 0 || index >= static_cast<int>(lineModel->seriesCount())) {
-		reportUnmetRequirement("index >= 0 && index < seriesCount()", FUNC_ID);
-		return false;
-	}
-	try {
+	return addCreatedSeries([&]() {
 		if (lineModel->xUnit(index).id() == 0 || lineModel->yUnit(index).id() == 0)
 			throw ZEB::Exception("Invalid xunit or yunit returned from LineSeriesModel.", FUNC_ID);
-		std::unique_ptr<LineSeries> series(new LineSeries(lineModel));
-		series->setSeriesIndex(index);
-		series->updateProperty(index, -1);
-		series->updateData(index);
+		std::unique_ptr<LineSeries> series = newSeries<LineSeries>(lineModel, index, PropertiesFirst);
 		series->setDataReduction(m_model->chartData(CDM::DataReduction).toBool());
 		series->setLegendIcon(m_model->chartData(CDM::LegendIconStyle).toInt(),
 							  m_model->chartData(CDM::LegendIconWidth).toInt());
-		addSeries(series.release());
-	}
-	catch (ZEB::Exception & ex) {
-		ex.reportAllAsErrors();
-		ZEB::reportError("Exception caught while creating new line series.", FUNC_ID);
-		return false;
-	}
-	return true;
+		return series;
+	}, "Exception caught while creating new line series.", FUNC_ID);
 }
 
 
@@ -294,79 +333,53 @@ bool Chart::insertColorGridSeriesFromModel(int index) {
 		reportUnmetRequirement("m_series.empty()", FUNC_ID);
 		return false;
 	}
-	const AbstractColorGridSeriesModel * colorModel = dynamic_cast<const AbstractColorGridSeriesModel *>(m_model);
-	if (colorModel == nullptr) {
-		reportUnmetRequirement("colorModel != nullptr", FUNC_ID);
+	const AbstractColorGridSeriesModel * colorModel =
+			seriesModel<AbstractColorGridSeriesModel>(m_model, "colorModel != nullptr", FUNC_ID);
+	if (colorModel == nullptr)
 		return false;
-	}
-	try {
-		if (colorModel->xUnit(index).id() == 0 || colorModel->yUnit(index).id() == 0)
-			throw ZEB::Exception("Invalid x-unit or y-unit returned from ColorGridSeriesModel.", FUNC_ID);
-		if (colorModel->valueUnit(index).id() == 0)
-			throw ZEB::Exception("Invalid value unit returned from ColorGridSeriesModel.", FUNC_ID);
-		std::unique_ptr<ColorGridSeries> series(new ColorGridSeries(colorModel));
-		series->setSeriesIndex(index);
-		series->updateData(index);
-		series->updateProperty(index, -1);
-		addSeries(series.release());
-	}
-	catch (ZEB::Exception & ex) {
-		ex.reportAllAsErrors();
-		ZEB::reportError("Failed to add ColorGridSeries to chart, probably due to missing/inconsistent data in ColorGridSeriesModel.", FUNC_ID);
-		return false;
-	}
-	return true;
+	return addCreatedSeries([&]() {
+		checkColorMappedUnits(colorModel, index, "ColorGridSeriesModel", FUNC_ID);
+		return newSeries<ColorGridSeries>(colorModel, index, DataFirst);
+	}, "Failed to add ColorGridSeries to chart, probably due to missing/inconsistent data in ColorGridSeriesModel.", FUNC_ID);
 }
 
 
 bool Chart::insertBarSeriesFromModel(int index) {
 	FUNCID(Chart::insertBarSeriesFromModel);
-	const AbstractBarSeriesModel * barModel = dynamic_cast<const AbstractBarSeriesModel *>(m_model);
-	if (barModel == nullptr) {
-		reportUnmetRequirement("barModel != nullptr", FUNC_ID);
+	const AbstractBarSeriesModel * barModel = seriesModel<AbstractBarSeriesModel>(m_model, "barModel != nullptr", FUNC_ID);
+	if (barModel == nullptr || !isSeriesIndex(barModel, index, FUNC_ID))
 		return false;
-	}
-	if (index < 0 || index >= static_cast<int>(barModel->seriesCount())) {
-		reportUnmetRequirement("index >= 0 && index < seriesCount()", FUNC_ID);
-		return false;
-	}
-	try {
+	return addCreatedSeries([&]() {
 		if (barModel->yUnit().id() == 0)
 			throw ZEB::Exception("Invalid y-unit returned from BarSeriesModel.", FUNC_ID);
-		std::unique_ptr<BarSeries> series(new BarSeries(barModel));
-		series->setSeriesIndex(index);
-		series->updateProperty(index, -1);
-		series->updateData(index);
-		addSeries(series.release());
-	}
-	catch (ZEB::Exception & ex) {
-		ex.reportAllAsErrors();
-		return false;
-	}
-	return true;
+		return newSeries<BarSeries>(barModel, index, PropertiesFirst);
+	}, nullptr, FUNC_ID);
 }
 
 
 bool Chart::insertVectorFieldSeriesFromModel(int index) {
 	FUNCID(Chart::insertVectorFieldSeriesFromModel);
-	const AbstractVectorFieldSeriesModel * vectorFieldModel = dynamic_cast<const AbstractVectorFieldSeriesModel *>(m_model);
-	if (vectorFieldModel == nullptr) {
-		reportUnmetRequirement("vectorFieldModel != nullptr", FUNC_ID);
+	const AbstractVectorFieldSeriesModel * vectorFieldModel =
+			seriesModel<AbstractVectorFieldSeriesModel>(m_model, "vectorFieldModel != nullptr", FUNC_ID);
+	if (vectorFieldModel == nullptr)
 		return false;
-	}
+	return addCreatedSeries([&]() {
+		checkColorMappedUnits(vectorFieldModel, index, "AbstractVectorFieldSeriesModel", FUNC_ID);
+		return newSeries<VectorFieldSeries>(vectorFieldModel, index, DataFirst);
+	}, nullptr, FUNC_ID);
+}
+
+
+bool Chart::addCreatedSeries(const std::function<std::unique_ptr<ChartSeries>()> & create,
+							 const char * failureMessage, const char * functionId)
+{
 	try {
-		if (vectorFieldModel->xUnit(index).id() == 0 || vectorFieldModel->yUnit(index).id() == 0)
-			throw ZEB::Exception("Invalid x-unit or y-unit returned from AbstractVectorFieldSeriesModel.", FUNC_ID);
-		if (vectorFieldModel->valueUnit(index).id() == 0)
-			throw ZEB::Exception("Invalid value unit returned from AbstractVectorFieldSeriesModel.", FUNC_ID);
-		std::unique_ptr<VectorFieldSeries> series(new VectorFieldSeries(vectorFieldModel));
-		series->setSeriesIndex(index);
-		series->updateData(index);
-		series->updateProperty(index, -1);
-		addSeries(series.release());
+		addSeries(create().release());
 	}
 	catch (ZEB::Exception & ex) {
 		ex.reportAllAsErrors();
+		if (failureMessage != nullptr)
+			ZEB::reportError(failureMessage, functionId);
 		return false;
 	}
 	return true;

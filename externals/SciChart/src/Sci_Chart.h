@@ -1,6 +1,7 @@
 #ifndef Sci_ChartH
 #define Sci_ChartH
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -106,11 +107,20 @@ private slots:
 	void onLegendMoved(const QSize & offset);
 
 private:
+	/*! Ends one suspension of redrawing; reports (from functionId) and returns false when none
+		is open. */
+	bool endUpdateSuspension(const char * functionId);
 	/*! Removes all series objects and creates everything anew from the model. */
 	void rebuild();
 	/*! Creates the series object of model series index with the operation of the chart's kind,
 		reporting failures. */
 	bool insertSeriesFromModel(int index);
+	/*! Adds the series that create makes, which throws ZEB::Exception when the model's data
+		make no series. Such a failure is reported with the exception's messages and then
+		failureMessage (unless null) from functionId; returns false then.
+	*/
+	bool addCreatedSeries(const std::function<std::unique_ptr<ChartSeries>()> & create,
+						  const char * failureMessage, const char * functionId);
 	/*! Inserts a created series in model order and shows it. */
 	void addSeries(ChartSeries * series);
 	/*! Position of the series object of model series index, -1 if there is none. */

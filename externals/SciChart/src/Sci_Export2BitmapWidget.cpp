@@ -52,20 +52,15 @@ struct Export2BitmapWidget::Ui {
 
 
 Export2BitmapWidget::Export2BitmapWidget(QwtPlot * plot, QWidget * parent) :
-	QWidget(parent),
-	m_ui(new Ui),
-	m_plot(plot)
+	AbstractExportWidget(plot, parent),
+	m_ui(new Ui)
 {
 	setupUi();
-	if (plot != nullptr && plot->width() > 0 && plot->height() > 0)
-		m_aspectRatio = static_cast<double>(plot->width())/plot->height();
 
 	// the chart's size on screen, before the slots are connected
-	const int dpi = ChartExporter::screenResolution();
-	m_ui->spinBox_resolution->setValue(dpi);
-	const QSize screenSize = plot != nullptr ? plot->size() : QSize(800, 600);
-	m_ui->lineEditPixelX->setValue(std::max(1, screenSize.width()), 0);
-	m_ui->lineEditPixelY->setValue(std::max(1, screenSize.height()), 0);
+	m_ui->spinBox_resolution->setValue(ChartExporter::screenResolution());
+	m_ui->lineEditPixelX->setValue(screenSize().width(), 0);
+	m_ui->lineEditPixelY->setValue(screenSize().height(), 0);
 	m_ui->radioButtonPixels->setChecked(true);
 	m_ui->lineEditMMX->setEnabled(false);
 	m_ui->lineEditMMY->setEnabled(false);
@@ -136,28 +131,28 @@ void Export2BitmapWidget::on_spinBox_resolution_valueChanged(int) {
 
 void Export2BitmapWidget::on_lineEditPixelX_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelX->isValid())
-		m_ui->lineEditPixelY->setValue(pixelCount(m_ui->lineEditPixelX->value()/m_aspectRatio), 0);
+		m_ui->lineEditPixelY->setValue(pixelCount(heightForWidth(m_ui->lineEditPixelX->value())), 0);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditPixelY_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelY->isValid())
-		m_ui->lineEditPixelX->setValue(pixelCount(m_ui->lineEditPixelY->value()*m_aspectRatio), 0);
+		m_ui->lineEditPixelX->setValue(pixelCount(widthForHeight(m_ui->lineEditPixelY->value())), 0);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditMMX_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMX->isValid())
-		m_ui->lineEditMMY->setValue(m_ui->lineEditMMX->value()/m_aspectRatio, 1);
+		m_ui->lineEditMMY->setValue(heightForWidth(m_ui->lineEditMMX->value()), 1);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditMMY_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMY->isValid())
-		m_ui->lineEditMMX->setValue(m_ui->lineEditMMY->value()*m_aspectRatio, 1);
+		m_ui->lineEditMMX->setValue(widthForHeight(m_ui->lineEditMMY->value()), 1);
 	updateDimensions();
 }
 
@@ -184,35 +179,17 @@ void Export2BitmapWidget::setupUi() {
 	ui.radioButtonPixels = new QRadioButton(tr("Size [pixel]:"), this);
 	ui.radioButtonPixels->setObjectName("radioButtonPixels");
 	grid->addWidget(ui.radioButtonPixels, 1, 0);
-	ui.lineEditPixelX = new PositiveNumberLineEdit(this);
-	ui.lineEditPixelX->setObjectName("lineEditPixelX");
+	addSizeEdits(grid, 1, "lineEditPixelX", "lineEditPixelY", ui.lineEditPixelX, ui.lineEditPixelY);
 	ui.lineEditPixelX->setIntegerOnly(true);
-	grid->addWidget(ui.lineEditPixelX, 1, 1);
-	grid->addWidget(new QLabel("x", this), 1, 2);
-	ui.lineEditPixelY = new PositiveNumberLineEdit(this);
-	ui.lineEditPixelY->setObjectName("lineEditPixelY");
 	ui.lineEditPixelY->setIntegerOnly(true);
-	grid->addWidget(ui.lineEditPixelY, 1, 3);
 
 	ui.radioButtonMM = new QRadioButton(tr("Size [mm]:"), this);
 	ui.radioButtonMM->setObjectName("radioButtonMM");
 	grid->addWidget(ui.radioButtonMM, 2, 0);
-	ui.lineEditMMX = new PositiveNumberLineEdit(this);
-	ui.lineEditMMX->setObjectName("lineEditMMX");
-	grid->addWidget(ui.lineEditMMX, 2, 1);
-	grid->addWidget(new QLabel("x", this), 2, 2);
-	ui.lineEditMMY = new PositiveNumberLineEdit(this);
-	ui.lineEditMMY->setObjectName("lineEditMMY");
-	grid->addWidget(ui.lineEditMMY, 2, 3);
+	addSizeEdits(grid, 2, "lineEditMMX", "lineEditMMY", ui.lineEditMMX, ui.lineEditMMY);
 
-	ui.checkBoxAspectRatio = new QCheckBox(tr("Keep aspect ratio"), this);
-	ui.checkBoxAspectRatio->setObjectName("checkBoxAspectRatio");
-	ui.checkBoxAspectRatio->setChecked(true);
-	grid->addWidget(ui.checkBoxAspectRatio, 3, 0, 1, 4);
-	ui.checkBoxApplyDPI = new QCheckBox(tr("Scale plot items/fonts with resolution"), this);
-	ui.checkBoxApplyDPI->setObjectName("checkBoxApplyDPI");
-	ui.checkBoxApplyDPI->setChecked(true);
-	grid->addWidget(ui.checkBoxApplyDPI, 4, 0, 1, 4);
+	ui.checkBoxAspectRatio = addCheckBox(grid, 3, tr("Keep aspect ratio"), "checkBoxAspectRatio", true);
+	ui.checkBoxApplyDPI = addCheckBox(grid, 4, tr("Scale plot items/fonts with resolution"), "checkBoxApplyDPI", true);
 
 	ui.tabWidgetPreview = new QTabWidget(this);
 	ui.tabWidgetPreview->setObjectName("tabWidgetPreview");

@@ -4,12 +4,8 @@
 #include <memory>
 
 #include <QImage>
-#include <QPointer>
-#include <QWidget>
 
-#include "Sci_ChartExporter.h"
-
-class QwtPlot;
+#include "Sci_AbstractExportWidget.h"
 
 namespace SCI {
 
@@ -18,7 +14,7 @@ namespace SCI {
 	the resolution, and two previews of the image that will be exported, one in original size
 	and one scaled down.
 */
-class Export2BitmapWidget : public QWidget {
+class Export2BitmapWidget : public AbstractExportWidget {
 	Q_OBJECT
 public:
 	/*! Largest width or height that is rendered for the previews. */
@@ -41,10 +37,6 @@ public:
 		a newly rendered one. Throws ZEB::Exception when it cannot be rendered.
 	*/
 	QImage image() const;
-
-signals:
-	/*! The settings became valid (true) or invalid (false). */
-	void exportButtonsEnabled(bool enabled);
 
 public slots:
 	/*! Computes the size pair that is not edited (millimetres in pixel mode, pixels in mm mode)
@@ -69,10 +61,6 @@ private:
 	void updatePreview();
 
 	std::unique_ptr<Ui>	m_ui;
-	QPointer<QwtPlot>	m_plot;
-	/*! Width / height of the chart on screen, used to keep the aspect ratio. */
-	double				m_aspectRatio = 1;
-	ChartExporter		m_exporter;
 	/*! The unscaled preview; null when the image is too large or the size invalid. */
 	QImage				m_image;
 };

@@ -31,18 +31,14 @@ struct Export2VectorWidget::Ui {
 
 
 Export2VectorWidget::Export2VectorWidget(QwtPlot * plot, QWidget * parent) :
-	QWidget(parent),
-	m_ui(new Ui),
-	m_plot(plot)
+	AbstractExportWidget(plot, parent),
+	m_ui(new Ui)
 {
 	setupUi();
-	if (plot != nullptr && plot->width() > 0 && plot->height() > 0)
-		m_aspectRatio = static_cast<double>(plot->width())/plot->height();
 
 	const double mmPerPixel = 1.0/(ChartExporter::INCH_PER_MM*ChartExporter::screenResolution());
-	const QSize screenSize = plot != nullptr ? plot->size() : QSize(800, 600);
-	m_ui->lineEditMMX->setValue(std::max(1, screenSize.width())*mmPerPixel, 1);
-	m_ui->lineEditMMY->setValue(std::max(1, screenSize.height())*mmPerPixel, 1);
+	m_ui->lineEditMMX->setValue(screenSize().width()*mmPerPixel, 1);
+	m_ui->lineEditMMY->setValue(screenSize().height()*mmPerPixel, 1);
 	m_exporter.setDataReduction(m_ui->checkBoxDataReduction->isChecked());
 	updateDimensionHistory();
 
@@ -83,7 +79,7 @@ QSizeF Export2VectorWidget::sizeMM() const {
 
 void Export2VectorWidget::on_lineEditMMX_editingFinishedSuccessfully() {
 	if (m_ui->checkBoxAspectRatio->isChecked())
-		m_ui->lineEditMMY->setValue(m_ui->lineEditMMX->value()/m_aspectRatio, 1);
+		m_ui->lineEditMMY->setValue(heightForWidth(m_ui->lineEditMMX->value()), 1);
 	storeDimensions();
 	settingsChanged();
 }
@@ -91,7 +87,7 @@ void Export2VectorWidget::on_lineEditMMX_editingFinishedSuccessfully() {
 
 void Export2VectorWidget::on_lineEditMMY_editingFinishedSuccessfully() {
 	if (m_ui->checkBoxAspectRatio->isChecked())
-		m_ui->lineEditMMX->setValue(m_ui->lineEditMMY->value()*m_aspectRatio, 1);
+		m_ui->lineEditMMX->setValue(widthForHeight(m_ui->lineEditMMY->value()), 1);
 	storeDimensions();
 	settingsChanged();
 }
@@ -123,25 +119,12 @@ void Export2VectorWidget::setupUi() {
 	QGridLayout * grid = new QGridLayout;
 
 	grid->addWidget(new QLabel(tr("Size (width/height) [mm]:"), this), 0, 0);
-	ui.lineEditMMX = new PositiveNumberLineEdit(this);
-	ui.lineEditMMX->setObjectName("lineEditMMX");
-	grid->addWidget(ui.lineEditMMX, 0, 1);
-	grid->addWidget(new QLabel("x", this), 0, 2);
-	ui.lineEditMMY = new PositiveNumberLineEdit(this);
-	ui.lineEditMMY->setObjectName("lineEditMMY");
-	grid->addWidget(ui.lineEditMMY, 0, 3);
+	addSizeEdits(grid, 0, "lineEditMMX", "lineEditMMY", ui.lineEditMMX, ui.lineEditMMY);
 
-	ui.checkBoxAspectRatio = new QCheckBox(tr("Keep aspect ratio"), this);
-	ui.checkBoxAspectRatio->setObjectName("checkBoxAspectRatio");
-	ui.checkBoxAspectRatio->setChecked(true);
-	grid->addWidget(ui.checkBoxAspectRatio, 1, 0, 1, 4);
-	ui.checkBoxNoTransparency = new QCheckBox(tr("Paint chart background (no transparency)"), this);
-	ui.checkBoxNoTransparency->setObjectName("checkBoxNoTransparency");
-	grid->addWidget(ui.checkBoxNoTransparency, 2, 0, 1, 4);
-	ui.checkBoxDataReduction = new QCheckBox(tr("Use data reduction during export"), this);
-	ui.checkBoxDataReduction->setObjectName("checkBoxDataReduction");
-	ui.checkBoxDataReduction->setChecked(true);
-	grid->addWidget(ui.checkBoxDataReduction, 3, 0, 1, 4);
+	ui.checkBoxAspectRatio = addCheckBox(grid, 1, tr("Keep aspect ratio"), "checkBoxAspectRatio", true);
+	ui.checkBoxNoTransparency = addCheckBox(grid, 2, tr("Paint chart background (no transparency)"),
+											"checkBoxNoTransparency", false);
+	ui.checkBoxDataReduction = addCheckBox(grid, 3, tr("Use data reduction during export"), "checkBoxDataReduction", true);
 
 	grid->addWidget(new QLabel(tr("Last used plot dimensions:"), this), 4, 0);
 	ui.comboBoxLastPlotDimensions = new QComboBox(this);

@@ -3,13 +3,9 @@
 
 #include <memory>
 
-#include <QPointer>
 #include <QSizeF>
-#include <QWidget>
 
-#include "Sci_ChartExporter.h"
-
-class QwtPlot;
+#include "Sci_AbstractExportWidget.h"
 
 namespace SCI {
 
@@ -17,7 +13,7 @@ namespace SCI {
 	proportions), background painting, data reduction, the list of last used sizes and a preview
 	of the chart laid out for that size.
 */
-class Export2VectorWidget : public QWidget {
+class Export2VectorWidget : public AbstractExportWidget {
 	Q_OBJECT
 public:
 	/*! Largest width or height of the preview image in pixels. */
@@ -36,10 +32,6 @@ public:
 	QSizeF sizeMM() const;
 	/*! The exporter with the settings of this tab. */
 	const ChartExporter & exporter() const { return m_exporter; }
-
-signals:
-	/*! The settings became valid (true) or invalid (false). */
-	void exportButtonsEnabled(bool enabled);
 
 private slots:
 	void on_lineEditMMX_editingFinishedSuccessfully();
@@ -62,10 +54,6 @@ private:
 	void updatePreview();
 
 	std::unique_ptr<Ui>	m_ui;
-	QPointer<QwtPlot>	m_plot;
-	/*! Width / height of the chart on screen, used to keep the aspect ratio. */
-	double				m_aspectRatio = 1;
-	ChartExporter		m_exporter;
 };
 
 } // namespace SCI

@@ -17,7 +17,10 @@ void Legend::applyProperties(const AbstractChartModel & model) {
 	typedef AbstractChartModel M;
 	setFrameStyle(model.chartData(M::LegendHasFrame).toBool() ? (QFrame::Box | QFrame::Plain) : QFrame::NoFrame);
 	setLineWidth(1);
-	setFont(model.chartData(M::LegendFont).value<QFont>());
+	const QFont font = model.chartData(M::LegendFont).value<QFont>();
+	setFont(font);
+	for (QWidget * entry : contentsWidget()->findChildren<QWidget *>())
+		entry->setFont(font);
 	setMaxColumns(static_cast<uint>(qMax(0, model.chartData(M::LegendMaxColumns).toInt())));
 	if (contentsWidget()->layout() != nullptr)
 		contentsWidget()->layout()->setSpacing(qMax(0, model.chartData(M::LegendSpacing).toInt()));
@@ -28,6 +31,14 @@ void Legend::applyProperties(const AbstractChartModel & model) {
 	pal.setColor(QPalette::Window, background);
 	pal.setColor(QPalette::WindowText, QColor(60, 60, 60));
 	setPalette(pal);
+}
+
+
+
+QWidget * Legend::createWidget(const QwtLegendData & data) const {
+	QWidget * entry = QwtLegend::createWidget(data);
+	entry->setFont(font());
+	return entry;
 }
 
 } // namespace SCI

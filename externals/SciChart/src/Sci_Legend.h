@@ -18,6 +18,12 @@ public:
 
 	/*! Takes over the legend properties of the model. */
 	void applyProperties(const AbstractChartModel & model);
+
+protected:
+	/*! New entries get the legend font explicitly: with an application style sheet in place
+		they would otherwise take the application font instead of the legend's.
+	*/
+	QWidget * createWidget(const QwtLegendData & data) const override;
 };
 
 } // namespace SCI

@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QWidget>
 
+#include <qwt_abstract_legend.h>
+#include <qwt_legend_label.h>
 #include <qwt_plot_barchart.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_scale_draw.h>
@@ -368,6 +370,31 @@ TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
 	model.setChartData(3, CDM::LegendPosition);
 	EXPECT_NE(chart.legend(), nullptr);
 	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
+}
+
+
+TEST(SciChartLegend, EntriesUseTheLegendFontAlsoUnderAnApplicationStyleSheet) {
+	const QString previousSheet = qApp->styleSheet();
+	qApp->setStyleSheet("QMessageBox { messagebox-text-interaction-flags: 5; }");
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 10}));
+	QFont legendFont("DejaVu Sans", 17);
+	model.setChartData(legendFont, CDM::LegendFont);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	chart.show();
+	model.addSeries(makeSeries({0, 10}, {5, 5}));
+	ASSERT_NE(chart.legend(), nullptr);
+	const QList<QwtLegendLabel *> labels = chart.legend()->findChildren<QwtLegendLabel *>();
+	ASSERT_EQ(labels.size(), 2);
+	for (const QwtLegendLabel * label : labels)
+		EXPECT_EQ(label->font().pointSize(), 17);
+	// a later change of the font reaches the existing entries
+	legendFont.setPointSize(8);
+	model.setChartData(legendFont, CDM::LegendFont);
+	for (const QwtLegendLabel * label : chart.legend()->findChildren<QwtLegendLabel *>())
+		EXPECT_EQ(label->font().pointSize(), 8);
+	qApp->setStyleSheet(previousSheet);
 }
 
 

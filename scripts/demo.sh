@@ -9,7 +9,7 @@ START_DIR="$PWD"
 cd "$(dirname "$0")/.."
 
 SESSION=examples/demo/demo.o2
-SPEC=examples/demo/export.spec
+REQUESTS=examples/demo/export-requests.txt
 DATA_DIR=examples/demo/data
 STAMP="$DATA_DIR/.generated"
 APP=build/OrvaneApp/OrvaneApp
@@ -36,14 +36,14 @@ EOF
 export_charts() {
 	local dir="$1"
 	mkdir -p "$dir"
-	local spec session
-	spec="$(realpath "$SPEC")"
+	local requests session
+	requests="$(realpath "$REQUESTS")"
 	session="$(realpath "$SESSION")"
 	local expected=()
 	local line f
 	while IFS= read -r line; do
 		[ -n "$line" ] && expected+=("${line##*:}")
-	done < "$spec"
+	done < "$requests"
 	for f in "${expected[@]}"; do
 		rm -f "$dir/$f"
 	done
@@ -51,8 +51,8 @@ export_charts() {
 	echo "Exporting the charts of $SESSION into $dir/ ..."
 	local app
 	app="$(realpath "$APP")"
-	# the file names in the spec file are relative: the program runs in the target folder
-	if ! (cd "$dir" && "$app" --no-splash=true "$session" --generate-charts="$spec"); then
+	# the file names in the requests file are relative: the program runs in the target folder
+	if ! (cd "$dir" && "$app" --no-splash=true "$session" --generate-charts="$requests"); then
 		echo "scripts/demo.sh: OrvaneApp failed while exporting the charts." >&2
 		exit 1
 	fi

@@ -5,11 +5,11 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
-void ChartExportProperties::parse(const QString & spec) {
+void ChartExportProperties::parse(const QString & request) {
 	FUNCID(MainView::ChartExportProperties::parse);
-	const std::string arg = spec.toStdString();
+	const std::string arg = request.toStdString();
 
-	QStringList parts = spec.split(":");
+	QStringList parts = request.split(":");
 	for (QString & p : parts)
 		p = p.trimmed();
 	if (parts.size() != 3)

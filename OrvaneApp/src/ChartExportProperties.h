@@ -14,7 +14,7 @@ public:
 		number of fields, dimensions that are not two integers of at least 1, a chart number that
 		is not an integer or below 1); the object is unchanged then.
 	*/
-	void parse(const QString & spec);
+	void parse(const QString & request);
 
 	/*! Splits the content of an export specification file into lines, each trimmed of surrounding
 		white space. The line end of the last line does not start another (empty) line, so a file

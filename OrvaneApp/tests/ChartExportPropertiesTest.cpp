@@ -12,10 +12,10 @@ namespace {
 const char * const PARSE_ID = "[MainView::ChartExportProperties::parse]";
 
 /*! The message of a failed parse, with its origin; empty when parsing succeeded. */
-std::string parseError(const QString & spec, std::string * origin = nullptr) {
+std::string parseError(const QString & request, std::string * origin = nullptr) {
 	ChartExportProperties p;
 	try {
-		p.parse(spec);
+		p.parse(request);
 	}
 	catch (ZEB::Exception & ex) {
 		if (origin != nullptr)
@@ -52,7 +52,7 @@ TEST(ChartExportProperties, ParsesWellFormedRequests) {
 
 TEST(ChartExportProperties, RejectsMalformedRequestsWithTheMessageOfTheFirstFailingField) {
 	struct Case {
-		const char * spec;
+		const char * request;
 		const char * message;
 	};
 	const Case cases[] = {
@@ -80,10 +80,10 @@ TEST(ChartExportProperties, RejectsMalformedRequestsWithTheMessageOfTheFirstFail
 	};
 	for (const Case & c : cases) {
 		std::string expected(c.message);
-		expected.replace(expected.find("%1"), 2, c.spec);
+		expected.replace(expected.find("%1"), 2, c.request);
 		std::string origin;
-		EXPECT_EQ(parseError(c.spec, &origin), expected) << c.spec;
-		EXPECT_EQ(origin, PARSE_ID) << c.spec;
+		EXPECT_EQ(parseError(c.request, &origin), expected) << c.request;
+		EXPECT_EQ(origin, PARSE_ID) << c.request;
 	}
 }
 

@@ -153,11 +153,11 @@ TEST_F(ViewManagerTest, ScriptedExportExportsOneRequestPerCall) {
 	ViewManager vm;
 
 	QList<ChartExportProperties> requests;
-	for (const QString & spec : { QString("2:320x200:%1/second.png"), QString("5:100x100:%1/none.png"),
+	for (const QString & request : { QString("2:320x200:%1/second.png"), QString("5:100x100:%1/none.png"),
 								  QString("1:300x150:%1/first.png") })
 	{
 		requests.append(ChartExportProperties());
-		requests.last().parse(spec.arg(dir));
+		requests.last().parse(request.arg(dir));
 	}
 	vm.setScriptedExports(requests);
 

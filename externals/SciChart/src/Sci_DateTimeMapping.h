@@ -16,7 +16,7 @@ class DateTimeMapping {
 public:
 	/*! Zero at 2000-01-01 00:00 UTC, axis values in seconds. */
 	DateTimeMapping();
-	/*! Mapping with the given zero; the dates are shown in the time spec of timeSpec (a
+	/*! Mapping with the given zero; the dates are shown in the time specification of timeSpec (a
 		Qt::TimeSpec value; the zero's offset is used for Qt::OffsetFromUTC and Qt::TimeZone). */
 	DateTimeMapping(const QDateTime & zero, double msecsPerUnit, int timeSpec);
 
@@ -24,11 +24,11 @@ public:
 	double toMSecs(double axisValue) const { return m_zeroMSecs + axisValue*m_msecsPerUnit; }
 	/*! Axis value of a point in time given as milliseconds since the epoch. */
 	double fromMSecs(double msecs) const { return (msecs - m_zeroMSecs)/m_msecsPerUnit; }
-	/*! The date-time of an axis value, in the mapping's time spec. */
+	/*! The date-time of an axis value, in the mapping's time specification. */
 	QDateTime toDateTime(double axisValue) const;
 
 	double msecsPerUnit() const { return m_msecsPerUnit; }
-	/*! The time spec used for the labels: Qt::LocalTime, Qt::UTC or Qt::OffsetFromUTC. */
+	/*! The time specification used for the labels: Qt::LocalTime, Qt::UTC or Qt::OffsetFromUTC. */
 	Qt::TimeSpec timeSpec() const { return m_timeSpec; }
 	/*! Offset from UTC in seconds, used with Qt::OffsetFromUTC. */
 	int utcOffset() const { return m_utcOffset; }

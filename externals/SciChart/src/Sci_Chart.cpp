@@ -251,6 +251,18 @@ void Chart::updatePlot() {
 }
 
 
+QSize Chart::layoutForSize(const QSize & size) {
+	const QSize previous = this->size();
+	if (!m_rescaler->isEnabled() || size == previous || size.isEmpty())
+		return previous;
+	resize(size);
+	updateLayout();
+	fitProportional();
+	updateAxes();
+	return previous;
+}
+
+
 void Chart::resetView() {
 	FUNCID(Chart::resetView);
 	if (m_model != nullptr) {

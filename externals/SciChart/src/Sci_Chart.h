@@ -71,6 +71,12 @@ public:
 	/*! Scales drawn inside the canvas (AxisScalesInside), one per shown axis. */
 	const std::vector<std::unique_ptr<PlotScaleItem> > & scaleItems() const { return m_scaleItems; }
 
+	/*! Lays the chart out at the given widget size, as an export of that size draws it: with
+		proportional axes the scales are fitted anew so that they stay proportional in the
+		picture. Returns the size before, to restore the screen layout after the export.
+	*/
+	QSize layoutForSize(const QSize & size);
+
 	/*! Create the series object of model series index and insert it; each returns false and
 		reports when the series cannot be created (e.g. undefined units, inconsistent sizes).
 		Series objects of later model series must have been shifted by the caller. */

@@ -100,7 +100,12 @@ void ChartExporter::render(QwtPlot * plot, QPainter * painter, const QRectF & re
 	QwtPlotRenderer renderer;
 	renderer.setDiscardFlags(m_components.discardFlags());
 	const DataReductionOverride dataReduction(plot, m_dataReduction);
+	// proportional axes are fitted to the picture's size, not to the chart's size on screen
+	Chart * chart = dynamic_cast<Chart *>(plot);
+	const QSize screenSize = chart != nullptr ? chart->layoutForSize(rect.size().toSize()) : QSize();
 	renderer.render(plot, painter, rect);
+	if (chart != nullptr)
+		chart->layoutForSize(screenSize);
 }
 
 

@@ -540,4 +540,12 @@ TEST(SciChart, ProportionalAxesKeepEqualScales) {
 		EXPECT_LE(chart.axisScaleDiv(QwtPlot::yLeft).lowerBound(), 0);
 		EXPECT_GE(chart.axisScaleDiv(QwtPlot::yLeft).upperBound(), 1);
 	}
+	// laid out for an export of another shape, the scales are refitted, and restored after it
+	const QSize previous = chart.layoutForSize(QSize(400, 900));
+	EXPECT_EQ(previous, QSize(300, 600));
+	const QwtScaleMap x = chart.canvasMap(QwtPlot::xBottom);
+	const QwtScaleMap y = chart.canvasMap(QwtPlot::yLeft);
+	EXPECT_NEAR((x.transform(1) - x.transform(0))/(y.transform(0) - y.transform(1)), 1, 0.01);
+	chart.layoutForSize(previous);
+	EXPECT_EQ(chart.size(), QSize(300, 600));
 }

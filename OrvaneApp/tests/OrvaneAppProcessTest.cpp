@@ -198,23 +198,23 @@ TEST_F(ProgramTest, BadSpecFileLogsEveryBadLineAndExportsNothing) {
 	const QString dir = OVATest::scratchDir("program-badspec");
 	writeSession(dir);
 	const QString home = OVATest::scratchDir("program-badspec-home");
-	const QString request = dir + "/specs.txt";
-	OVATest::writeText(request, QString("1:800x600:%1/good.png\n1:800X600:%1/b.png\n\n2:100x100:%1/good2.png\n").arg(dir));
+	const QString requestFile = dir + "/requests.txt";
+	OVATest::writeText(requestFile, QString("1:800x600:%1/good.png\n1:800X600:%1/b.png\n\n2:100x100:%1/good2.png\n").arg(dir));
 
-	const RunResult run = runProgram(home, { m_session, "--no-splash=true", "--generate-charts=" + request });
+	const RunResult run = runProgram(home, { m_session, "--no-splash=true", "--generate-charts=" + requestFile });
 	EXPECT_EQ(run.m_exitCode, 0);
 	EXPECT_TRUE(run.m_log.contains(QString("Invalid dimensions in argument '1:800X600:%1/b.png' to option --generate-chart")
 								   .arg(dir))) << run.m_log.toStdString();
 	EXPECT_TRUE(run.m_log.contains("Invalid argument '' to option --generate-chart"));
-	const QRegularExpression invalid("\\[Error   \\]\t\\[OVAMainWindow::generateCharts\\] *\tInvalid chart export request in file "
-									 + QRegularExpression::escape(request) + ".\n");
+	const QRegularExpression invalid("\\[Error   \\]\t\\[OVAMainWindow::generateCharts\\] *\tInvalid chart export spec in file "
+									 + QRegularExpression::escape(requestFile) + ".\n");
 	EXPECT_EQ(run.m_log.count(invalid), 2);
 	EXPECT_FALSE(QFileInfo::exists(dir + "/good.png"));
 	EXPECT_FALSE(QFileInfo::exists(dir + "/good2.png"));
 
 	const RunResult missing = runProgram(home, { m_session, "--no-splash=true", "--generate-charts=" + dir + "/none.txt" });
 	EXPECT_EQ(missing.m_exitCode, 0);
-	EXPECT_TRUE(missing.m_log.contains(QString("Cannot read export request file %1/none.txt.").arg(dir)))
+	EXPECT_TRUE(missing.m_log.contains(QString("Cannot read export spec file %1/none.txt.").arg(dir)))
 			<< missing.m_log.toStdString();
 }
 

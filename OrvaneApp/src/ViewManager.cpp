@@ -24,6 +24,8 @@ namespace {
 
 /*! Name of the splitter property that holds the id of its split in the layout. */
 const char * const SPLIT_ID_PROPERTY = "splitId";
+/*! Size given to both parts of a split without stored sizes. */
+const int EQUAL_PART_SIZE = 100000;
 
 } // namespace
 
@@ -246,10 +248,11 @@ QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringLi
 	for (int part : parts)
 		splitter->addWidget(buildNode(tree, part, mapperNames));
 	// the stored sizes also serve as stretch factors, so that the parts keep their proportion
-	// when the window size changes; without stored sizes the parts are equal
+	// when the window size changes; without stored sizes the parts are equal (sizes far above
+	// any minimum size, which the splitter then scales down in proportion)
 	const bool sized = node.m_size1 > 0 && node.m_size2 > 0;
-	const int size1 = sized ? node.m_size1 : 1;
-	const int size2 = sized ? node.m_size2 : 1;
+	const int size1 = sized ? node.m_size1 : EQUAL_PART_SIZE;
+	const int size2 = sized ? node.m_size2 : EQUAL_PART_SIZE;
 	splitter->setStretchFactor(0, size1);
 	splitter->setStretchFactor(1, size2);
 	splitter->setSizes(QList<int>{ size1, size2 });

@@ -121,6 +121,11 @@ void ChartStyle::setMajorTicks(CM & model, int axis, int count) {
 }
 
 
+void ChartStyle::setProportional(CM & model) {
+	setAxisData(model, CM::BottomAxis, CM::AxisProportional, true);
+}
+
+
 void ChartStyle::setLine(SCI::AbstractLineSeriesModel & model, int series, const QString & title,
 						 const QColor & color, int penWidth)
 {

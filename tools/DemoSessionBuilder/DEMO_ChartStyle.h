@@ -39,6 +39,8 @@ public:
 	static void setAxisRange(SCI::AbstractCartesianChartModel & model, int axis, double minimum, double maximum);
 	/*! The most major ticks of an axis (the chart picks steps of 1, 2 or 5 times a power of 10). */
 	static void setMajorTicks(SCI::AbstractCartesianChartModel & model, int axis, int count);
+	/*! Equal scales in x and y: the chart widens the shorter axis range to keep them. */
+	static void setProportional(SCI::AbstractCartesianChartModel & model);
 	/*! Legend text, colour and pen width of a line series. */
 	static void setLine(SCI::AbstractLineSeriesModel & model, int series, const QString & title,
 						const QColor & color, int penWidth);

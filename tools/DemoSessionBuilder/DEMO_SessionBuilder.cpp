@@ -49,12 +49,12 @@ const unsigned int OUTDOOR_RELHUM_COLUMN = 1;
 /*! Hours of January, the period of the climate chart. */
 const double JANUARY_HOURS = 31*24;
 
-/*! Axis ranges of the corner charts in cm: the whole L (legs of 1 m) at the same scale in x and y
-	in an export of 1000 x 600 pixels. Fixed ranges instead of the proportional axis option,
-	because an export is drawn with the scales of the chart on screen, whose shape differs.
+/*! Axis ranges of the corner charts in cm: the whole L (legs of 1 m). The axes are proportional,
+	so the chart widens the shorter range until x and y have the same scale, on screen and in an
+	export of any size.
 */
-const double CORNER_X_MIN = -35;
-const double CORNER_X_MAX = 135;
+const double CORNER_X_MIN = 0;
+const double CORNER_X_MAX = 100;
 const double CORNER_Y_MIN = 0;
 const double CORNER_Y_MAX = 100;
 
@@ -249,6 +249,7 @@ std::unique_ptr<OVP::Mapper> SessionBuilder::cornerTemperature() const {
 	ChartStyle::setAxisRange(model, CM::BottomAxis, CORNER_X_MIN, CORNER_X_MAX);
 	ChartStyle::setAxisRange(model, CM::LeftAxis, CORNER_Y_MIN, CORNER_Y_MAX);
 	ChartStyle::setMajorTicks(model, CM::BottomAxis, 10);
+	ChartStyle::setProportional(model);
 	ChartStyle::setColorGrid(model, ChartStyle::temperatureColorMap(), -10, 20, 2, true);
 	return mapper;
 }
@@ -267,6 +268,7 @@ std::unique_ptr<OVP::Mapper> SessionBuilder::cornerHeatFlux() const {
 	ChartStyle::setAxisRange(model, CM::BottomAxis, CORNER_X_MIN, CORNER_X_MAX);
 	ChartStyle::setAxisRange(model, CM::LeftAxis, CORNER_Y_MIN, CORNER_Y_MAX);
 	ChartStyle::setMajorTicks(model, CM::BottomAxis, 10);
+	ChartStyle::setProportional(model);
 	ChartStyle::setVectorField(model, ChartStyle::magnitudeColorMap());
 	return mapper;
 }

@@ -1298,42 +1298,13 @@ void PaintEngine::drawLines(const QLine * lines, int lineCount) {
 }
 
 
-void PaintEngine::drawRects(const QRectF * rects, int rectCount) {
-	const bool axisAligned = d->m_xf.type() <= QTransform::TxScale;
-	for (int i = 0; i < rectCount; ++i) {
-		const QRectF r = rects[i].normalized();
-		if (!axisAligned || r.width() <= 0 || r.height() <= 0) {
-			QPainterPath p;
-			p.addRect(r);
-			d->drawPathWith(p, d->m_full, true, true);
-			continue;
-		}
-		PenInfo pen = d->penInfo();
-		BrushInfo brush = d->brushInfo(d->m_brush);
-		if (!pen.visible && !brush.visible)
-			continue;
-		QPointF a = d->m_full.map(r.topLeft());
-		QPointF b = d->m_full.map(r.bottomRight());
-		RectL box(toInt(std::min(a.x(), b.x())), toInt(std::min(a.y(), b.y())),
-				  toInt(std::max(a.x(), b.x())), toInt(std::max(a.y(), b.y())));
-		d->prepare(pen, brush);
-		d->writeBox(EMR_RECTANGLE, box);
-		d->addInk(box, pen.visible ? int32_t(pen.width / 2 + 1) : 0);
-	}
-}
-
-
-void PaintEngine::drawRects(const QRect * rects, int rectCount) {
-	std::vector<QRectF> r(rects, rects + rectCount);
-	drawRects(r.data(), rectCount);
-}
-
-
-void PaintEngine::drawEllipse(const QRectF & rect) {
+void PaintEngine::drawBox(const QRectF & rect, std::uint32_t recordType,
+						  void (QPainterPath::*addShape)(const QRectF &))
+{
 	const QRectF r = rect.normalized();
 	if (d->m_xf.type() > QTransform::TxScale || r.width() <= 0 || r.height() <= 0) {
 		QPainterPath p;
-		p.addEllipse(r);
+		(p.*addShape)(r);
 		d->drawPathWith(p, d->m_full, true, true);
 		return;
 	}
@@ -1346,8 +1317,25 @@ void PaintEngine::drawEllipse(const QRectF & rect) {
 	RectL box(toInt(std::min(a.x(), b.x())), toInt(std::min(a.y(), b.y())),
 			  toInt(std::max(a.x(), b.x())), toInt(std::max(a.y(), b.y())));
 	d->prepare(pen, brush);
-	d->writeBox(EMR_ELLIPSE, box);
+	d->writeBox(recordType, box);
 	d->addInk(box, pen.visible ? int32_t(pen.width / 2 + 1) : 0);
+}
+
+
+void PaintEngine::drawRects(const QRectF * rects, int rectCount) {
+	for (int i = 0; i < rectCount; ++i)
+		drawBox(rects[i], EMR_RECTANGLE, &QPainterPath::addRect);
+}
+
+
+void PaintEngine::drawRects(const QRect * rects, int rectCount) {
+	std::vector<QRectF> r(rects, rects + rectCount);
+	drawRects(r.data(), rectCount);
+}
+
+
+void PaintEngine::drawEllipse(const QRectF & rect) {
+	drawBox(rect, EMR_ELLIPSE, &QPainterPath::addEllipse);
 }
 
 

@@ -1,9 +1,11 @@
 #ifndef EMF_PaintEngineH
 #define EMF_PaintEngineH
 
+#include <cstdint>
 #include <memory>
 
 #include <QPaintEngine>
+#include <QPainterPath>
 
 namespace EMF {
 
@@ -46,6 +48,12 @@ public:
 	Type type() const override { return QPaintEngine::User; }
 
 private:
+	/*! Draws a rectangle or an ellipse (addShape) that an axis-aligned transform keeps as such as
+		one box record; any other transform or an empty box goes through the painter path.
+	*/
+	void drawBox(const QRectF & rect, std::uint32_t recordType,
+				 void (QPainterPath::*addShape)(const QRectF &));
+
 	class Private;
 	std::unique_ptr<Private>	d;
 };

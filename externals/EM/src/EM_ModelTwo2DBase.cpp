@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 #include <DATAIO_DataIO.h>
 
@@ -51,6 +52,10 @@ const std::vector<double> & converted(const std::vector<double> & values, const 
 	The same interpolation as LinearSpline::value() (held constant outside the table, exact at
 	the knots), but the grid increases, so the interval is found by walking forward through the
 	knots instead of a search per point: resampling years of hourly data costs a pass over both.
+	A grid point that meets a knot up to rounding takes the knot's value exactly: start + k*step
+	and a converted input time differ in the last bits for many points (hours given in days are
+	not exact binary fractions), and interpolating there would hand a model 19.999999999999996
+	for a recorded 20, right at the thresholds where its formulas jump.
 */
 void resampleOnGrid(const ZEB::LinearSpline & spline, double start, double step, std::size_t n,
 					std::vector<double> & values)
@@ -72,6 +77,17 @@ void resampleOnGrid(const ZEB::LinearSpline & spline, double start, double step,
 		}
 		while (g >= x[i+1])
 			++i;
+		// rounding of the grid and of the converted input times stays within a few units in the
+		// last place of the larger of g and step; nothing recorded is that close to a knot
+		const double tolerance = 64 * std::numeric_limits<double>::epsilon() * (std::fabs(g) + step);
+		if (g - x[i] <= tolerance) {
+			values[k] = y[i];
+			continue;
+		}
+		if (x[i+1] - g <= tolerance) {
+			values[k] = y[i+1];
+			continue;
+		}
 		const double t = (g - x[i]) / (x[i+1] - x[i]);
 		const double dy = y[i+1] - y[i];
 		// the difference of two huge values of opposite sign can overflow; the weighted form cannot

@@ -162,6 +162,39 @@ TEST(EMModelBase, ResamplingMatchesSpline) {
 }
 
 
+TEST(EMModelBase, RecordedValuesSurviveResampling) {
+	// Values recorded to 0.1 that sit on the models' thresholds (0, 20 and 50 C for mould,
+	// 80/85 % critical humidity, 95 % wood activation, 99.999 and 100 %) and their neighbours,
+	// a year of hourly records in several time units. Every grid point meets a record, so the
+	// model must see each recorded value exactly, not one unit in the last place off.
+	const std::vector<double> thresholds = { 0, 20, 50, 80, 85, 95, 99.999, 100, 19.9, 20.1, 94.9, 95.1, -0.1, 0.1 };
+	struct TimeBase { const char * unit; double perHour; };
+	for (const TimeBase & base : { TimeBase{"s", 3600}, TimeBase{"min", 60}, TimeBase{"h", 1}, TimeBase{"d", 1.0/24} }) {
+		EM::TimeSeries t, rh;
+		t.m_timeUnit = rh.m_timeUnit = ZEB::Unit(base.unit);
+		t.m_valueUnit = ZEB::Unit("C");
+		rh.m_valueUnit = ZEB::Unit("%");
+		for (int h = 0; h < 8760; ++h) {
+			t.m_time.push_back(h * base.perHour);
+			rh.m_time.push_back(h * base.perHour);
+			t.m_values.push_back(thresholds[h % thresholds.size()]);
+			rh.m_values.push_back(thresholds[(h * 7 + 3) % thresholds.size()]);
+		}
+		GridProbe days(1.0/24, "d"), hours(1, "h");
+		for (GridProbe * probe : { &days, &hours }) {
+			ZEB::UnitVector x, y;
+			probe->calculate(t, rh, x, y);
+			ASSERT_EQ(x.size(), 8760u) << base.unit;
+			std::size_t changed = 0;
+			for (std::size_t k = 0; k < x.size(); ++k)
+				if (y.m_data[k] != t.m_values[k] || probe->m_humidity[k] != rh.m_values[k])
+					++changed;
+			EXPECT_EQ(changed, 0u) << "time unit " << base.unit << ", model unit " << x.m_unit.name();
+		}
+	}
+}
+
+
 TEST(EMModelBase, EmptyAndDisjointInputs) {
 	EM::ModelTwo2DViitanenMould model;
 	ZEB::UnitVector x(3, 1.0), y(3, 2.0);

@@ -96,6 +96,27 @@ TEST(EMMouldModel, GrowthAtConstantClimate) {
 }
 
 
+TEST(EMMouldModel, RecordsOnThresholdsReachTheModelUnchanged) {
+	// 20 C at 80 % sits exactly on the critical humidity (growth); 15 C at 95 % grows too. A
+	// grid value a hair below 20 C would raise the critical humidity to 80.04 % and turn growth
+	// into decline, so the index would fall. Given hourly, the whole calculation must equal the
+	// model loop over the recorded values, and never decrease.
+	std::vector<double> T, RH;
+	for (int h = 0; h < 24 * 120; ++h) {
+		T.push_back(h % 2 == 0 ? 20.0 : 15.0);
+		RH.push_back(h % 2 == 0 ? 80.0 : 95.0);
+	}
+	EM::ModelTwo2DViitanenMould model;
+	std::vector<double> M;
+	model.mouldIndex(T, RH, M);
+	ZEB::UnitVector x, y;
+	model.calculate(hourlySeries(T, "C"), hourlySeries(RH, "%"), x, y);
+	EXPECT_EQ(y.m_data, M);
+	for (std::size_t i = 1; i < y.size(); ++i)
+		ASSERT_GE(y.m_data[i], y.m_data[i-1]) << "hour " << i;
+}
+
+
 TEST(EMMouldModel, DeclineInDrySpell) {
 	EM::ModelTwo2DViitanenMould model; // DC 4: decline factor 0.1
 	std::vector<double> T, RH, M;

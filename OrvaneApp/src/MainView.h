@@ -28,7 +28,7 @@ class MainView : public QWidget {
 	Q_OBJECT
 public:
 	/*! Interval of the auto-refresh of the charts, in milliseconds. */
-	static const int AUTO_REFRESH_INTERVAL_MS = 1000;
+	static constexpr int AUTO_REFRESH_INTERVAL_MS = 1000;
 
 	/*! The actions, for the menus of the main window. */
 	struct Actions {

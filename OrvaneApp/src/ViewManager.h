@@ -32,7 +32,7 @@ class ViewManager : public QWidget {
 	Q_OBJECT
 public:
 	/*! Pause between two scripted exports (and before the first), in milliseconds. */
-	static const int SCRIPTED_EXPORT_DELAY_MS = 100;
+	static constexpr int SCRIPTED_EXPORT_DELAY_MS = 100;
 
 	explicit ViewManager(QWidget * parent = nullptr);
 	~ViewManager() override;

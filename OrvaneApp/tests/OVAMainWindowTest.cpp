@@ -69,18 +69,21 @@ TEST_F(MainWindowTest, CancelInTheSaveQuestionKeepsWindowAndSession) {
 
 TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
 	const QString file = writeModifiedSession("mw-close");
-	OVAMainWindow window;
-	window.show();
-	answerWith(OVP::UserInteraction::AnswerDiscard);
+	{
+		OVAMainWindow window;
+		window.show();
+		answerWith(OVP::UserInteraction::AnswerDiscard);
 
-	EXPECT_TRUE(window.close());
-	EXPECT_FALSE(handler().isValid());
-	std::unique_ptr<QSettings> store = m_settings->openStore();
-	EXPECT_EQ(store->value("LastProjectFile").toString(), file);
-	EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
-	EXPECT_FALSE(store->value("MainWindowState").toByteArray().isEmpty());
+		EXPECT_TRUE(window.close());
+		EXPECT_FALSE(handler().isValid());
+		std::unique_ptr<QSettings> store = m_settings->openStore();
+		EXPECT_EQ(store->value("LastProjectFile").toString(), file);
+		EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
+		EXPECT_FALSE(store->value("MainWindowState").toByteArray().isEmpty());
+	}
 
-	// a second window without session clears the last session file
+	// a second window (there is one main window at a time) without session clears the last
+	// session file
 	OVAMainWindow second;
 	second.show();
 	EXPECT_TRUE(second.close());

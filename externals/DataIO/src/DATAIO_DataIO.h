@@ -106,7 +106,7 @@ public:
 	static const char * const KW_TIME_UNIT;
 	static const char * const KW_START_YEAR;
 	/*! Start year of a container whose file does not name one. */
-	static const std::int32_t UNSET_START_YEAR = -10000;
+	static constexpr std::int32_t UNSET_START_YEAR = -10000;
 	static const char * const KW_INDICES;
 	static const char * const KW_TABLE;
 	static const char * const KW_ELEMENTS;

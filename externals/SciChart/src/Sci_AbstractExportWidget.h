@@ -32,8 +32,8 @@ protected:
 	/*! The chart's size on screen, 800 x 600 without a chart; each side at least 1 pixel. */
 	QSize screenSize() const;
 	/*! The side that keeps the chart's proportions with the other side given. */
-	double heightForWidth(double width) const { return width/m_aspectRatio; }
-	double widthForHeight(double height) const { return height*m_aspectRatio; }
+	double proportionalHeight(double width) const { return width/m_aspectRatio; }
+	double proportionalWidth(double height) const { return height*m_aspectRatio; }
 
 	/*! Creates a width and a height edit named xName and yName in row of grid, in columns 1
 		and 3 with an "x" between them.

@@ -1,6 +1,7 @@
 #include "Sci_ChartExporter.h"
 
 #include <cmath>
+#include <limits>
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -119,7 +120,12 @@ QImage ChartExporter::renderImage(QwtPlot * plot, const QSize & sizePx, int dpi,
 	if (dpi < 1)
 		throw ZEB::Exception(ZEB::MessageFormat("Invalid resolution %1 dpi.").arg(dpi), FUNC_ID);
 
-	QImage image(sizePx, QImage::Format_ARGB32_Premultiplied);
+	// 4 bytes a pixel; beyond 2 GiB the allocation is refused here instead of being left to the
+	// allocator, which may hand out terabytes of address space and fail only when they are touched
+	const double bytes = 4.0 * sizePx.width() * sizePx.height();
+	QImage image;
+	if (bytes <= std::numeric_limits<int>::max())
+		image = QImage(sizePx, QImage::Format_ARGB32_Premultiplied);
 	if (image.isNull())
 		throw ZEB::Exception(ZEB::MessageFormat("Cannot create a bitmap of %1 x %2 pixels.")
 							 .arg(sizePx.width()).arg(sizePx.height()), FUNC_ID);

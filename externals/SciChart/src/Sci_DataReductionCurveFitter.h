@@ -14,9 +14,9 @@ namespace SCI {
 class DataReductionCurveFitter : public QwtWeedingCurveFitter {
 public:
 	/*! Most points a reduced curve should keep. */
-	static const int MAXIMUM_POINTS = 500;
+	static constexpr int MAXIMUM_POINTS = 500;
 	/*! Points per chunk of the reduction. */
-	static const int CHUNK_SIZE = 100;
+	static constexpr int CHUNK_SIZE = 100;
 
 	DataReductionCurveFitter();
 

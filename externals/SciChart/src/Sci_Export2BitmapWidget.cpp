@@ -131,28 +131,28 @@ void Export2BitmapWidget::on_spinBox_resolution_valueChanged(int) {
 
 void Export2BitmapWidget::on_lineEditPixelX_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelX->isValid())
-		m_ui->lineEditPixelY->setValue(pixelCount(heightForWidth(m_ui->lineEditPixelX->value())), 0);
+		m_ui->lineEditPixelY->setValue(pixelCount(proportionalHeight(m_ui->lineEditPixelX->value())), 0);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditPixelY_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditPixelY->isValid())
-		m_ui->lineEditPixelX->setValue(pixelCount(widthForHeight(m_ui->lineEditPixelY->value())), 0);
+		m_ui->lineEditPixelX->setValue(pixelCount(proportionalWidth(m_ui->lineEditPixelY->value())), 0);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditMMX_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMX->isValid())
-		m_ui->lineEditMMY->setValue(heightForWidth(m_ui->lineEditMMX->value()), 1);
+		m_ui->lineEditMMY->setValue(proportionalHeight(m_ui->lineEditMMX->value()), 1);
 	updateDimensions();
 }
 
 
 void Export2BitmapWidget::on_lineEditMMY_editingFinished() {
 	if (m_ui->checkBoxAspectRatio->isChecked() && m_ui->lineEditMMY->isValid())
-		m_ui->lineEditMMX->setValue(widthForHeight(m_ui->lineEditMMY->value()), 1);
+		m_ui->lineEditMMX->setValue(proportionalWidth(m_ui->lineEditMMY->value()), 1);
 	updateDimensions();
 }
 

@@ -18,7 +18,7 @@ class Export2BitmapWidget : public AbstractExportWidget {
 	Q_OBJECT
 public:
 	/*! Largest width or height that is rendered for the previews. */
-	static const int MAX_PREVIEW_SIDE = 4000;
+	static constexpr int MAX_PREVIEW_SIDE = 4000;
 
 	/*! Starts with the chart's size on screen at screen resolution. */
 	explicit Export2BitmapWidget(QwtPlot * plot, QWidget * parent = nullptr);

@@ -79,7 +79,7 @@ QSizeF Export2VectorWidget::sizeMM() const {
 
 void Export2VectorWidget::on_lineEditMMX_editingFinishedSuccessfully() {
 	if (m_ui->checkBoxAspectRatio->isChecked())
-		m_ui->lineEditMMY->setValue(heightForWidth(m_ui->lineEditMMX->value()), 1);
+		m_ui->lineEditMMY->setValue(proportionalHeight(m_ui->lineEditMMX->value()), 1);
 	storeDimensions();
 	settingsChanged();
 }
@@ -87,7 +87,7 @@ void Export2VectorWidget::on_lineEditMMX_editingFinishedSuccessfully() {
 
 void Export2VectorWidget::on_lineEditMMY_editingFinishedSuccessfully() {
 	if (m_ui->checkBoxAspectRatio->isChecked())
-		m_ui->lineEditMMX->setValue(widthForHeight(m_ui->lineEditMMY->value()), 1);
+		m_ui->lineEditMMX->setValue(proportionalWidth(m_ui->lineEditMMY->value()), 1);
 	storeDimensions();
 	settingsChanged();
 }

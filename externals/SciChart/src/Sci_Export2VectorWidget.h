@@ -17,7 +17,7 @@ class Export2VectorWidget : public AbstractExportWidget {
 	Q_OBJECT
 public:
 	/*! Largest width or height of the preview image in pixels. */
-	static const int MAX_PREVIEW_SIDE = 800;
+	static constexpr int MAX_PREVIEW_SIDE = 800;
 
 	/*! Starts with the chart's size on screen in millimetres. */
 	explicit Export2VectorWidget(QwtPlot * plot, QWidget * parent = nullptr);

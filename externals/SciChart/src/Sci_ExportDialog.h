@@ -25,7 +25,7 @@ class ExportDialog : public QDialog {
 	Q_OBJECT
 public:
 	/*! Resolution of command-line bitmap exports when none is given, in dots per inch. */
-	static const int DEFAULT_RESOLUTION = 300;
+	static constexpr int DEFAULT_RESOLUTION = 300;
 
 	explicit ExportDialog(QwtPlot * plot, QWidget * parent = nullptr);
 	~ExportDialog() override;

@@ -15,7 +15,7 @@ public:
 	/*! Settings key of the list. */
 	static const char * const SETTINGS_KEY;
 	/*! Most entries kept. */
-	static const int MAX_ENTRIES = 10;
+	static constexpr int MAX_ENTRIES = 10;
 
 	/*! The stored entries, newest first. */
 	static QStringList entries();

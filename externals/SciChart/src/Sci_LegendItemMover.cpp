@@ -10,28 +10,29 @@
 namespace SCI {
 
 LegendItemMover::LegendItemMover(QwtPlot * plot, LegendItem * item) :
-	QObject(plot),
+	QObject(plot->canvas()),
 	m_plot(plot),
+	m_canvas(plot->canvas()),
 	m_item(item)
 {
-	m_plot->canvas()->installEventFilter(this);
+	m_canvas->installEventFilter(this);
 }
 
 
 bool LegendItemMover::eventFilter(QObject * watched, QEvent * event) {
-	if (watched != m_plot->canvas())
+	if (m_canvas.isNull() || watched != m_canvas.data())
 		return false;
 	switch (event->type()) {
 		case QEvent::MouseButtonPress : {
 			QMouseEvent * e = static_cast<QMouseEvent *>(event);
 			if (e->button() != Qt::LeftButton || m_item->plot() != m_plot || !m_item->isVisible())
 				return false;
-			if (!m_item->geometry(m_plot->canvas()->contentsRect()).contains(e->pos()))
+			if (!m_item->geometry(m_canvas->contentsRect()).contains(e->pos()))
 				return false;
 			m_dragging = true;
 			m_start = e->pos();
 			m_startOffset = m_item->offset();
-			m_plot->canvas()->setCursor(Qt::SizeAllCursor);
+			m_canvas->setCursor(Qt::SizeAllCursor);
 			return true;
 		}
 		case QEvent::MouseMove : {
@@ -48,7 +49,7 @@ bool LegendItemMover::eventFilter(QObject * watched, QEvent * event) {
 			if (!m_dragging)
 				return false;
 			m_dragging = false;
-			m_plot->canvas()->unsetCursor();
+			m_canvas->unsetCursor();
 			emit legendMoved(m_item->offset());
 			return true;
 		}

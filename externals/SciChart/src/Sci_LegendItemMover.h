@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 #include <QSize>
 
 class QwtPlot;
@@ -15,6 +16,9 @@ class LegendItem;
 	the legend follows the mouse; when the button is released, legendMoved() hands the new
 	offset on (the chart stores it in its model). Mouse events that start on the legend do not
 	reach zoomer and picker.
+	The mover belongs to the canvas it watches, so it goes with the canvas; events that the
+	canvas receives while the plot is torn down are recognised by the stored canvas pointer
+	alone, without calling into the plot that is being destroyed.
 */
 class LegendItemMover : public QObject {
 	Q_OBJECT
@@ -29,13 +33,15 @@ signals:
 	void legendMoved(const QSize & offset);
 
 private:
-	QwtPlot *		m_plot;
-	LegendItem *	m_item;
-	bool			m_dragging = false;
+	QwtPlot *			m_plot;
+	/*! The watched canvas; compared with the watched object, never dereferenced after its end. */
+	QPointer<QWidget>	m_canvas;
+	LegendItem *		m_item;
+	bool				m_dragging = false;
 	/*! Mouse position where the drag began. */
-	QPoint			m_start;
+	QPoint				m_start;
 	/*! Offset of the legend when the drag began. */
-	QSize			m_startOffset;
+	QSize				m_startOffset;
 };
 
 } // namespace SCI

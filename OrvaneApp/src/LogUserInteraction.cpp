@@ -20,6 +20,14 @@ void LogUserInteraction::showCritical(QWidget *, const QString & title, const QS
 }
 
 
+bool LogUserInteraction::askRestoreFromBackup(QWidget *, const QString & title, const QString & text) {
+	FUNCID(LogUserInteraction::askRestoreFromBackup);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> the backup is not used in a scripted run.")
+					   .arg(title.toStdString()).arg(text.toStdString()).str(), FUNC_ID);
+	return false;
+}
+
+
 QString LogUserInteraction::saveFileName(QWidget *, const QString & caption, const QString &, const QString &) {
 	FUNCID(LogUserInteraction::saveFileName);
 	ZEB::reportWarning(ZEB::MessageFormat("%1: no file can be chosen in a scripted run.")

@@ -5,13 +5,14 @@
 
 /*! The user interaction of a scripted run (command-line chart export), where nobody is there to
 	answer: notices go to the log as errors, questions about unsaved changes are answered with
-	"discard" and file name questions are cancelled. The program therefore never waits for a
-	dialog while it exports charts.
+	"discard", a session is not restored from its backup and file name questions are cancelled.
+	The program therefore never waits for a dialog while it exports charts.
 */
 class LogUserInteraction : public OVP::UserInteraction {
 public:
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
 	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
+	bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
 };

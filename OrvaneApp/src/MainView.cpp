@@ -98,7 +98,8 @@ void MainView::openSession(const QString & fileName) {
 	if (handler.isValid() && !handler.closeProject(this))
 		return;
 	const QFileInfo info(fileName);
-	if (info.isFile() && info.isReadable()) {
+	// a file that exists but cannot be read is handed on, too: it may be restored from its backup
+	if (info.isFile()) {
 		if (handler.loadProject(this, info.absoluteFilePath(), false))
 			return;
 		// the failure has been shown; the old session is closed already

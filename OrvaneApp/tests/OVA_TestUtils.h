@@ -55,6 +55,10 @@ public:
 	void showCritical(QWidget *, const QString & title, const QString & text) override {
 		m_shown.append(title + ": " + text);
 	}
+	bool askRestoreFromBackup(QWidget *, const QString &, const QString & text) override {
+		m_shown.append(text);
+		return false;
+	}
 	QString saveFileName(QWidget *, const QString &, const QString &, const QString &) override {
 		return QString();
 	}

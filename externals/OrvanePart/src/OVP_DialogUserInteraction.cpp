@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace OVP {
 
@@ -21,6 +22,16 @@ UserInteraction::SaveAnswer DialogUserInteraction::askSaveDiscardCancel(QWidget 
 
 void DialogUserInteraction::showCritical(QWidget * parent, const QString & title, const QString & text) {
 	QMessageBox::critical(parent, title, text);
+}
+
+
+bool DialogUserInteraction::askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) {
+	QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, parent);
+	QPushButton * restore = box.addButton(QObject::tr("Restore from backup"), QMessageBox::AcceptRole);
+	box.addButton(QMessageBox::Cancel);
+	box.setDefaultButton(restore);
+	box.exec();
+	return box.clickedButton() == restore;
 }
 
 

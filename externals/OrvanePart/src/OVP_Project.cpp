@@ -11,6 +11,8 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
+#include <Sci_XMLFile.h>
+
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_ProjectRelativePath.h"
@@ -124,7 +126,7 @@ void Project::readMappers(const TiXmlElement * element, const QString & projectD
 }
 
 
-void Project::writeXML(const QString & fileName, bool writeAll) const {
+void Project::writeXML(const QString & fileName, bool writeAll, const QString & backupName) const {
 	FUNCID(Project::writeXML);
 	const QString projectDir = QFileInfo(fileName).absolutePath();
 	TiXmlDocument doc;
@@ -153,14 +155,7 @@ void Project::writeXML(const QString & fileName, bool writeAll) const {
 	root->LinkEndChild(new TiXmlComment("Split window state."));
 	m_splitLayout.writeXML(root);
 
-	TiXmlPrinter printer;
-	printer.SetIndent("\t");
-	doc.Accept(&printer);
-	QFile file(fileName);
-	const qint64 size = static_cast<qint64>(printer.Size());
-	if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(printer.CStr(), size) != size || !file.flush())
-		throw ZEB::Exception(ZEB::MessageFormat("Cannot write file '%1' (%2).")
-							 .arg(fileName.toStdString()).arg(file.errorString().toStdString()), FUNC_ID);
+	SCI::XMLFile::save(doc, fileName, FUNC_ID, backupName);
 }
 
 

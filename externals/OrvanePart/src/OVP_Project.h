@@ -37,9 +37,11 @@ public:
 	void readXML(const QString & fileName, DataManager & dataManager);
 
 	/*! Writes the project file; paths are stored relative to its folder where possible and the
-		chart models write all properties when writeAll is set. Throws ZEB::Exception.
+		chart models write all properties when writeAll is set. The previous file is replaced
+		only by complete content and, with a backupName, kept as that backup (SCI::XMLFile::save).
+		Throws ZEB::Exception; the previous file and backup are then unchanged.
 	*/
-	void writeXML(const QString & fileName, bool writeAll) const;
+	void writeXML(const QString & fileName, bool writeAll, const QString & backupName = QString()) const;
 
 	/*! The mappers; the project owns the model and the model owns the mappers. */
 	MapperTreeModel * mapperModel() const { return m_mapperModel.get(); }

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSaveFile>
 #include <QSettings>
 
 #include <ZEB_Exception.h>
@@ -24,6 +25,13 @@ namespace {
 
 /*! Settings key of the folder of the project file last loaded or saved. */
 const char * const LAST_PROJECT_DIRECTORY_KEY = "LastProjectDirectory";
+
+/*! The backup copy of a project file: the name without its last three characters (".o2")
+	followed by ".bak".
+*/
+QString backupFileName(const QString & fileName) {
+	return fileName.left(fileName.size() - 3) + ".bak";
+}
 
 } // namespace
 
@@ -107,6 +115,11 @@ bool ProjectHandler::closeProject(QWidget * parent) {
 bool ProjectHandler::loadProject(QWidget * parent, const QString & fileName, bool silent) {
 	QStringList errors;
 	std::unique_ptr<Project> project = read(fileName, errors);
+	bool restored = false;
+	if (!project && !silent) {
+		project = restoreFromBackup(parent, fileName, errors);
+		restored = project != nullptr;
+	}
 	if (!project) {
 		if (!silent)
 			m_userInteraction->showCritical(parent, tr("Error loading project"),
@@ -118,7 +131,8 @@ bool ProjectHandler::loadProject(QWidget * parent, const QString & fileName, boo
 	m_project = std::move(project);
 	m_projectFile = fileName;
 	updateLastReadTime();
-	m_modified = false;
+	// a restored session differs from its file until it is saved
+	m_modified = restored;
 	rememberProjectFile(fileName);
 	emit projectChanged();
 	return true;
@@ -157,19 +171,11 @@ bool ProjectHandler::write(const QString & fileName, QStringList & errors) {
 	FUNCID(ProjectHandler::write);
 	checkValid(FUNC_ID);
 	const std::string utf8Name = fileName.toStdString();
-	// keep the previous file, so that a failed write can restore it
-	const QString backupName = fileName.left(fileName.size() - 3) + ".bak";
-	if (QFileInfo::exists(fileName)) {
-		if (QFileInfo::exists(backupName))
-			QFile::remove(backupName);
-		if (!QFile::copy(fileName, backupName))
-			ZEB::reportWarning(ZEB::MessageFormat("Cannot create backup copy '%1' of the project file.")
-							   .arg(backupName.toStdString()).str(), FUNC_ID);
-	}
-
 	{
-		QFile test(fileName);
-		if (!test.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+		// the test creates the temporary file that saving needs beside the file and removes it
+		// again; the file itself is not touched
+		QSaveFile test(fileName);
+		if (!test.open(QIODevice::WriteOnly)) {
 			ZEB::reportError(ZEB::MessageFormat("Error writing file '%1' (path does not exists or missing permissions).")
 							 .arg(utf8Name).str(), FUNC_ID);
 			errors.append(tr("Cannot create/write file '%1' (path does not exists or missing permissions).").arg(fileName));
@@ -178,7 +184,8 @@ bool ProjectHandler::write(const QString & fileName, QStringList & errors) {
 	}
 
 	try {
-		m_project->writeXML(fileName, Settings::instance().m_writeAll);
+		// the previous file and its backup stay untouched unless the new file is saved completely
+		m_project->writeXML(fileName, Settings::instance().m_writeAll, backupFileName(fileName));
 		m_projectFile = fileName;
 		updateLastReadTime();
 		return true;
@@ -194,12 +201,6 @@ bool ProjectHandler::write(const QString & fileName, QStringList & errors) {
 								.arg(utf8Name).arg(ex.what()).str();
 		ZEB::reportError(msg, FUNC_ID);
 		errors.append(QString::fromStdString(msg));
-	}
-	if (QFileInfo::exists(backupName)) {
-		QFile::remove(fileName);
-		if (!QFile::copy(backupName, fileName))
-			ZEB::reportError(ZEB::MessageFormat("Cannot restore the project file from its backup copy '%1'.")
-							 .arg(backupName.toStdString()).str(), FUNC_ID);
 	}
 	return false;
 }
@@ -357,6 +358,28 @@ std::unique_ptr<Project> ProjectHandler::read(const QString & fileName, QStringL
 		return nullptr;
 	}
 	return project;
+}
+
+
+std::unique_ptr<Project> ProjectHandler::restoreFromBackup(QWidget * parent, const QString & fileName,
+															const QStringList & errors)
+{
+	FUNCID(ProjectHandler::restoreFromBackup);
+	const QString backupName = backupFileName(fileName);
+	if (!QFileInfo::exists(backupName))
+		return nullptr;
+	QStringList backupErrors;
+	std::unique_ptr<Project> backup = read(backupName, backupErrors);
+	if (!backup)
+		return nullptr;
+	if (!m_userInteraction->askRestoreFromBackup(parent, tr("Restore from backup"),
+			tr("The session file '%1' cannot be read:\n%2\n\nIts backup copy '%3' can be read. Restore the session "
+			   "from the backup? The session file itself is replaced only when you save the session.")
+			.arg(fileName, errors.join("\n"), backupName)))
+		return nullptr;
+	ZEB::reportProgress(ZEB::MessageFormat("Session '%1' restored from its backup copy '%2'.\n")
+						.arg(fileName.toStdString()).arg(backupName.toStdString()).str(), FUNC_ID, 1);
+	return backup;
 }
 
 

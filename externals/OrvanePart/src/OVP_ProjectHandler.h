@@ -88,17 +88,21 @@ public:
 		cancelled or saving failed; the project is then kept.
 	*/
 	bool closeProject(QWidget * parent);
-	/*! Reads a project file and, on success, makes it the open project. On failure the open
-		project stays and, unless silent, the errors are shown. Returns true on success.
+	/*! Reads a project file and, on success, makes it the open project. When the file cannot be
+		read but its backup copy can, the user is offered to restore the session from the backup
+		(not when silent); the restored session gets the file's name and is modified, the file
+		itself is left as it is until the session is saved. On failure the open project stays
+		and, unless silent, the errors are shown. Returns true on success.
 	*/
 	bool loadProject(QWidget * parent, const QString & fileName, bool silent);
 	/*! Asks for a file name and saves the project there. */
 	SaveResult saveWithNewFilename(QWidget * parent);
 	/*! Saves the project to a file (".o2" is appended when missing); a failure is shown. */
 	SaveResult saveProject(QWidget * parent, const QString & fileName);
-	/*! Writes the project file, keeping a backup copy of the previous file that is restored when
-		writing fails. On success the file becomes the project file. Error texts are appended to
-		errors; returns false on failure.
+	/*! Writes the project file and keeps the previous file as backup copy (the name with ".bak"
+		instead of ".o2"). The file is replaced only by complete content, and the backup only
+		after that, so a failure leaves both as they were. On success the file becomes the
+		project file. Error texts are appended to errors; returns false on failure.
 	*/
 	bool write(const QString & fileName, QStringList & errors);
 	/*! Takes the last read time from the project file; throws ZEB::Exception without a project. */
@@ -153,6 +157,10 @@ private:
 		and to errors and null is returned. The open project is not touched.
 	*/
 	std::unique_ptr<Project> read(const QString & fileName, QStringList & errors);
+	/*! Called when the file fileName could not be read (errors): reads its backup copy and, when
+		that works and the user agrees, returns the project read from it; null otherwise.
+	*/
+	std::unique_ptr<Project> restoreFromBackup(QWidget * parent, const QString & fileName, const QStringList & errors);
 	/*! Replaces the open project (null closes it) and announces it. */
 	void replaceProject(std::unique_ptr<Project> project);
 	/*! Remembers the folder of a project file as last used directory and the file as recent

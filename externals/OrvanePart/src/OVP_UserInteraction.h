@@ -28,6 +28,11 @@ public:
 	/*! Shows an error notice with an Ok button. */
 	virtual void showCritical(QWidget * parent, const QString & title, const QString & text) = 0;
 
+	/*! Offers to restore a session whose file cannot be read from its backup copy; true when
+		the user accepts.
+	*/
+	virtual bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) = 0;
+
 	/*! Asks for the name of a file to save to; an empty text means the user cancelled.
 		\param caption Dialog caption.
 		\param defaultFile File name the dialog starts with.

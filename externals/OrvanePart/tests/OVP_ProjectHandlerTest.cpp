@@ -3,11 +3,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QSignalSpy>
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
+#include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #endif
 
@@ -189,41 +194,211 @@ TEST_F(ProjectHandlerTest, FailedSaveKeepsFileAndFlag) {
 }
 
 
-#ifdef Q_OS_UNIX
-TEST_F(ProjectHandlerTest, WriteFailureRestoresBackup) {
-	const QString dir = scratchDir("restore");
+TEST_F(ProjectHandlerTest, UnreadableFileOffersBackup) {
+	const QString dir = scratchDir("offer");
+	const QString file = dir + "/p.o2";
 	OVP::ProjectHandler & h = handler();
 	h.newProject();
-	h.addDirectory(dir);
-	ASSERT_EQ(h.saveProject(nullptr, dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
-	const QString previous = readText(dir + "/p.o2");
-	ASSERT_LT(previous.size(), 2000);
-	// make the new content much larger than the file size limit below
-	for (int i = 0; i < 100; ++i)
-		h.addDirectory(dir + QString("/a rather long sub-directory name number %1").arg(i));
+	h.addDirectory(dir + "/a");
+	ASSERT_EQ(h.saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	h.addDirectory(dir + "/b");
+	ASSERT_EQ(h.saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	// what a writer that died half-way leaves behind
+	const QString broken = readText(file).left(readText(file).size() / 2);
+	writeText(file, broken);
+	h.newProject();
 
-	// writes beyond 4096 bytes fail: the file opens, but the content cannot be written
-	struct rlimit old;
-	ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
-	struct rlimit limited = old;
-	limited.rlim_cur = 4096;
-	void (*oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
-	ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
-	const OVP::ProjectHandler::SaveResult result = h.saveProject(nullptr, dir + "/p.o2");
-	setrlimit(RLIMIT_FSIZE, &old);
-	std::signal(SIGXFSZ, oldHandler);
+	// declined: the load fails as it would without a backup
+	m_ui->m_restoreAnswers = { false };
+	EXPECT_FALSE(h.loadProject(nullptr, file, false));
+	ASSERT_EQ(m_ui->m_shown.size(), 2u);
+	EXPECT_EQ(m_ui->m_shown[0].m_kind, "restore");
+	EXPECT_EQ(m_ui->m_shown[0].m_title, "Restore from backup");
+	EXPECT_TRUE(m_ui->m_shown[0].m_text.contains(dir + "/p.bak"));
+	EXPECT_EQ(m_ui->m_shown[1].m_title, "Error loading project");
+	EXPECT_TRUE(h.project().m_directories.empty());
+	EXPECT_TRUE(h.projectFile().isEmpty());
 
-	EXPECT_EQ(result, OVP::ProjectHandler::SaveFailed);
+	// accepted: the backup's session under the file's name, modified; the file is left alone
+	m_ui->m_restoreAnswers = { true };
+	ASSERT_TRUE(h.loadProject(nullptr, file, false));
+	EXPECT_EQ(h.projectFile(), file);
 	EXPECT_TRUE(h.isModified());
-	EXPECT_EQ(readText(dir + "/p.o2"), previous);
-	EXPECT_EQ(readText(dir + "/p.bak"), previous);
-	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "An unexpected error occurred while writing file '"
-								+ (dir + "/p.o2").toStdString() + "'.", "[ProjectHandler::write]"), 1);
-	// the next save works and leaves the previous content as backup
-	EXPECT_EQ(h.saveProject(nullptr, dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
-	EXPECT_EQ(readText(dir + "/p.bak"), previous);
-	ASSERT_TRUE(h.loadProject(nullptr, dir + "/p.o2", false));
-	EXPECT_EQ(h.project().m_directories.size(), 101u);
+	ASSERT_EQ(h.project().m_directories.size(), 1u);
+	EXPECT_EQ(h.project().m_directories[0].m_path, dir + "/a");
+	EXPECT_EQ(readText(file), broken);
+
+	// no offer for silent loads, nor when the backup is broken, too
+	const std::size_t shown = m_ui->m_shown.size();
+	EXPECT_FALSE(h.loadProject(nullptr, file, true));
+	EXPECT_EQ(m_ui->m_shown.size(), shown);
+	writeText(dir + "/p.bak", broken);
+	EXPECT_FALSE(h.loadProject(nullptr, file, false));
+	ASSERT_EQ(m_ui->m_shown.size(), shown + 1);
+	EXPECT_EQ(m_ui->m_shown.back().m_kind, "critical");
+}
+
+
+#ifdef Q_OS_LINUX
+namespace {
+
+/*! A tmpfs mounted on a folder while the object lives; mounting needs root (or CAP_SYS_ADMIN). */
+class TmpfsMount {
+public:
+	TmpfsMount(const QString & dir, const char * options) : m_dir(dir.toLocal8Bit()), m_options(options) {
+		QDir().mkpath(dir);
+		m_mounted = ::mount("tmpfs", m_dir.constData(), "tmpfs", 0, m_options) == 0;
+		m_error = m_mounted ? std::string() : std::strerror(errno);
+	}
+	~TmpfsMount() {
+		if (m_mounted)
+			::umount2(m_dir.constData(), MNT_DETACH);
+	}
+	bool makeReadOnly() const {
+		return ::mount("tmpfs", m_dir.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, m_options) == 0;
+	}
+
+	QByteArray		m_dir;
+	const char *	m_options;
+	bool			m_mounted;
+	std::string		m_error;
+};
+
+
+/*! Sets or clears the immutable attribute, which stops root from writing, too. */
+bool setImmutable(const QString & path, bool immutable) {
+	return QProcess::execute("chattr", { immutable ? "+i" : "-i", path }) == 0;
+}
+
+
+/*! Appends to a file until the file system is full. */
+void fillUp(const QString & path) {
+	QFile f(path);
+	ASSERT_TRUE(f.open(QIODevice::Append | QIODevice::Unbuffered));
+	while (f.write(QByteArray(512, 'x')) > 0) {}
+}
+
+} // namespace
+
+
+/*! Saves that fail in the middle: the previous session file and its backup must come through
+	byte for byte, and the session stays modified.
+*/
+class SafeSaveTest : public ProjectTest {
+protected:
+	static constexpr const char * OLDER_BACKUP = "an older backup, not a session";
+
+	/*! Saves a session with one directory as file, puts a hand-written older backup beside it,
+		and then modifies the session so much that its new file is over 15 kB.
+	*/
+	void prepare(const QString & file) {
+		handler().newProject();
+		handler().addDirectory(m_testDir);
+		ASSERT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+		m_previous = bytes(file);
+		ASSERT_FALSE(m_previous.empty());
+		writeText(backupOf(file), OLDER_BACKUP);
+		for (int i = 0; i < 200; ++i)
+			handler().addDirectory(m_testDir + QString("/a rather long sub-directory name number %1").arg(i));
+	}
+
+	/*! Saves to file, expects a failure with message, and the file and backup as they were. */
+	void expectFailedSaveKeeps(const QString & file, const std::string & message, const char * backup) {
+		m_messages->m_messages.clear();
+		EXPECT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveFailed);
+		EXPECT_TRUE(handler().isModified());
+		EXPECT_EQ(m_ui->m_shown.back().m_text, "Error while saving project file!");
+		EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, message, "[ProjectHandler::write]"), 1) << message;
+		EXPECT_EQ(bytes(file), m_previous);
+		EXPECT_EQ(QFileInfo::exists(backupOf(file)), backup != nullptr);
+		if (backup != nullptr) {
+			EXPECT_EQ(bytes(backupOf(file)), backup);
+		}
+	}
+
+	/*! Saves to file in a process whose files must not grow beyond limit bytes, without core dump. */
+	void saveWithFileSizeLimit(const QString & file, rlim_t limit) {
+		const struct rlimit noCore = { 0, 0 };
+		const struct rlimit fileSize = { limit, limit };
+		::setrlimit(RLIMIT_CORE, &noCore);
+		std::signal(SIGXFSZ, SIG_DFL);
+		::setrlimit(RLIMIT_FSIZE, &fileSize);
+		handler().saveProject(nullptr, file);
+		std::exit(0);
+	}
+
+	/*! The bytes of a file; empty when it cannot be read. */
+	static std::string bytes(const QString & path) {
+		QFile f(path);
+		return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+	}
+	static QString backupOf(const QString & file) { return file.left(file.size() - 3) + ".bak"; }
+
+	std::string m_previous;
+};
+
+
+TEST_F(SafeSaveTest, FullDiskReadOnlyFileAndFolder) {
+	// root ignores permission bits: a read-only file is an immutable one, a read-only folder a
+	// read-only mount
+	const TmpfsMount disk(m_testDir + "/disk", "size=64k");
+	if (!disk.m_mounted)
+		GTEST_SKIP() << "a small tmpfs cannot be mounted here (" << disk.m_error << "); needs root";
+	const QString dir = QString::fromLocal8Bit(disk.m_dir);
+	const QString file = dir + "/p.o2";
+	prepare(file);
+	const std::string cannotWrite = "Error writing file '" + file.toStdString()
+									+ "' (path does not exists or missing permissions).";
+	const std::string unexpected = "An unexpected error occurred while writing file '" + file.toStdString() + "'.";
+	if (!setImmutable(file, true))
+		GTEST_SKIP() << "the immutable attribute cannot be set on tmpfs files here";
+	expectFailedSaveKeeps(file, cannotWrite, OLDER_BACKUP);
+	ASSERT_TRUE(setImmutable(file, false));
+
+	fillUp(dir + "/filler");
+	expectFailedSaveKeeps(file, unexpected, OLDER_BACKUP);
+	// no temporary file is left behind
+	EXPECT_EQ(QDir(dir).entryList(QDir::Files | QDir::Hidden), QStringList({ "filler", "p.bak", "p.o2" }));
+	// without a backup: there is room neither for the new content nor for a copy of the file
+	ASSERT_TRUE(QFile::remove(backupOf(file)));
+	fillUp(dir + "/filler");
+	expectFailedSaveKeeps(file, unexpected, nullptr);
+
+	ASSERT_TRUE(disk.makeReadOnly()) << std::strerror(errno);
+	expectFailedSaveKeeps(file, cannotWrite, nullptr);
+}
+
+
+TEST_F(SafeSaveTest, BackupNotReplacedAfterSave) {
+	// a backup that is a mount point cannot be renamed over, which fails only at the very end
+	const QString file = m_testDir + "/p.o2";
+	prepare(file);
+	writeText(m_testDir + "/elsewhere", OLDER_BACKUP);
+	const QByteArray backup = backupOf(file).toLocal8Bit();
+	if (::mount(QFile::encodeName(m_testDir + "/elsewhere").constData(), backup.constData(), nullptr, MS_BIND, nullptr) != 0)
+		GTEST_SKIP() << "a file cannot be bind-mounted here (" << std::strerror(errno) << "); needs root";
+	const OVP::ProjectHandler::SaveResult result = handler().saveProject(nullptr, file);
+	::umount2(backup.constData(), MNT_DETACH);
+	// the new file is saved; the backup keeps its older content, and the log says so
+	EXPECT_EQ(result, OVP::ProjectHandler::SaveOK);
+	EXPECT_FALSE(handler().isModified());
+	EXPECT_EQ(bytes(backupOf(file)), OLDER_BACKUP);
+	EXPECT_NE(bytes(file), m_previous);
+	const RecordedMessage & warning = m_messages->m_messages.back();
+	EXPECT_EQ(warning.m_type, ZEB::MSG_WARNING);
+	EXPECT_EQ(warning.m_where, "[Project::writeXML]");
+	EXPECT_NE(warning.m_text.find("could not be updated"), std::string::npos) << warning.m_text;
+	EXPECT_EQ(QDir(m_testDir).entryList({ "p.bak*" }, QDir::Files | QDir::Hidden), QStringList({ "p.bak" }));
+}
+
+
+TEST_F(SafeSaveTest, KilledWriter) {
+	const QString file = m_testDir + "/p.o2";
+	prepare(file);
+	// the kernel kills the writer (SIGXFSZ) as soon as a file it writes grows beyond 8 kB
+	EXPECT_EXIT(saveWithFileSizeLimit(file, 8192), ::testing::KilledBySignal(SIGXFSZ), "");
+	EXPECT_EQ(bytes(file), m_previous);
+	EXPECT_EQ(bytes(backupOf(file)), OLDER_BACKUP);
 }
 #endif
 

@@ -20,17 +20,28 @@ int MessageRecorder::count(ZEB::MsgType type, const std::string & text, const st
 }
 
 
+namespace {
+
+/*! The next prepared reply; an exhausted list fails the test and gives none. */
+template <typename T>
+T nextReply(std::deque<T> & replies, const QString & shown, T none) {
+	if (replies.empty()) {
+		ADD_FAILURE() << "unexpected dialog: " << shown.toStdString();
+		return none;
+	}
+	const T reply = replies.front();
+	replies.pop_front();
+	return reply;
+}
+
+} // namespace
+
+
 OVP::UserInteraction::SaveAnswer TestUserInteraction::askSaveDiscardCancel(QWidget *, const QString & title,
 																		   const QString & text)
 {
 	m_shown.push_back(Shown{ "question", title, text, QString() });
-	if (m_saveAnswers.empty()) {
-		ADD_FAILURE() << "unexpected question: " << text.toStdString();
-		return AnswerCancel;
-	}
-	const SaveAnswer answer = m_saveAnswers.front();
-	m_saveAnswers.pop_front();
-	return answer;
+	return nextReply(m_saveAnswers, text, AnswerCancel);
 }
 
 
@@ -39,17 +50,17 @@ void TestUserInteraction::showCritical(QWidget *, const QString & title, const Q
 }
 
 
+bool TestUserInteraction::askRestoreFromBackup(QWidget *, const QString & title, const QString & text) {
+	m_shown.push_back(Shown{ "restore", title, text, QString() });
+	return nextReply(m_restoreAnswers, text, false);
+}
+
+
 QString TestUserInteraction::saveFileName(QWidget *, const QString & caption, const QString & defaultFile,
 										  const QString & filter)
 {
 	m_shown.push_back(Shown{ "file", caption, defaultFile, filter });
-	if (m_fileNames.empty()) {
-		ADD_FAILURE() << "unexpected file dialog: " << caption.toStdString();
-		return QString();
-	}
-	const QString name = m_fileNames.front();
-	m_fileNames.pop_front();
-	return name;
+	return nextReply(m_fileNames, caption, QString());
 }
 
 

@@ -51,7 +51,7 @@ class TestUserInteraction : public OVP::UserInteraction {
 public:
 	/*! A question or notice that was shown. */
 	struct Shown {
-		QString	m_kind;		///< "question", "critical" or "file"
+		QString	m_kind;		///< "question", "critical", "restore" or "file"
 		QString	m_title;
 		QString	m_text;
 		QString	m_extra;	///< file dialogs: the default file and the filter
@@ -59,11 +59,13 @@ public:
 
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
 	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
+	bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
 
 	/*! Replies given in order; an exhausted list fails the test. */
 	std::deque<SaveAnswer>	m_saveAnswers;
+	std::deque<bool>		m_restoreAnswers;
 	std::deque<QString>		m_fileNames;
 	std::vector<Shown>		m_shown;
 };

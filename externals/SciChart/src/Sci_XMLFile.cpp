@@ -1,11 +1,14 @@
 #include "Sci_XMLFile.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <tinyxml.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
 
 namespace SCI {
 
@@ -27,18 +30,62 @@ TiXmlElement * XMLFile::createDocument(TiXmlDocument & doc, const char * rootNam
 }
 
 
-void XMLFile::save(const TiXmlDocument & doc, const QString & path, const char * funcId) {
+namespace {
+
+/*! The exception for a file that could not be written. */
+ZEB::Exception cannotWrite(const QString & path, const QString & reason, const char * funcId) {
+	return ZEB::Exception(ZEB::MessageFormat("Cannot write file '%1' (%2).")
+						  .arg(path.toStdString()).arg(reason.toStdString()), funcId);
+}
+
+
+/*! Writes a byte-identical copy of the file source into target, which is opened here and left
+	uncommitted. Throws ZEB::Exception when source cannot be read or the copy cannot be written.
+*/
+void writeUncommittedCopy(const QString & source, QSaveFile & target, const char * funcId) {
+	QFile in(source);
+	QByteArray content;
+	if (in.open(QIODevice::ReadOnly))
+		content = in.readAll();
+	const qint64 size = content.size();
+	if (in.error() != QFileDevice::NoError || !target.open(QIODevice::WriteOnly)
+			|| target.write(content) != size || !target.flush())
+	{
+		const QString reason = in.error() != QFileDevice::NoError ? in.errorString() : target.errorString();
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot create backup copy '%1' of file '%2' (%3).")
+							 .arg(target.fileName().toStdString()).arg(source.toStdString())
+							 .arg(reason.toStdString()), funcId);
+	}
+}
+
+} // namespace
+
+
+void XMLFile::save(const TiXmlDocument & doc, const QString & path, const char * funcId, const QString & backupPath) {
 	TiXmlPrinter printer;
 	printer.SetIndent("\t");
 	doc.Accept(&printer);
-	QFile f(path);
-	if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)
-			|| f.write(printer.CStr(), static_cast<qint64>(printer.Size())) != static_cast<qint64>(printer.Size())
-			|| !f.flush())
-	{
-		throw ZEB::Exception(ZEB::MessageFormat("Cannot write file '%1' (%2).")
-							 .arg(path.toStdString()).arg(f.errorString().toStdString()), funcId);
-	}
+	const qint64 size = static_cast<qint64>(printer.Size());
+
+	// The new content and the backup copy go to temporary files beside their targets. Nothing
+	// replaces a target before both are complete, so every failure up to the commit of the new
+	// file leaves the previous file and the old backup as they were (uncommitted temporary files
+	// are removed by QSaveFile).
+	QSaveFile file(path);
+	if (!file.open(QIODevice::WriteOnly) || file.write(printer.CStr(), size) != size || !file.flush())
+		throw cannotWrite(path, file.errorString(), funcId);
+	const bool keepBackup = !backupPath.isEmpty() && QFileInfo::exists(path);
+	QSaveFile backup(backupPath);
+	if (keepBackup)
+		writeUncommittedCopy(path, backup, funcId);
+	if (!file.commit())
+		throw cannotWrite(path, file.errorString(), funcId);
+	// the new file is in place; a backup that cannot follow keeps its older content
+	if (keepBackup && !backup.commit())
+		ZEB::reportWarning(ZEB::MessageFormat("File '%1' was saved, but its backup copy '%2' could not be updated "
+											  "(%3) and still holds an older version.")
+						   .arg(path.toStdString()).arg(backupPath.toStdString())
+						   .arg(backup.errorString().toStdString()).str(), funcId);
 }
 
 

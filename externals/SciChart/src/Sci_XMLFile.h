@@ -11,6 +11,7 @@ namespace SCI {
 /*! Reading and writing of the chart library's own XML files (chart styles, colour maps):
 	document head with the Orvane namespace declarations, saving and loading through Qt's file
 	classes (so that any file name works), and the error messages for unreadable files.
+	Saving replaces a file only with complete content; the project file is saved this way, too.
 */
 class XMLFile {
 public:
@@ -27,8 +28,17 @@ public:
 	*/
 	static TiXmlElement * createDocument(TiXmlDocument & doc, const char * rootName, const char * schemaFile);
 
-	/*! Writes the document to path; throws ZEB::Exception with funcId when that fails. */
-	static void save(const TiXmlDocument & doc, const QString & path, const char * funcId);
+	/*! Writes the document to path such that path is never left incomplete: the text goes to a
+		temporary file beside it that replaces path only once it is complete.
+		With a backupPath, a previous file at path is kept as backupPath: its copy is made in a
+		temporary file, too, and replaces the backup only after the new file is in place.
+		Throws ZEB::Exception with funcId when the new file cannot be written or the backup
+		copy cannot be made; path and backupPath are then exactly as before the call. When only
+		the final replacement of the backup fails, the new file stays saved and a warning says
+		that the backup still holds an older version.
+	*/
+	static void save(const TiXmlDocument & doc, const QString & path, const char * funcId,
+					 const QString & backupPath = QString());
 
 	/*! Reads and parses the file at path. A parse error is thrown as ZEB::Exception with the
 		message parseErrorTemplate, whose placeholders are filled with the line, the path and

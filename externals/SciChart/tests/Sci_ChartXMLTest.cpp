@@ -4,13 +4,20 @@
 #include <functional>
 #include <utility>
 
+#include <QDir>
 #include <QFile>
 #include <QSignalSpy>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
 
 #include <tinyxml.h>
 
 #include <Sci_ChartStyleFile.h>
 #include <Sci_ColorGridSeriesDummyModel.h>
+#include <Sci_ColorMapFile.h>
 #include <Sci_LineSeriesDummyModel.h>
 
 #include "Sci_TestSupport.h"
@@ -579,3 +586,38 @@ TEST(SciChartStyleFile, SaveApplyAndRefuseForeignFiles) {
 	}
 	EXPECT_THROW(SCI::ChartStyleFile::apply(b, SciTest::scratchPath("missing.o2style")), ZEB::Exception);
 }
+
+
+#ifdef Q_OS_UNIX
+TEST(SciXMLFile, FailedSaveKeepsPreviousFiles) {
+	const QString dir = SciTest::scratchPath("keep");
+	ASSERT_TRUE(QDir().mkpath(dir));
+	const QString style = dir + "/chart.o2style";
+	const QString map = dir + "/map.o2colormap";
+	SciTest::writeTextFile(style, "previous style");
+	SciTest::writeTextFile(map, "previous map");
+	TestLineModel model(3);
+	SCI::ColorMap colors;
+	colors.setLinearMap(QColor("#202020"), QColor("#ffcc00"), 20);
+
+	// both new files are several kB, but no file may grow beyond 256 bytes: writing fails half-way
+	struct rlimit old;
+	ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+	struct rlimit limited = old;
+	limited.rlim_cur = 256;
+	void (*oldHandler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+	ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
+	EXPECT_THROW(SCI::ChartStyleFile::save(model, style), ZEB::Exception);
+	EXPECT_THROW(SCI::ColorMapFile::save(colors, map), ZEB::Exception);
+	setrlimit(RLIMIT_FSIZE, &old);
+	std::signal(SIGXFSZ, oldHandler);
+
+	const auto content = [](const QString & path) {
+		QFile f(path);
+		return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+	};
+	EXPECT_EQ(content(style), "previous style");
+	EXPECT_EQ(content(map), "previous map");
+	EXPECT_EQ(QDir(dir).entryList(QDir::Files | QDir::Hidden), QStringList({ "chart.o2style", "map.o2colormap" }));
+}
+#endif

@@ -15,7 +15,7 @@
 
 namespace {
 
-// Typed from the system description ("All unit names, in id order"), independent of the table.
+// All unit names in id order and the base units, typed by hand, independent of the table in the code.
 const char * const NAMES =
 	"undefined m mm cm dm m2 mm2 cm2 dm2 m3 mm3 cm3 dm3 s min h d a sqrt(s) sqrt(h) ms s/s min/s h/s d/s a/s "
 	"m/s cm/s cm/h cm/d m2/s cm2/s m2/h cm2/h m/s2 s/m kg/m2sPa s2/m2 kg g mg kg/ms kg/s kg/h kg/d g/s g/h "

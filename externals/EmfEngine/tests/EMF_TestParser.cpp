@@ -1,6 +1,5 @@
 #include "EMF_TestParser.h"
 
-#include <cstring>
 #include <map>
 #include <sstream>
 
@@ -59,14 +58,7 @@ int createKind(uint32_t type) {
 uint32_t Record::u32(uint32_t off) const { return rdU32(data, off); }
 int32_t Record::i32(uint32_t off) const { return int32_t(rdU32(data, off)); }
 uint16_t Record::u16(uint32_t off) const { return rdU16(data, off); }
-int16_t Record::i16(uint32_t off) const { return int16_t(rdU16(data, off)); }
 uint8_t Record::u8(uint32_t off) const { return off < uint32_t(data.size()) ? uint8_t(data[int(off)]) : 0; }
-float Record::f32(uint32_t off) const {
-	uint32_t v = u32(off);
-	float f;
-	std::memcpy(&f, &v, 4);
-	return f;
-}
 Rect Record::rect(uint32_t off) const {
 	Rect r;
 	r.l = i32(off); r.t = i32(off + 4); r.r = i32(off + 8); r.b = i32(off + 12);
@@ -135,8 +127,6 @@ bool File::parse(const QByteArray & bytes) {
 		errors.push_back("header smaller than 88 bytes");
 	header.bounds = h.rect(8);
 	header.frame = h.rect(24);
-	header.signature = h.u32(40);
-	header.version = h.u32(44);
 	header.bytes = h.u32(48);
 	header.records = h.u32(52);
 	header.handles = h.u16(56);
@@ -150,9 +140,9 @@ bool File::parse(const QByteArray & bytes) {
 		header.umCx = h.u32(100);
 		header.umCy = h.u32(104);
 	}
-	if (header.signature != 0x464D4520)
+	if (h.u32(40) != 0x464D4520)
 		errors.push_back("wrong header signature");
-	if (header.version != 0x00010000)
+	if (h.u32(44) != 0x00010000)
 		errors.push_back("wrong header version");
 	if (header.bytes != fileSize)
 		errors.push_back("header byte count " + std::to_string(header.bytes) + " != file size " + std::to_string(fileSize));
@@ -170,14 +160,27 @@ bool File::parse(const QByteArray & bytes) {
 
 	// per record checks and the object table
 	std::map<uint32_t, int> objects;		// handle index -> kind
+	std::map<uint32_t, int> creators;		// handle index -> index of the creating record
 	uint32_t selected[4] = { 0x80000007, 0x80000000, 0x8000000D, 0x8000000F };
 	std::vector<std::vector<uint32_t>> savedSel;
 	int eofCount = 0;
 	for (uint32_t i = 0; i < records.size(); ++i) {
-		const Record & r = records[i];
+		Record & r = records[i];
+		for (int k = 0; k < 3; ++k) {
+			r.selected[k] = selected[k];
+			r.creator[k] = (selected[k] & 0x80000000) ? -1 : creators[selected[k]];
+		}
 		auto fail = [&](const char * what) { errors.push_back(str(what, i, r)); };
 		if (i > 0 && r.type == T_HEADER)
 			fail("second header");
+		static const std::map<uint32_t, uint32_t> fixedSizes = {
+			{T_SETMAPMODE, 12}, {T_SETBKMODE, 12}, {T_SETPOLYFILLMODE, 12}, {T_SETSTRETCHBLTMODE, 12}, {T_SETTEXTALIGN, 12},
+			{T_SETTEXTCOLOR, 12}, {T_SETBKCOLOR, 12}, {T_SETMITERLIMIT, 12}, {T_SAVEDC, 8}, {T_RESTOREDC, 12},
+			{T_SELECTOBJECT, 12}, {T_DELETEOBJECT, 12}, {T_INTERSECTCLIPRECT, 24}, {T_RECTANGLE, 24}, {T_ELLIPSE, 24},
+			{T_CREATEBRUSHINDIRECT, 24}, {T_BEGINPATH, 8}, {T_ENDPATH, 8}, {T_SELECTCLIPPATH, 12}};
+		const auto fixed = fixedSizes.find(r.type);
+		if (fixed != fixedSizes.end() && r.size != fixed->second)
+			fail("record size differs from the size of its type");
 		switch (r.type) {
 			case T_EOF: {
 				++eofCount;
@@ -188,19 +191,10 @@ bool File::parse(const QByteArray & bytes) {
 					fail("EOF SizeLast differs from the record size");
 				break;
 			}
-			case T_SETMAPMODE: case T_SETBKMODE: case T_SETPOLYFILLMODE: case T_SETSTRETCHBLTMODE:
-			case T_SETTEXTALIGN: case T_SETTEXTCOLOR: case T_SETBKCOLOR: case T_SETMITERLIMIT:
-				if (r.size != 12)
-					fail("size must be 12");
-				break;
 			case T_SAVEDC:
-				if (r.size != 8)
-					fail("size must be 8");
 				savedSel.push_back(std::vector<uint32_t>(selected, selected + 4));
 				break;
 			case T_RESTOREDC: {
-				if (r.size != 12)
-					fail("size must be 12");
 				int32_t n = r.i32(8);
 				if (n >= 0 || size_t(-n) > savedSel.size()) {
 					fail("RESTOREDC without matching SAVEDC");
@@ -213,19 +207,14 @@ bool File::parse(const QByteArray & bytes) {
 				savedSel.pop_back();
 				break;
 			}
-			case T_INTERSECTCLIPRECT: case T_RECTANGLE: case T_ELLIPSE:
-				if (r.size != 24)
-					fail("size must be 24");
-				break;
-			case T_SETWORLDTRANSFORM:
-				if (r.size != 32)
-					fail("size must be 32");
+			case T_SETWORLDTRANSFORM:		// converters keep it after RESTOREDC, so it is never written
+				fail("world transform written");
 				break;
 			case T_POLYBEZIER16: case T_POLYGON16: case T_POLYLINE16: case 88: case 89:
 				if (r.size != 28 + 4 * r.u32(24))
 					fail("16-bit poly record size does not match its point count");
 				break;
-			case T_POLYBEZIER: case T_POLYGON: case T_POLYLINE: case 5: case 6:
+			case 2: case T_POLYGON: case T_POLYLINE: case 5: case 6:
 				if (r.size != 28 + 8 * r.u32(24))
 					fail("poly record size does not match its point count");
 				break;
@@ -274,29 +263,6 @@ bool File::parse(const QByteArray & bytes) {
 					fail("bitmap bits smaller than width x height");
 				break;
 			}
-			case T_EXTSELECTCLIPRGN: {
-				const uint32_t cb = r.u32(8);
-				if (16 + cb > r.size) {
-					fail("region data outside the record");
-					break;
-				}
-				if (cb >= 32) {
-					const uint32_t n = r.u32(24), rgnSize = r.u32(28);
-					if (r.u32(16) != 32 || r.u32(20) != 1)
-						fail("bad region header");
-					if (uint64_t(n) * 16 > rgnSize || 32 + uint64_t(rgnSize) > cb)
-						fail("region rectangles outside the region data");
-				}
-				break;
-			}
-			case T_CREATEBRUSHINDIRECT:
-				if (r.size != 24)
-					fail("CREATEBRUSHINDIRECT size must be 24");
-				break;
-			case T_CREATEPEN:
-				if (r.size != 28)
-					fail("CREATEPEN size must be 28");
-				break;
 			case T_EXTCREATEPEN: {
 				const uint32_t nEntries = r.u32(48);
 				const uint32_t cbBmi = r.u32(16), cbBits = r.u32(24);
@@ -321,6 +287,7 @@ bool File::parse(const QByteArray & bytes) {
 			if (objects.count(ih))
 				fail("object created in a handle that is still in use");
 			objects[ih] = ck;
+			creators[ih] = int(i);
 		}
 		else if (r.type == T_DELETEOBJECT) {
 			const uint32_t ih = r.u32(8);
@@ -373,6 +340,20 @@ int File::indexOf(uint32_t type, int start) const {
 }
 
 
+const Record * File::object(const Record & r, int slot) const {
+	return r.creator[slot] < 0 ? nullptr : &records[size_t(r.creator[slot])];
+}
+
+
+uint32_t File::stateBefore(uint32_t type, int index) const {
+	uint32_t value = ~0u;
+	for (int i = 0; i < index && i < int(records.size()); ++i)
+		if (records[size_t(i)].type == type)
+			value = records[size_t(i)].u32(8);
+	return value;
+}
+
+
 std::string File::errorText() const {
 	std::string s;
 	for (const std::string & e : errors)
@@ -388,8 +369,8 @@ std::vector<Point> polyPoints(const Record & r) {
 	for (uint32_t i = 0; i < n; ++i) {
 		Point p;
 		if (small) {
-			p.x = r.i16(28 + 4 * i);
-			p.y = r.i16(30 + 4 * i);
+			p.x = int16_t(r.u16(28 + 4 * i));
+			p.y = int16_t(r.u16(30 + 4 * i));
 		}
 		else {
 			p.x = r.i32(28 + 8 * i);
@@ -412,8 +393,8 @@ std::vector<std::vector<Point>> polyPolyPoints(const Record & r) {
 		for (uint32_t i = 0; i < c; ++i) {
 			Point p;
 			if (small) {
-				p.x = r.i16(off);
-				p.y = r.i16(off + 2);
+				p.x = int16_t(r.u16(off));
+				p.y = int16_t(r.u16(off + 2));
 				off += 4;
 			}
 			else {
@@ -429,20 +410,13 @@ std::vector<std::vector<Point>> polyPolyPoints(const Record & r) {
 }
 
 
-Rect polyBounds(const Record & r) {
-	return r.rect(8);
-}
-
-
 Pen decodePen(const Record & r) {
 	Pen p;
-	p.handle = r.u32(8);
 	p.style = r.u32(28);
 	p.width = r.u32(32);
 	p.brushStyle = r.u32(36);
 	p.color = r.u32(40);
-	const uint32_t n = r.u32(48);
-	for (uint32_t i = 0; i < n; ++i)
+	for (uint32_t i = 0; i < r.u32(48); ++i)
 		p.entries.push_back(r.u32(52 + 4 * i));
 	return p;
 }
@@ -450,7 +424,6 @@ Pen decodePen(const Record & r) {
 
 Brush decodeBrush(const Record & r) {
 	Brush b;
-	b.handle = r.u32(8);
 	b.style = r.u32(12);
 	b.color = r.u32(16);
 	b.hatch = r.u32(20);
@@ -460,53 +433,37 @@ Brush decodeBrush(const Record & r) {
 
 Font decodeFont(const Record & r) {
 	Font f;
-	f.handle = r.u32(8);
 	f.height = r.i32(12);
-	f.width = r.i32(16);
 	f.escapement = r.i32(20);
 	f.orientation = r.i32(24);
 	f.weight = r.i32(28);
 	f.italic = r.u8(32);
 	f.underline = r.u8(33);
-	f.strikeOut = r.u8(34);
-	f.charSet = r.u8(35);
 	f.pitchAndFamily = r.u8(39);
-	for (uint32_t i = 0; i < 32; ++i) {
-		uint16_t c = r.u16(40 + 2 * i);
-		if (c == 0)
-			break;
-		f.face.append(QChar(c));
-	}
+	for (uint32_t i = 0; i < 32 && r.u16(40 + 2 * i) != 0; ++i)
+		f.face.append(QChar(r.u16(40 + 2 * i)));
 	return f;
 }
 
 
 Text decodeText(const Record & r) {
 	Text t;
-	t.bounds = r.rect(8);
-	t.graphicsMode = r.u32(24);
 	t.reference.x = r.i32(36);
 	t.reference.y = r.i32(40);
-	const uint32_t n = r.u32(44);
-	const uint32_t offString = r.u32(48);
-	t.options = r.u32(52);
-	const uint32_t offDx = r.u32(72);
-	for (uint32_t i = 0; i < n; ++i)
+	const uint32_t n = r.u32(44), offString = r.u32(48), offDx = r.u32(72);
+	for (uint32_t i = 0; i < n; ++i) {
 		t.text.append(QChar(r.u16(offString + 2 * i)));
-	if (offDx != 0)
-		for (uint32_t i = 0; i < n; ++i)
+		if (offDx != 0)
 			t.dx.push_back(r.i32(offDx + 4 * i));
+	}
 	return t;
 }
 
 
 Image decodeImage(const Record & r) {
 	Image im;
-	im.bounds = r.rect(8);
 	im.xDest = r.i32(24);
 	im.yDest = r.i32(28);
-	im.xSrc = r.i32(32);
-	im.ySrc = r.i32(36);
 	im.cxSrc = r.i32(40);
 	im.cySrc = r.i32(44);
 	const uint32_t offBmi = r.u32(48), offBits = r.u32(56), cbBits = r.u32(60);
@@ -519,17 +476,6 @@ Image decodeImage(const Record & r) {
 	im.compression = r.u32(offBmi + 16);
 	im.bits = r.data.mid(int(offBits), int(cbBits));
 	return im;
-}
-
-
-std::vector<Rect> decodeRegion(const Record & r, uint32_t * mode) {
-	std::vector<Rect> rects;
-	if (mode)
-		*mode = r.u32(12);
-	const uint32_t n = r.u32(24);
-	for (uint32_t i = 0; i < n; ++i)
-		rects.push_back(r.rect(48 + 16 * i));
-	return rects;
 }
 
 

@@ -2,6 +2,7 @@
 #define EMF_TestParserH
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,39 +16,50 @@
 namespace EmfTest {
 
 enum : uint32_t {
-	T_HEADER = 1, T_POLYBEZIER = 2, T_POLYGON = 3, T_POLYLINE = 4, T_POLYPOLYLINE = 7, T_POLYPOLYGON = 8,
-	T_EOF = 14, T_SETMAPMODE = 17, T_SETBKMODE = 18, T_SETPOLYFILLMODE = 19, T_SETSTRETCHBLTMODE = 21,
-	T_SETTEXTALIGN = 22, T_SETTEXTCOLOR = 24, T_SETBKCOLOR = 25, T_INTERSECTCLIPRECT = 30, T_SAVEDC = 33,
-	T_RESTOREDC = 34, T_SETWORLDTRANSFORM = 35, T_SELECTOBJECT = 37, T_CREATEPEN = 38,
-	T_CREATEBRUSHINDIRECT = 39, T_DELETEOBJECT = 40, T_ELLIPSE = 42, T_RECTANGLE = 43,
-	T_SETMITERLIMIT = 58, T_EXTSELECTCLIPRGN = 75, T_STRETCHDIBITS = 81, T_EXTCREATEFONTINDIRECTW = 82,
-	T_EXTTEXTOUTW = 84, T_POLYBEZIER16 = 85, T_POLYGON16 = 86, T_POLYLINE16 = 87, T_POLYPOLYLINE16 = 90,
-	T_POLYPOLYGON16 = 91, T_EXTCREATEPEN = 95
+	T_HEADER = 1, T_POLYGON = 3, T_POLYLINE = 4, T_POLYPOLYLINE = 7, T_POLYPOLYGON = 8, T_EOF = 14,
+	T_SETMAPMODE = 17, T_SETBKMODE = 18, T_SETPOLYFILLMODE = 19, T_SETSTRETCHBLTMODE = 21, T_SETTEXTALIGN = 22,
+	T_SETTEXTCOLOR = 24, T_SETBKCOLOR = 25, T_INTERSECTCLIPRECT = 30, T_SAVEDC = 33, T_RESTOREDC = 34,
+	T_SETWORLDTRANSFORM = 35, T_SELECTOBJECT = 37, T_CREATEPEN = 38, T_CREATEBRUSHINDIRECT = 39,
+	T_DELETEOBJECT = 40, T_ELLIPSE = 42, T_RECTANGLE = 43, T_SETMITERLIMIT = 58, T_BEGINPATH = 59,
+	T_ENDPATH = 60, T_SELECTCLIPPATH = 67, T_EXTSELECTCLIPRGN = 75, T_STRETCHDIBITS = 81,
+	T_EXTCREATEFONTINDIRECTW = 82, T_EXTTEXTOUTW = 84, T_POLYBEZIER16 = 85, T_POLYGON16 = 86, T_POLYLINE16 = 87,
+	T_POLYPOLYLINE16 = 90, T_POLYPOLYGON16 = 91, T_EXTCREATEPEN = 95
 };
 
-struct Rect { int32_t l = 0, t = 0, r = 0, b = 0; };
-struct Point { int32_t x = 0, y = 0; bool operator==(const Point & o) const { return x == o.x && y == o.y; } };
+/*! Selection slots of Record::selected. */
+enum { PEN, BRUSH, FONT };
+const uint32_t NULL_PEN = 0x80000008;
+const uint32_t NULL_BRUSH = 0x80000005;
+
+struct Rect {
+	int32_t l = 0, t = 0, r = 0, b = 0;
+	bool operator==(const Rect & o) const { return l == o.l && t == o.t && r == o.r && b == o.b; }
+};
+struct Point {
+	int32_t x = 0, y = 0;
+	bool operator==(const Point & o) const { return x == o.x && y == o.y; }
+};
+inline std::ostream & operator<<(std::ostream & o, const Rect & r) { return o << "(" << r.l << "," << r.t << ")-(" << r.r << "," << r.b << ")"; }
+inline std::ostream & operator<<(std::ostream & o, const Point & p) { return o << "(" << p.x << "," << p.y << ")"; }
 
 struct Record {
 	uint32_t	type = 0;
 	uint32_t	size = 0;
 	uint32_t	offset = 0;		///< offset in the file
 	QByteArray	data;			///< the whole record, including type and size
+	uint32_t	selected[3] = {0, 0, 0};	///< pen, brush and font selected when the record is reached
+	int			creator[3] = {-1, -1, -1};	///< index of the records that created them (-1 for stock objects)
 
 	uint32_t u32(uint32_t off) const;
 	int32_t i32(uint32_t off) const;
 	uint16_t u16(uint32_t off) const;
-	int16_t i16(uint32_t off) const;
 	uint8_t u8(uint32_t off) const;
-	float f32(uint32_t off) const;
 	Rect rect(uint32_t off) const;
 };
 
 struct Header {
 	Rect		bounds;
 	Rect		frame;
-	uint32_t	signature = 0;
-	uint32_t	version = 0;
 	uint32_t	bytes = 0;
 	uint32_t	records = 0;
 	uint16_t	handles = 0;
@@ -60,7 +72,6 @@ struct Header {
 };
 
 struct Pen {		///< EMR_EXTCREATEPEN
-	uint32_t	handle = 0;
 	uint32_t	style = 0;
 	uint32_t	width = 0;
 	uint32_t	brushStyle = 0;
@@ -69,32 +80,26 @@ struct Pen {		///< EMR_EXTCREATEPEN
 };
 
 struct Brush {		///< EMR_CREATEBRUSHINDIRECT
-	uint32_t	handle = 0;
 	uint32_t	style = 0;
 	uint32_t	color = 0;
 	uint32_t	hatch = 0;
 };
 
 struct Font {		///< EMR_EXTCREATEFONTINDIRECTW
-	uint32_t	handle = 0;
-	int32_t		height = 0, width = 0, escapement = 0, orientation = 0, weight = 0;
-	uint8_t		italic = 0, underline = 0, strikeOut = 0, charSet = 0, pitchAndFamily = 0;
+	int32_t		height = 0, escapement = 0, orientation = 0, weight = 0;
+	uint8_t		italic = 0, underline = 0, pitchAndFamily = 0;
 	QString		face;
 };
 
 struct Text {		///< EMR_EXTTEXTOUTW
-	Rect		bounds;
-	uint32_t	graphicsMode = 0;
 	Point		reference;
-	uint32_t	options = 0;
 	QString		text;
 	std::vector<int32_t> dx;
 };
 
 struct Image {		///< EMR_STRETCHDIBITS
-	Rect		bounds;
 	int32_t		xDest = 0, yDest = 0, cxDest = 0, cyDest = 0;
-	int32_t		xSrc = 0, ySrc = 0, cxSrc = 0, cySrc = 0;
+	int32_t		cxSrc = 0, cySrc = 0;
 	uint32_t	rop = 0;
 	int32_t		width = 0, height = 0;
 	uint16_t	bitCount = 0;
@@ -117,6 +122,10 @@ struct File {
 	size_t count(uint32_t type) const { return ofType(type).size(); }
 	/*! Index of the first record of the type at or after start, or -1. */
 	int indexOf(uint32_t type, int start = 0) const;
+	/*! The record that created the pen, brush or font selected at r, or null for a stock object. */
+	const Record * object(const Record & r, int slot) const;
+	/*! Value of the last state record (SETTEXTCOLOR, SETPOLYFILLMODE...) before index, or ~0u. */
+	uint32_t stateBefore(uint32_t type, int index) const;
 	std::string errorText() const;
 };
 
@@ -124,15 +133,11 @@ struct File {
 std::vector<Point> polyPoints(const Record & r);
 /*! Polygons of POLYPOLYLINE/POLYPOLYGON records (16 and 32 bit forms). */
 std::vector<std::vector<Point>> polyPolyPoints(const Record & r);
-/*! Bounds field of a poly record. */
-Rect polyBounds(const Record & r);
 Pen decodePen(const Record & r);
 Brush decodeBrush(const Record & r);
 Font decodeFont(const Record & r);
 Text decodeText(const Record & r);
 Image decodeImage(const Record & r);
-/*! Region rectangles of EMR_EXTSELECTCLIPRGN. */
-std::vector<Rect> decodeRegion(const Record & r, uint32_t * mode = nullptr);
 /*! A short listing of the records, for failure messages. */
 std::string dump(const File & f, size_t maxRecords = 200);
 

@@ -45,9 +45,7 @@ TEST(ZEBException, ChainKeepsEveryLayerInnermostFirst) {
 		CapturingHandler handler;
 		ex.reportAllAsErrors();
 		EXPECT_EQ(handler.m_console, "disk on fire\nCannot open file 'a.d6o'\nError reading DataIO file 'a.d6o'\n");
-		ASSERT_EQ(handler.m_types.size(), 3u);
-		for (ZEB::MsgType t : handler.m_types)
-			EXPECT_EQ(t, ZEB::MSG_ERROR);
+		EXPECT_EQ(handler.m_types, std::vector<ZEB::MsgType>(3, ZEB::MSG_ERROR));
 	}
 	EXPECT_STREQ(ZEB::Exception().what(), "");
 }

@@ -42,6 +42,24 @@ bool anyFinite(const double * values, std::size_t n) {
 	return false;
 }
 
+/*! Whether every series of a mapper's chart holds data to draw. */
+bool hasData(const OVP::Mapper & mapper) {
+	if (mapper.type() == OVP::Mapper::MT_2D) {
+		const LM & m = static_cast<const LM &>(*mapper.chartModel());
+		bool all = m.seriesCount() > 0;
+		for (int s = 0; s < static_cast<int>(m.seriesCount()); ++s)
+			all = all && anyFinite(m.yValues(s), m.size(s));
+		return all;
+	}
+	if (mapper.type() == OVP::Mapper::MT_3D) {
+		const GM & m = static_cast<const GM &>(*mapper.chartModel());
+		return m.seriesCount() == 1 && anyFinite(m.values(0), std::size_t(m.xValueSize(0))*m.yValueSize(0));
+	}
+	const VM & m = static_cast<const VM &>(*mapper.chartModel());
+	const std::size_t n = std::size_t(m.xGridSize(0))*m.yGridSize(0);
+	return m.seriesCount() == 1 && anyFinite(m.xComponents(0), n) && anyFinite(m.yComponents(0), n);
+}
+
 /*! QVariant equality, except that two NaN numbers (an unset value range or contour interval)
 	count as equal.
 */
@@ -51,54 +69,9 @@ bool same(const QVariant & a, const QVariant & b) {
 	return a == b;
 }
 
-/*! Whether every series of a mapper's chart holds data to draw. */
-::testing::AssertionResult hasData(const OVP::Mapper & mapper) {
-	switch (mapper.type()) {
-		case OVP::Mapper::MT_2D : {
-			const LM & m = static_cast<const LM &>(*mapper.chartModel());
-			for (int s = 0; s < static_cast<int>(m.seriesCount()); ++s)
-				if (!anyFinite(m.yValues(s), m.size(s)))
-					return ::testing::AssertionFailure() << "series " << s << " is empty";
-			if (m.seriesCount() == 0)
-				return ::testing::AssertionFailure() << "no series";
-		} break;
-		case OVP::Mapper::MT_3D : {
-			const GM & m = static_cast<const GM &>(*mapper.chartModel());
-			if (m.seriesCount() != 1 || !anyFinite(m.values(0), std::size_t(m.xValueSize(0))*m.yValueSize(0)))
-				return ::testing::AssertionFailure() << "empty colour grid";
-		} break;
-		case OVP::Mapper::MT_Vector : {
-			const VM & m = static_cast<const VM &>(*mapper.chartModel());
-			const std::size_t n = std::size_t(m.xGridSize(0))*m.yGridSize(0);
-			if (m.seriesCount() != 1 || !anyFinite(m.xComponents(0), n) || !anyFinite(m.yComponents(0), n))
-				return ::testing::AssertionFailure() << "empty vector field";
-		} break;
-		default :
-			return ::testing::AssertionFailure() << "mapper without extractor";
-	}
-	return ::testing::AssertionSuccess();
-}
-
-/*! The time cut of a mapper's first extractor in hours. */
-double cutTimeInHours(const OVP::Mapper & mapper) {
-	const OVP::Mapper::ExtractorEntry & entry = mapper.type() == OVP::Mapper::MT_2D ? mapper.extractors2D().front()
-																				  : mapper.extractor3D();
-	double t = entry.m_extractor->cutValue(EM::CD_Time);
-	ZEB::UnitList::instance().convert(ZEB::Unit(entry.m_dataIOs.front()->timeUnit()), ZEB::Unit("h"), t);
-	return t;
-}
-
-/*! Expects the same axis and chart properties in two chart models. */
-void expectSameLook(const CM & built, const CM & read, const QString & name) {
-	SCOPED_TRACE(name.toStdString());
-	for (int role : { int(SCI::AbstractChartModel::TitleText), int(SCI::AbstractChartModel::TitleFont),
-					  int(SCI::AbstractChartModel::LegendPosition), int(SCI::AbstractChartModel::LegendFont) })
-		EXPECT_EQ(built.chartData(role), read.chartData(role)) << "chart role " << role;
-	for (int axis = 0; axis < CM::NUM_AXES; ++axis)
-		for (int role : { int(CM::AxisTitleText), int(CM::AxisUnit), int(CM::AxisAutoscale), int(CM::AxisMinimum),
-						  int(CM::AxisMaximum), int(CM::AxisDateTimeEnabled), int(CM::AxisDateTimeFormats),
-						  int(CM::AxisTitleFont), int(CM::AxisGridPen) })
-			EXPECT_TRUE(same(built.axisData(axis, role), read.axisData(axis, role))) << "axis " << axis << " role " << role;
+/*! The first extractor of a mapper with its containers. */
+const OVP::Mapper::ExtractorEntry & firstExtractor(const OVP::Mapper & mapper) {
+	return mapper.type() == OVP::Mapper::MT_2D ? mapper.extractors2D().front() : mapper.extractor3D();
 }
 
 } // namespace
@@ -114,23 +87,22 @@ protected:
 		ASSERT_TRUE(m_root->isValid());
 		ASSERT_TRUE(QDir(m_root->path()).mkpath("session/data"));
 		SD::SampleDataSet::Options options;
-		options.m_directory = QDir(sessionDir()).filePath("data").toStdString();
+		options.m_directory = dataFile("").toStdString();
 		options.m_hours = 45*24;
 		options.m_wallElements = 20;
 		options.m_detailCells = 10;
 		try {
 			SD::SampleDataSet(options).write();
-			m_builder.reset(new DEMO::SessionBuilder(QDir(sessionDir()).filePath("data")));
+			m_builder.reset(new DEMO::SessionBuilder(dataFile("")));
 			m_builder->build(m_handler);
-			m_handler.project().writeXML(sessionFile(), false);
+			m_handler.project().writeXML(QDir(m_root->path()).filePath("session/demo.o2"), false);
 		}
 		catch (ZEB::Exception & ex) {
 			FAIL() << ex.msgWithOrigin();
 		}
 	}
 
-	QString sessionDir() const { return QDir(m_root->path()).filePath("session"); }
-	QString sessionFile() const { return QDir(sessionDir()).filePath("demo.o2"); }
+	QString dataFile(const QString & name) const { return QDir(m_root->path()).filePath("session/data/" + name); }
 
 	/*! Reads a session file into m_project, with containers opened by m_dataManager. */
 	void readSession(const QString & fileName) {
@@ -140,10 +112,10 @@ protected:
 		catch (ZEB::Exception & ex) {
 			FAIL() << ex.msgWithOrigin();
 		}
+		ASSERT_EQ(m_project.mapperModel()->mapperCount(), DEMO::SessionBuilder::CHART_COUNT);
 	}
 
 	OVP::Mapper & readMapper(int index) const { return *m_project.mapperModel()->mapper(index); }
-	OVP::Mapper & builtMapper(int index) const { return *m_handler.project().mapperModel()->mapper(index); }
 
 	std::unique_ptr<QTemporaryDir>			m_root;
 	OVP::ProjectHandler						m_handler;
@@ -153,18 +125,42 @@ protected:
 };
 
 
-TEST_F(DemoSessionTest, EveryChartHasDataAfterTheSessionMovedWithItsData) {
+TEST_F(DemoSessionTest, EveryChartHasDataAndItsLookAfterTheSessionMovedWithItsData) {
 	// the session refers to its data relative to its own folder, so it moves along with it
 	const QString moved = QDir(m_root->path()).filePath("moved");
-	ASSERT_TRUE(QDir().rename(sessionDir(), moved));
+	ASSERT_TRUE(QDir().rename(QDir(m_root->path()).filePath("session"), moved));
 	readSession(QDir(moved).filePath("demo.o2"));
-	ASSERT_EQ(m_project.mapperModel()->mapperCount(), DEMO::SessionBuilder::CHART_COUNT);
 
 	const OVP::Mapper::MapperType kinds[] = { OVP::Mapper::MT_2D, OVP::Mapper::MT_2D, OVP::Mapper::MT_3D,
 		OVP::Mapper::MT_3D, OVP::Mapper::MT_Vector, OVP::Mapper::MT_2D, OVP::Mapper::MT_2D };
 	for (int i = 0; i < DEMO::SessionBuilder::CHART_COUNT; ++i) {
-		EXPECT_EQ(readMapper(i).type(), kinds[i]) << "chart " << i + 1;
-		EXPECT_TRUE(hasData(readMapper(i))) << "chart " << i + 1 << " (" << readMapper(i).name().toStdString() << ")";
+		const OVP::Mapper & built = *m_handler.project().mapperModel()->mapper(i);
+		const OVP::Mapper & read = readMapper(i);
+		SCOPED_TRACE(read.name().toStdString());
+		EXPECT_EQ(read.type(), kinds[i]);
+		EXPECT_TRUE(hasData(read));
+		EXPECT_EQ(built.name(), read.name());
+		// every chart has its own title, not the default one, and keeps its look in the file
+		EXPECT_NE(read.chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), QString("Title"));
+		for (int role : { int(SCI::AbstractChartModel::TitleText), int(SCI::AbstractChartModel::TitleFont),
+						  int(SCI::AbstractChartModel::LegendPosition), int(SCI::AbstractChartModel::LegendFont) })
+			EXPECT_EQ(built.chartModel()->chartData(role), read.chartModel()->chartData(role)) << "chart role " << role;
+		const CM & b = static_cast<const CM &>(*built.chartModel());
+		const CM & r = static_cast<const CM &>(*read.chartModel());
+		for (int axis = 0; axis < CM::NUM_AXES; ++axis)
+			for (int role : { CM::AxisTitleText, CM::AxisUnit, CM::AxisAutoscale, CM::AxisMinimum, CM::AxisMaximum,
+							  CM::AxisDateTimeEnabled, CM::AxisDateTimeFormats, CM::AxisTitleFont, CM::AxisGridPen })
+				EXPECT_TRUE(same(b.axisData(axis, role), r.axisData(axis, role))) << "axis " << axis << " role " << role;
+		std::vector<int> seriesRoles = { LM::SeriesTitleText, LM::SeriesPen, LM::SeriesLeftAxis };
+		if (read.type() == OVP::Mapper::MT_3D)
+			seriesRoles = { GM::ColorGridColorMap, GM::ColorGridMinimumZ, GM::ColorGridMaximumZ, GM::ColorGridContourInterval,
+							GM::ColorGridInterpolationMode };
+		if (read.type() == OVP::Mapper::MT_Vector)
+			seriesRoles = { VM::VectorFieldColorMap, VM::VectorFieldRasterSize, VM::VectorFieldMaximumArrowLength };
+		for (int s = 0; s < static_cast<int>(read.chartModel()->seriesCount()); ++s)
+			for (int role : seriesRoles)
+				EXPECT_TRUE(same(built.chartModel()->seriesData(s, role), read.chartModel()->seriesData(s, role)))
+						<< "series " << s << " role " << role;
 	}
 	// the climate chart has its humidity on the right axis
 	EXPECT_EQ(readMapper(0).extractors2D().size(), 2u);
@@ -176,23 +172,21 @@ TEST_F(DemoSessionTest, EveryChartHasDataAfterTheSessionMovedWithItsData) {
 		if (w.m_mapperIndex >= 0)
 			shown.append(w.m_mapperIndex);
 	EXPECT_EQ(shown.size(), 4);
-	for (int index : shown) {
-		EXPECT_LT(index, DEMO::SessionBuilder::CHART_COUNT);
-		EXPECT_EQ(shown.count(index), 1);
-	}
+	for (int index : shown)
+		EXPECT_TRUE(index < DEMO::SessionBuilder::CHART_COUNT && shown.count(index) == 1) << index;
 }
 
 
 TEST_F(DemoSessionTest, FieldChartsShowTheTimeTheInnerCornerIsColdest) {
-	readSession(sessionFile());
+	readSession(QDir(m_root->path()).filePath("session/demo.o2"));
 	const double coldTime = m_builder->coldTime();
 
 	// independent of the builder: the surface temperature at the cold time is the lowest of all
 	// times at which the corner field has a record
 	DATAIO::DataIO field;
-	field.read(QDir(sessionDir()).filePath("data/corner_temperature.d6b").toStdString());
+	field.read(dataFile("corner_temperature.d6b").toStdString());
 	DATAIO::DataIO surface;
-	surface.read(QDir(sessionDir()).filePath("data/corner_surface_temperature.d6b").toStdString());
+	surface.read(dataFile("corner_surface_temperature.d6b").toStdString());
 	ASSERT_EQ(surface.timePoints().front(), 1.0); // hourly from the end of the first hour
 	auto surfaceAt = [&surface](double hour) {
 		const unsigned int index = static_cast<unsigned int>(hour) - 1;
@@ -208,41 +202,10 @@ TEST_F(DemoSessionTest, FieldChartsShowTheTimeTheInnerCornerIsColdest) {
 	EXPECT_TRUE(coldTimeIsARecord);
 
 	for (int chart : { 1, 3, 4 }) {
-		const OVP::Mapper & mapper = readMapper(chart);
-		EXPECT_NEAR(cutTimeInHours(mapper), coldTime, 1e-9) << "chart " << chart + 1;
-		const EM::ExtractorBase & extractor = mapper.type() == OVP::Mapper::MT_2D ? *mapper.extractors2D().front().m_extractor
-																				 : *mapper.extractor3D().m_extractor;
-		EXPECT_TRUE(extractor.isTimeIndexLocked()) << "chart " << chart + 1;
-	}
-}
-
-
-TEST_F(DemoSessionTest, TheLookOfEveryChartSurvivesTheSessionFile) {
-	readSession(sessionFile());
-	ASSERT_EQ(m_project.mapperModel()->mapperCount(), DEMO::SessionBuilder::CHART_COUNT);
-	for (int i = 0; i < DEMO::SessionBuilder::CHART_COUNT; ++i) {
-		const OVP::Mapper & built = builtMapper(i);
-		const OVP::Mapper & read = readMapper(i);
-		EXPECT_EQ(built.name(), read.name());
-		// every chart has its own title, not the default one
-		EXPECT_NE(read.chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), QString("Title"));
-		expectSameLook(*built.chartModel(), *read.chartModel(), read.name());
-		if (read.type() == OVP::Mapper::MT_2D) {
-			const LM & b = static_cast<const LM &>(*built.chartModel());
-			const LM & r = static_cast<const LM &>(*read.chartModel());
-			for (int s = 0; s < static_cast<int>(r.seriesCount()); ++s)
-				for (int role : { int(LM::SeriesTitleText), int(LM::SeriesPen), int(LM::SeriesLeftAxis) })
-					EXPECT_EQ(b.seriesData(s, role), r.seriesData(s, role)) << read.name().toStdString() << " role " << role;
-		}
-		else {
-			const int roles3D[] = { GM::ColorGridColorMap, GM::ColorGridMinimumZ, GM::ColorGridMaximumZ,
-									GM::ColorGridContourInterval, GM::ColorGridInterpolationMode };
-			const int rolesVector[] = { VM::VectorFieldColorMap, VM::VectorFieldRasterSize, VM::VectorFieldMaximumArrowLength };
-			const bool grid = read.type() == OVP::Mapper::MT_3D;
-			for (int role : grid ? std::vector<int>(std::begin(roles3D), std::end(roles3D))
-								 : std::vector<int>(std::begin(rolesVector), std::end(rolesVector)))
-				EXPECT_TRUE(same(built.chartModel()->seriesData(0, role), read.chartModel()->seriesData(0, role)))
-						<< read.name().toStdString() << " role " << role;
-		}
+		const OVP::Mapper::ExtractorEntry & entry = firstExtractor(readMapper(chart));
+		double t = entry.m_extractor->cutValue(EM::CD_Time);
+		ZEB::UnitList::instance().convert(ZEB::Unit(entry.m_dataIOs.front()->timeUnit()), ZEB::Unit("h"), t);
+		EXPECT_NEAR(t, coldTime, 1e-9) << "chart " << chart + 1;
+		EXPECT_TRUE(entry.m_extractor->isTimeIndexLocked()) << "chart " << chart + 1;
 	}
 }

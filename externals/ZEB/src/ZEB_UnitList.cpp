@@ -18,7 +18,7 @@ namespace {
 	value in the new unit follows from the base value ("*": base * factor, "/": base / factor,
 	"-": base - factor, "%" with factor 0: special conversion by code).
 
-	The rows the system description spells out are kept exactly (including odd factors such
+	The established rows are kept exactly as users know them (including odd factors such
 	as "* 31536e6 g/a", "0.000145038 PSI", "Rad * 57.2958 Deg" and the long decimals of the
 	"W/m2s" group). All other factors follow from the unit definitions, e.g.
 	1 kg/m2 = 1000 g / 100 dm2 = 10 g/dm2, 1 kg/m = 1000 g / 1000 mm = 1 g/mm,

@@ -54,16 +54,17 @@ private:
 			throw std::runtime_error("ORVANE_BENCH_MB must be at least 1");
 		const char * dirText = std::getenv("ORVANE_BENCH_DIR");
 		m_directory = dirText != nullptr ? dirText : "/tmp/orvane-dataio-bench-" + std::to_string(static_cast<long>(mb));
-		m_ascii = m_directory + "/wall_temperature.d6o";
-		m_binary = m_directory + "/wall_temperature.d6b";
+		m_ascii = m_directory + "/wall_temperature.s6o";
+		m_binary = m_directory + "/wall_temperature.s6b";
+		// a finished set of files of the current names is reused
 		const std::string complete = m_directory + "/complete";
-		if (fs::exists(complete))
+		if (fs::exists(complete) && fs::exists(m_ascii) && fs::exists(m_binary))
 			return;
 		SD::SampleDataSet::Options o;
 		o.m_directory = m_directory;
 		o.m_hours = 2*SD::Climate::HOURS_PER_YEAR;
 		o.m_wallElements = std::max(9u, static_cast<unsigned int>(mb*1e6/(o.m_hours*ASCII_BYTES_PER_VALUE)));
-		o.m_only = { "wall_temperature.d6o", "wall_temperature.d6b" };
+		o.m_only = { "wall_temperature.s6o", "wall_temperature.s6b" };
 		try {
 			SD::SampleDataSet(o).write();
 		}
@@ -241,7 +242,7 @@ private:
 void BM_RefreshGrowingFile(benchmark::State & state, bool binary) {
 	const BenchFiles & files = BenchFiles::instance();
 	GrowingFile growing(binary ? files.m_binary : files.m_ascii,
-						files.m_directory + (binary ? "/growing.d6b" : "/growing.d6o"));
+						files.m_directory + (binary ? "/growing.s6b" : "/growing.s6o"));
 	DATAIO::DataIO dio;
 	if (!guarded(state, [&] { dio.read(growing.path()); }))
 		return;

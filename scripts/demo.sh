@@ -123,9 +123,11 @@ orvane_install_deps
 orvane_build
 
 # the data is generated, not stored: again when the generator was rebuilt after the last run or
-# a file is missing
+# a file is missing. The folder is emptied first, so that no file an older generator wrote under
+# another name stays behind in the data manager's listing.
 if [ ! -f "$STAMP" ] || [ "$GENERATOR" -nt "$STAMP" ] || ! session_data_present; then
 	echo "Generating the demo data into $DATA_DIR/ ..."
+	rm -rf "$DATA_DIR"
 	mkdir -p "$DATA_DIR"
 	"$GENERATOR" --dir="$DATA_DIR" | tail -n 1
 	touch "$STAMP"

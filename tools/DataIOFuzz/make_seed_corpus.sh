@@ -16,9 +16,10 @@ trap 'rm -rf "$work"' EXIT
 # three hours of a 9-element wall and a 6 x 6 corner keep every file a few kB
 "$generator" --dir="$work/set" --hours=3 --elements=9 --detail-cells=6 --detail-step=1 > /dev/null
 mkdir -p "$corpus/output" "$corpus/geometry"
-cp "$work"/set/*.d6o "$work"/set/*.d6b "$work"/set/*.d5o "$work"/set/*.d5b "$corpus/output/"
+# output files of both generations (not the CCD climate file: no output container)
+cp "$work"/set/*.s6o "$work"/set/*.s6b "$work"/set/*.out "$corpus/output/"
 cp "$work"/set/*.g6a "$work"/set/*.g6b "$corpus/geometry/"
 # a file that is still being written: the last ASCII line without its line end, a cut binary record
-head -c -3 "$work/set/wall_temperature.d6o" > "$corpus/output/growing_wall_temperature.d6o"
-head -c -5 "$work/set/wall_temperature.d6b" > "$corpus/output/growing_wall_temperature.d6b"
+head -c -3 "$work/set/wall_temperature.s6o" > "$corpus/output/growing_wall_temperature.s6o"
+head -c -5 "$work/set/wall_temperature.s6b" > "$corpus/output/growing_wall_temperature.s6b"
 ls -l "$corpus/output" "$corpus/geometry" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'

@@ -33,14 +33,14 @@ namespace {
 typedef SCI::AbstractCartesianChartModel CM;
 typedef SCI::AbstractLineSeriesModel LM;
 
-const char * const CLIMATE = "climate.d6b";
-const char * const WALL_TEMPERATURE = "wall_temperature.d6b";
-const char * const WALL_INTERFACE_TEMPERATURE = "wall_interface_temperature.d6b";
-const char * const WALL_INTERFACE_RELHUM = "wall_interface_relhum.d6b";
-const char * const CORNER_TEMPERATURE = "corner_temperature.d6b";
-const char * const CORNER_HEATFLUX = "corner_heatflux.d6b";
-const char * const CORNER_SURFACE_TEMPERATURE = "corner_surface_temperature.d6b";
-const char * const CORNER_SURFACE_RELHUM = "corner_surface_relhum.d6b";
+const char * const CLIMATE = "climate.s6b";
+const char * const WALL_TEMPERATURE = "wall_temperature.s6b";
+const char * const WALL_INTERFACE_TEMPERATURE = "wall_interface_temperature.s6b";
+const char * const WALL_INTERFACE_RELHUM = "wall_interface_relhum.s6b";
+const char * const CORNER_TEMPERATURE = "corner_temperature.s6b";
+const char * const CORNER_HEATFLUX = "corner_heatflux.s6b";
+const char * const CORNER_SURFACE_TEMPERATURE = "corner_surface_temperature.s6b";
+const char * const CORNER_SURFACE_RELHUM = "corner_surface_relhum.s6b";
 
 /*! Columns of the climate file. */
 const unsigned int OUTDOOR_TEMPERATURE_COLUMN = 0;

@@ -14,6 +14,7 @@
 #include <DATAIO_GeoFile.h>
 #include <DATAIO_GeoFileWriter.h>
 
+#include "SD_CcdFileWriter.h"
 #include "SD_Climate.h"
 #include "SD_CornerDetail.h"
 #include "SD_CornerResponse.h"
@@ -33,6 +34,8 @@ const char * const WALL_GEOMETRY = "wall";
 const char * const CORNER_GEOMETRY = "corner";
 const char * const GEOMETRY_ASCII_EXT = ".g6a";
 const char * const GEOMETRY_BINARY_EXT = ".g6b";
+/*! The outdoor temperature of the climate in the CCD climate data format. */
+const char * const CLIMATE_CCD_FILE = "climate_outdoor_temperature.ccd";
 
 /*! Heat transfer at the wall surfaces in W/m2K and solar absorptance of the render. */
 const double WALL_EXTERIOR_TRANSFER = 25.0;
@@ -77,7 +80,7 @@ struct OutputDef {
 	const char *					m_keyword;
 	const char *					m_valueUnit;
 	const char *					m_timeUnit;		///< of the generation-6 files; generation 5 uses "s"
-	bool							m_generation5;	///< also written as .d5o/.d5b
+	bool							m_generation5;	///< also written in both generation-5 variants
 };
 
 const OutputDef OUTPUTS[NUM_O] = {
@@ -108,18 +111,21 @@ const OutputDef OUTPUTS[NUM_O] = {
 /*! Columns of the climate reference file. */
 const std::uint32_t CLIMATE_COLUMNS = 7;
 
-/*! One file variant of an output. */
+/*! One file variant of an output. The extensions are those the data manager lists by default;
+	both generation-5 variants have the same extension (their headers tell them apart), so their
+	names differ before it.
+*/
 struct Variant {
-	const char *	m_extension;
+	const char *	m_suffix;	///< appended to the output name
 	bool			m_binary;
 	bool			m_generation5;
 };
 
 const Variant VARIANTS[] = {
-	{ ".d6o", false, false },
-	{ ".d6b", true, false },
-	{ ".d5o", false, true },
-	{ ".d5b", true, true }
+	{ ".s6o", false, false },
+	{ ".s6b", true, false },
+	{ "_gen5_ascii.out", false, true },
+	{ "_gen5_binary.out", true, true }
 };
 
 /*! FNV-1a hash of the binary geometry data: changes whenever the geometry changes. */
@@ -139,7 +145,7 @@ std::vector<std::string> outputFileNames(const OutputDef & def) {
 	std::vector<std::string> names;
 	for (const Variant & v : VARIANTS)
 		if (!v.m_generation5 || def.m_generation5)
-			names.push_back(std::string(def.m_name) + v.m_extension);
+			names.push_back(std::string(def.m_name) + v.m_suffix);
 	return names;
 }
 
@@ -228,10 +234,10 @@ SampleDataSet::SampleDataSet(const Options & options) :
 	for (const std::string & name : options.m_only) {
 		bool known = false;
 		for (const std::string & file : all)
-			known = known || file == name || file.substr(0, file.rfind('.')) == name;
+			known = known || file == name || outputName(file) == name;
 		if (!known)
 			throw ZEB::Exception(ZEB::MessageFormat("Unknown output '%1'; use a file name of the set, e.g. "
-				"'wall_temperature.d6o', or the name without extension.").arg(name), FUNC_ID);
+				"'wall_temperature.s6o', or an output name, e.g. 'wall_temperature'.").arg(name), FUNC_ID);
 	}
 }
 
@@ -245,16 +251,30 @@ std::vector<std::string> SampleDataSet::allFileNames() {
 	for (const OutputDef & def : OUTPUTS)
 		for (const std::string & name : outputFileNames(def))
 			names.push_back(name);
+	names.push_back(CLIMATE_CCD_FILE);
 	return names;
+}
+
+
+std::string SampleDataSet::outputName(const std::string & fileName) {
+	if (fileName == CLIMATE_CCD_FILE)
+		return OUTPUTS[O_CLIMATE].m_name;
+	for (const OutputDef & def : OUTPUTS)
+		for (const std::string & name : outputFileNames(def))
+			if (name == fileName)
+				return def.m_name;
+	for (const char * geo : { WALL_GEOMETRY, CORNER_GEOMETRY })
+		if (fileName == std::string(geo) + GEOMETRY_ASCII_EXT || fileName == std::string(geo) + GEOMETRY_BINARY_EXT)
+			return geo;
+	return std::string();
 }
 
 
 bool SampleDataSet::isSelected(const std::string & fileName) const {
 	if (m_options.m_only.empty())
 		return true;
-	const std::string base = fileName.substr(0, fileName.rfind('.'));
 	for (const std::string & name : m_options.m_only)
-		if (name == fileName || name == base)
+		if (name == fileName || name == outputName(fileName))
 			return true;
 	return false;
 }
@@ -308,7 +328,7 @@ std::vector<SampleDataSet::WrittenFile> SampleDataSet::write() {
 		std::vector<OutputFile> outputs(NUM_O);
 		for (int o = 0; o < NUM_O; ++o)
 			for (const Variant & v : VARIANTS) {
-				const std::string name = std::string(OUTPUTS[o].m_name) + v.m_extension;
+				const std::string name = std::string(OUTPUTS[o].m_name) + v.m_suffix;
 				if ((!v.m_generation5 || OUTPUTS[o].m_generation5) && isSelected(name))
 					outputs[o].addFile(dir + "/" + name, makeHeader(OUTPUTS[o], v, nums[o], geometries, m_options.m_startYear));
 			}
@@ -379,6 +399,9 @@ std::vector<SampleDataSet::WrittenFile> SampleDataSet::write() {
 		}
 		for (OutputFile & o : outputs)
 			o.close();
+		if (isSelected(CLIMATE_CCD_FILE))
+			CcdFileWriter::write(dir + "/" + CLIMATE_CCD_FILE, "Outdoor air temperature of the sample building's climate",
+								 m_options.m_startYear, "TEMPER", "C", outdoorT);
 
 		std::vector<WrittenFile> written;
 		for (const std::string & name : allFileNames())

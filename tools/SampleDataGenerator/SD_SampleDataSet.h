@@ -12,8 +12,9 @@ namespace SD {
 	exterior wall insulated from inside and a 2D uninsulated exterior wall corner under the same
 	hourly climate, with their geometry files, field, flux, mean and single-value outputs and the
 	climate as reference file, in generation-6 ASCII and binary form and some outputs also in
-	generation-5 form. The file names are fixed (see allFileNames()); everything follows from the
-	options, so the same options give the same bytes.
+	generation-5 form, plus the outdoor temperature as CCD climate data file. The file names are
+	fixed (see allFileNames()); everything follows from the options, so the same options give the
+	same bytes.
 */
 class SampleDataSet {
 public:
@@ -26,8 +27,8 @@ public:
 		unsigned int	m_detailCells = 40;				///< grid cells per direction of the corner
 		unsigned int	m_detailStep = 24;				///< hours between corner field/flux records
 		int				m_startYear = 2023;
-		/*! File names (e.g. "wall_temperature.d6o") or output names without extension (e.g.
-			"wall_temperature", all its files) to write; empty writes everything.
+		/*! File names (e.g. "wall_temperature.s6o") or output names (e.g. "wall_temperature", all
+			its files; see outputName()) to write; empty writes everything.
 		*/
 		std::vector<std::string>	m_only;
 	};
@@ -43,6 +44,10 @@ public:
 
 	/*! The names of all files of a complete set, geometry files first. */
 	static std::vector<std::string> allFileNames();
+	/*! The output or geometry a file of the set belongs to, e.g. "wall_temperature" for
+		"wall_temperature_gen5_binary.out", "climate" for the CCD file; empty for other names.
+	*/
+	static std::string outputName(const std::string & fileName);
 
 	/*! Runs the models and writes the selected files; returns them in the order of
 		allFileNames().

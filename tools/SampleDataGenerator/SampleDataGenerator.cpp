@@ -46,8 +46,8 @@ int main(int argc, char * argv[]) {
 		args.addOption("detail-step", "Hours between two records of the corner temperature field and heat flux.", "N",
 					   std::to_string(options.m_detailStep));
 		args.addOption("start-year", "START_YEAR written into the output files.", "YEAR", std::to_string(options.m_startYear));
-		args.addOption("only", "Write only these files: comma-separated file names (wall_temperature.d6o) or output "
-					   "names without extension (wall_temperature: all its variants).", "NAMES");
+		args.addOption("only", "Write only these files: comma-separated file names (wall_temperature.s6o) or output "
+					   "names (wall_temperature: all its files).", "NAMES");
 		args.parse(argc, argv);
 		if (args.handleDefaultFlags())
 			return 0;

@@ -5,9 +5,11 @@
 #include <vector>
 
 #include <QDir>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <DATAIO_DataIO.h>
+#include <DATAIO_GeoFile.h>
 #include <EM_ExtractorBase.h>
 
 #include <OVP_DataManager.h>
@@ -15,6 +17,7 @@
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
 #include <OVP_ProjectHandler.h>
+#include <OVP_Settings.h>
 
 #include <Sci_AbstractColorGridSeriesModel.h>
 #include <Sci_AbstractLineSeriesModel.h>
@@ -184,9 +187,9 @@ TEST_F(DemoSessionTest, FieldChartsShowTheTimeTheInnerCornerIsColdest) {
 	// independent of the builder: the surface temperature at the cold time is the lowest of all
 	// times at which the corner field has a record
 	DATAIO::DataIO field;
-	field.read(dataFile("corner_temperature.d6b").toStdString());
+	field.read(dataFile("corner_temperature.s6b").toStdString());
 	DATAIO::DataIO surface;
-	surface.read(dataFile("corner_surface_temperature.d6b").toStdString());
+	surface.read(dataFile("corner_surface_temperature.s6b").toStdString());
 	ASSERT_EQ(surface.timePoints().front(), 1.0); // hourly from the end of the first hour
 	auto surfaceAt = [&surface](double hour) {
 		const unsigned int index = static_cast<unsigned int>(hour) - 1;
@@ -208,4 +211,32 @@ TEST_F(DemoSessionTest, FieldChartsShowTheTimeTheInnerCornerIsColdest) {
 		EXPECT_NEAR(t, coldTime, 1e-9) << "chart " << chart + 1;
 		EXPECT_TRUE(entry.m_extractor->isTimeIndexLocked()) << "chart " << chart + 1;
 	}
+}
+
+
+// With the default file name filter the data manager lists every file of the result set except
+// the geometry files (told by their content), which are no data sets; the set has files of every
+// default pattern but "*.cli".
+TEST_F(DemoSessionTest, DefaultFileNameFilterListsEveryDataFile) {
+	const OVP::Settings settings("ZEB", "DemoSessionTests", QDir(m_root->path()).filePath("settings.ini"));
+	const QStringList files = QDir(dataFile("")).entryList(QDir::Files);
+	EXPECT_EQ(static_cast<std::size_t>(files.size()), SD::SampleDataSet::allFileNames().size());
+	QSet<QString> patternsMatched;
+	for (const QString & name : files) {
+		bool geometry = true;
+		try {
+			DATAIO::GeoFile().read(dataFile(name).toStdString());
+		}
+		catch (ZEB::Exception &) {
+			geometry = false;
+		}
+		bool listed = false;
+		for (const QString & pattern : settings.m_fileNameFilter)
+			if (QDir::match(pattern, name)) {
+				listed = true;
+				patternsMatched.insert(pattern);
+			}
+		EXPECT_NE(listed, geometry) << name.toStdString();
+	}
+	EXPECT_EQ(patternsMatched, (QSet<QString>{ "*.out", "*.s6o", "*.s6b", "*.ccd" }));
 }

@@ -108,14 +108,11 @@ TEST(SDClimate, CentralEuropeanPlausibility) {
 }
 
 
-// The same seed gives the same climate, another seed another one; a shorter period is the
-// beginning of the longer one.
-TEST(SDClimate, DeterministicPerSeed) {
-	const SD::Climate a(7, 2000);
-	EXPECT_EQ(a.outdoorTemperature(), SD::Climate(7, 2000).outdoorTemperature());
-	EXPECT_EQ(a.rain(), SD::Climate(7, 2000).rain());
-	EXPECT_NE(a.outdoorTemperature(), SD::Climate(8, 2000).outdoorTemperature());
-	EXPECT_NE(a.windSpeed(), SD::Climate(8, 2000).windSpeed());
+// A shorter period is the beginning of the longer one of the same seed (that the same options
+// give the same files, and another seed other weather, the sample set's test shows).
+TEST(SDClimate, ShorterPeriodIsTheBeginning) {
 	const SD::Climate shorter(7, 100);
-	EXPECT_TRUE(std::equal(shorter.outdoorRelHum().begin(), shorter.outdoorRelHum().end(), a.outdoorRelHum().begin()));
+	const SD::Climate longer(7, 2000);
+	EXPECT_TRUE(std::equal(shorter.outdoorRelHum().begin(), shorter.outdoorRelHum().end(), longer.outdoorRelHum().begin()));
+	EXPECT_TRUE(std::equal(shorter.rain().begin(), shorter.rain().end(), longer.rain().begin()));
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -46,6 +47,33 @@ double value(DATAIO::DataIO & dio, std::size_t t, std::size_t i) {
 	return dio.data(static_cast<unsigned int>(t))[i];
 }
 
+/*! Reads a CCD file of the outdoor temperature as its layout defines it and compares it with
+	column 0 of the climate reference output beside it: the year comment, the quantity line, then
+	one line "day hh:mm:ss value" per hour from the end of the first hour on, with the same values.
+*/
+void checkOutdoorTemperatureCcd(const std::string & path) {
+	std::unique_ptr<DATAIO::DataIO> climate = readAll(fs::path(path).replace_filename("climate.s6b").string());
+	std::istringstream in(fileContent(path));
+	std::string line;
+	bool year = false;
+	while (std::getline(in, line) && line.rfind('#', 0) == 0)
+		year = year || line == "# year: 2023";
+	EXPECT_TRUE(year);
+	char keyword[16] = "", unit[16] = "";
+	EXPECT_EQ(std::sscanf(line.c_str(), "%15s %15s", keyword, unit), 2) << line;
+	EXPECT_EQ(std::string(keyword) + " " + unit, "TEMPER C");
+	std::size_t t = 0;
+	for (; std::getline(in, line); ++t) {
+		unsigned int day = 0, hour = 0, minute = 0, second = 0;
+		double v = 0;
+		ASSERT_EQ(std::sscanf(line.c_str(), "%u %2u:%2u:%2u %lf", &day, &hour, &minute, &second, &v), 5) << line;
+		ASSERT_TRUE(hour < 24 && minute == 0 && second == 0 && t < climate->timePoints().size()) << line;
+		ASSERT_EQ(day*24.0 + hour, climate->timePoints()[t]) << line;
+		ASSERT_EQ(v, value(*climate, t, 0)) << line;
+	}
+	EXPECT_EQ(t, climate->timePoints().size());
+}
+
 /*! One year of the set with a coarse wall grid, written once for all tests of this file. */
 class SDSampleDataSetTest : public ::testing::Test {
 protected:
@@ -77,8 +105,9 @@ std::vector<SD::SampleDataSet::WrittenFile> SDSampleDataSetTest::m_written;
 } // namespace
 
 
-// Every file of the set exists, reads back with the container library, has the time axis and
-// header it should have, and the variants of one output hold identical values.
+// Every file of the set exists, reads back with the container library (the CCD file with a
+// reader of its text layout), has the time axis and header it should have, and the variants of
+// one output hold identical values.
 TEST_F(SDSampleDataSetTest, EveryFileReadsBack) {
 	const std::vector<std::string> all = SD::SampleDataSet::allFileNames();
 	ASSERT_EQ(m_written.size(), all.size());
@@ -95,6 +124,10 @@ TEST_F(SDSampleDataSetTest, EveryFileReadsBack) {
 			EXPECT_FALSE(geo.isEmpty());
 			continue;
 		}
+		if (ext == ".ccd") {
+			checkOutdoorTemperatureCcd(path(name));
+			continue;
+		}
 		std::unique_ptr<DATAIO::DataIO> dio;
 		try {
 			dio = readAll(path(name));
@@ -104,7 +137,7 @@ TEST_F(SDSampleDataSetTest, EveryFileReadsBack) {
 		}
 		// generation 5 has its times in seconds, generation 6 in hours or seconds; the corner
 		// fields are written once a day
-		const bool gen5 = ext == ".d5o" || ext == ".d5b";
+		const bool gen5 = ext == ".out";
 		const double step = name.rfind("corner_temperature", 0) == 0 || name.rfind("corner_heatflux", 0) == 0 ? 24.0 : 1.0;
 		EXPECT_TRUE(dio->timeUnit() == "s" || (!gen5 && dio->timeUnit() == "h")) << dio->timeUnit();
 		const double unit = dio->timeUnit() == "s" ? 3600.0 : 1.0;
@@ -129,7 +162,7 @@ TEST_F(SDSampleDataSetTest, EveryFileReadsBack) {
 		}
 
 		// all variants equal the generation-6 ASCII file
-		std::unique_ptr<DATAIO::DataIO> reference = readAll(path(name.substr(0, name.rfind('.')) + ".d6o"));
+		std::unique_ptr<DATAIO::DataIO> reference = readAll(path(SD::SampleDataSet::outputName(name) + ".s6o"));
 		EXPECT_EQ(dio->geoFileHash() != 0, !gen5 && dio->type() != DATAIO::DataIO::T_REFERENCE);
 		if (!gen5) {
 			EXPECT_EQ(dio->geoFileHash(), reference->geoFileHash());
@@ -144,7 +177,7 @@ TEST_F(SDSampleDataSetTest, EveryFileReadsBack) {
 // Values are printed with at most 10 significant digits, like a simulation program does, but
 // not coarser either.
 TEST_F(SDSampleDataSetTest, AsciiNumbersHaveTenDigits) {
-	std::istringstream in(fileContent(path("wall_relhum.d6o")));
+	std::istringstream in(fileContent(path("wall_relhum.s6o")));
 	std::string line;
 	while (std::getline(in, line) && line.rfind("INDICES", 0) != 0) {}
 	std::size_t tokens = 0, tenDigits = 0;
@@ -168,7 +201,7 @@ TEST_F(SDSampleDataSetTest, AsciiNumbersHaveTenDigits) {
 // The physics as seen through the files: seasons, damping into the wall, fluxes following the
 // temperature field, and the corner surface humid enough in winter for mould growth.
 TEST_F(SDSampleDataSetTest, PhysicallyPlausible) {
-	std::unique_ptr<DATAIO::DataIO> wall = readAll(path("wall_temperature.d6b"));
+	std::unique_ptr<DATAIO::DataIO> wall = readAll(path("wall_temperature.s6b"));
 	const std::size_t n = wall->nValues();
 	ASSERT_EQ(n, 30u);
 	// January (hours 0-743) against July (hours 4344-5087): the outside swings more than the
@@ -185,8 +218,8 @@ TEST_F(SDSampleDataSetTest, PhysicallyPlausible) {
 	EXPECT_LT(monthMean(0, n/2), monthMean(0, n - 1));
 
 	// fluxes across inner sides run from the warmer to the colder element
-	std::unique_ptr<DATAIO::DataIO> temperature = readAll(path("corner_temperature.d6o"));
-	std::unique_ptr<DATAIO::DataIO> flux = readAll(path("corner_heatflux.d6b"));
+	std::unique_ptr<DATAIO::DataIO> temperature = readAll(path("corner_temperature.s6o"));
+	std::unique_ptr<DATAIO::DataIO> flux = readAll(path("corner_heatflux.s6b"));
 	DATAIO::GeoFile geo;
 	geo.read(path("corner.g6b"));
 	ASSERT_EQ(flux->nValues(), geo.sides().size());
@@ -207,7 +240,7 @@ TEST_F(SDSampleDataSetTest, PhysicallyPlausible) {
 	EXPECT_GT(checked, flux->timePoints().size()*geo.sides().size()/2);
 
 	// the cold inner corner: humid in winter, dry in summer
-	std::unique_ptr<DATAIO::DataIO> surfaceRH = readAll(path("corner_surface_relhum.d6o"));
+	std::unique_ptr<DATAIO::DataIO> surfaceRH = readAll(path("corner_surface_relhum.s6o"));
 	std::size_t humidWinterHours = 0, humidSummerHours = 0;
 	for (std::size_t t = 0; t < surfaceRH->timePoints().size(); ++t) {
 		const double rh = value(*surfaceRH, t, 0);
@@ -218,7 +251,7 @@ TEST_F(SDSampleDataSetTest, PhysicallyPlausible) {
 	EXPECT_GT(humidWinterHours, 1000u);
 	EXPECT_EQ(humidSummerHours, 0u);
 
-	std::unique_ptr<DATAIO::DataIO> moisture = readAll(path("wall_moisture_brick.d6o"));
+	std::unique_ptr<DATAIO::DataIO> moisture = readAll(path("wall_moisture_brick.s6o"));
 	EXPECT_EQ(moisture->spaceType(), DATAIO::DataIO::ST_MEAN);
 	EXPECT_GT(moisture->nums().size(), 1u);
 	for (std::size_t t = 0; t < moisture->timePoints().size(); ++t)
@@ -253,16 +286,18 @@ TEST(SDSampleDataSet, DeterministicSelectiveAndChecked) {
 		}
 	}
 
-	o.m_only = { "wall_temperature.d6b", "climate", "corner.g6a" };
-	EXPECT_EQ(writeInto("only").size(), 4u);
+	o.m_only = { "wall_temperature.s6b", "climate", "corner_surface_relhum", "corner.g6a" };
+	EXPECT_EQ(writeInto("only").size(), 9u);
 	std::set<std::string> names;
 	for (const fs::directory_entry & e : fs::directory_iterator(o.m_directory))
 		names.insert(e.path().filename().string());
-	EXPECT_EQ(names, (std::set<std::string>{ "corner.g6a", "wall_temperature.d6b", "climate.d6o", "climate.d6b" }));
-	EXPECT_EQ(fileContent(o.m_directory + "/wall_temperature.d6b"), fileContent(scratchDir("seed4/wall_temperature.d6b")));
+	EXPECT_EQ(names, (std::set<std::string>{ "corner.g6a", "wall_temperature.s6b", "climate.s6o", "climate.s6b",
+		"climate_outdoor_temperature.ccd", "corner_surface_relhum.s6o", "corner_surface_relhum.s6b",
+		"corner_surface_relhum_gen5_ascii.out", "corner_surface_relhum_gen5_binary.out" }));
+	EXPECT_EQ(fileContent(o.m_directory + "/wall_temperature.s6b"), fileContent(scratchDir("seed4/wall_temperature.s6b")));
 
-	// each invalid option alone is refused
-	o.m_only = { "wall_temperature.d7o" };
+	// each invalid option alone is refused, also a name the set no longer uses
+	o.m_only = { "wall_temperature.d6o" };
 	EXPECT_THROW(SD::SampleDataSet{ o }, ZEB::Exception);
 	o.m_only.clear();
 	o.m_hours = 0;

@@ -59,7 +59,9 @@ void Directory::writeXML(TiXmlElement * parent, const QString & projectDir) cons
 	for (auto it = m_subDirectories.constBegin(); it != m_subDirectories.constEnd(); ++it) {
 		TiXmlElement * sub = new TiXmlElement("SubDir");
 		e->LinkEndChild(sub);
-		sub->SetAttribute("Color", it.value().m_color.name().toStdString());
+		// no colour chosen is no Color attribute, so that it is read back as no colour
+		if (it.value().m_color.isValid())
+			sub->SetAttribute("Color", it.value().m_color.name().toStdString());
 		sub->SetAttribute("Checked", it.value().m_checked ? 1 : 0);
 		sub->LinkEndChild(new TiXmlText(it.key().toStdString()));
 	}

@@ -19,6 +19,7 @@ class Directory {
 public:
 	/*! Colour and check mark of one sub-directory. */
 	struct SubDirectory {
+		/*! User colour; invalid when none was chosen. */
 		QColor	m_color;
 		bool	m_checked = false;
 		bool operator==(const SubDirectory & other) const {
@@ -42,7 +43,9 @@ public:
 
 	/*! Absolute, normalised path of the directory. */
 	QString							m_path;
-	/*! Settings of sub-directories, by path relative to m_path. */
+	/*! Settings of sub-directories, by path relative to m_path ("." for the directory itself,
+		"a/b" for nested folders).
+	*/
 	QMap<QString, SubDirectory>		m_subDirectories;
 	/*! Sub-directories (relative to m_path) expanded in the directory tree. */
 	std::set<QString>				m_expandedSubDirectories;

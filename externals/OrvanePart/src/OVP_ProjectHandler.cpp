@@ -252,11 +252,17 @@ void ProjectHandler::setSubDirectory(int directoryIndex, const QString & relativ
 	checkValid(FUNC_ID);
 	if (directoryIndex < 0 || directoryIndex >= static_cast<int>(m_project->m_directories.size()))
 		throw ZEB::Exception(ZEB::MessageFormat("Invalid directory index %1.").arg(directoryIndex), FUNC_ID);
-	Directory::SubDirectory & sub = m_project->m_directories[static_cast<std::size_t>(directoryIndex)]
-									.m_subDirectories[relativePath];
-	sub.m_color = color;
-	sub.m_checked = checked;
-	setModified(SubDirectoriesModified, &m_project->m_directories[static_cast<std::size_t>(directoryIndex)]);
+	Directory & d = m_project->m_directories[static_cast<std::size_t>(directoryIndex)];
+	// an unchecked sub-directory without colour is the default and needs no entry
+	if (!checked && !color.isValid()) {
+		d.m_subDirectories.remove(relativePath);
+	}
+	else {
+		Directory::SubDirectory & sub = d.m_subDirectories[relativePath];
+		sub.m_color = color;
+		sub.m_checked = checked;
+	}
+	setModified(SubDirectoriesModified, &d);
 }
 
 

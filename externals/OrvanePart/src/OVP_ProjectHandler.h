@@ -121,7 +121,9 @@ public:
 		that is not within the list.
 	*/
 	void removeDirectories(int row, int count);
-	/*! Sets colour and check mark of a sub-directory (path relative to the top-level directory). */
+	/*! Sets colour and check mark of a sub-directory (path relative to the top-level directory,
+		"." for the directory itself); unchecked and without colour, its entry is removed.
+	*/
 	void setSubDirectory(int directoryIndex, const QString & relativePath, const QColor & color, bool checked);
 	/*! Marks a sub-directory as expanded or collapsed in the directory tree. */
 	void setSubDirectoryExpanded(int directoryIndex, const QString & relativePath, bool expanded);

@@ -424,35 +424,12 @@ TEST_F(ProjectHandlerTest, LoadSetsState) {
 }
 
 
-TEST_F(ProjectHandlerTest, DirectoryAndMapperEdits) {
+TEST_F(ProjectHandlerTest, MapperEdits) {
 	const QString dir = scratchDir("edits");
 	writeTimeSeries(dir + "/a.out", { 0, 1, 2 }, { 1, 2, 3 });
 	OVP::ProjectHandler & h = handler();
 	h.newProject();
 	QSignalSpy modified(&h, &OVP::ProjectHandler::modified);
-
-	EXPECT_TRUE(h.addDirectory(dir + "/x"));
-	EXPECT_TRUE(h.isModified());
-	ASSERT_EQ(modified.count(), 1);
-	EXPECT_EQ(modified[0][0].toInt(), OVP::ProjectHandler::DirectoriesModified);
-	// the same directory written differently is not added again
-	EXPECT_FALSE(h.addDirectory(dir + "/y/../x/"));
-	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "Directory '" + (dir + "/y/../x/").toStdString()
-								+ "' is already in the list of top-level directories and is not added again..",
-								"[ProjectHandler::addDirectory]"), 1);
-	EXPECT_EQ(h.project().m_directories.size(), 1u);
-	EXPECT_TRUE(h.addDirectory(dir + "/y"));
-	EXPECT_TRUE(h.addDirectory(dir + "/z"));
-
-	for (const std::pair<int, int> & bad : std::vector<std::pair<int, int> >{ { -1, 1 }, { 0, 0 }, { 2, 2 }, { 3, 1 } }) {
-		const auto ex = thrown([&h, &bad]() { h.removeDirectories(bad.first, bad.second); });
-		EXPECT_EQ(ex.first, "[ProjectHandler::removeDirectories]");
-		EXPECT_EQ(ex.second, "Invalid arguments row or count.");
-	}
-	h.removeDirectories(0, 2);
-	ASSERT_EQ(h.project().m_directories.size(), 1u);
-	EXPECT_EQ(h.project().m_directories[0].m_path, dir + "/z");
-
 	// removing mappers closes up the indices in the split layout
 	for (int i = 0; i < 4; ++i) {
 		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(h.dataManager(), { { dir + "/a.out" } });

@@ -1,7 +1,5 @@
 #include "OVP_DataManager.h"
 
-#include <QFileInfo>
-
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 
@@ -88,36 +86,8 @@ std::size_t DataManager::openContainerCount() const {
 
 
 void DataManager::determineDataFormat(DATAIO::DataIO & container, ContainerRecord & record) {
-	FUNCID(DataManager::determineDataFormat);
 	record.m_geometry.reset();
-	// time series and generation-5 files (embedded geometry) know their format after reading
-	if (container.dataFormat() != DATAIO::DataIO::NUM_DF)
-		return;
-	if (container.geoFileName().empty())
-		throw ZEB::Exception(ZEB::MessageFormat("Output file '%1' holds a field or flux but names no geometry file.")
-							 .arg(container.filename()), FUNC_ID);
-	const QString outputDir = QFileInfo(QString::fromStdString(container.filename())).absolutePath();
-	const QString geoPath = ProjectRelativePath::resolve(QString::fromStdString(container.geoFileName()), outputDir);
-	record.m_geometry = loadGeometry(geoPath);
-	container.determineDataFormat(record.m_geometry.get());
-}
-
-
-std::shared_ptr<const DATAIO::GeoFile> DataManager::loadGeometry(const QString & fileName) {
-	FUNCID(DataManager::loadGeometry);
-	const QFileInfo info(fileName);
-	if (!info.exists())
-		throw ZEB::Exception(ZEB::MessageFormat("Geometry file '%1' does not exist.").arg(fileName.toStdString()), FUNC_ID);
-	GeometryRecord & record = m_geometries[fileName];
-	std::shared_ptr<const DATAIO::GeoFile> loaded = record.m_geometry.lock();
-	if (loaded && record.m_lastModified == info.lastModified() && record.m_size == info.size())
-		return loaded;
-	std::shared_ptr<DATAIO::GeoFile> geometry = std::make_shared<DATAIO::GeoFile>();
-	geometry->read(fileName.toStdString());
-	record.m_geometry = geometry;
-	record.m_lastModified = info.lastModified();
-	record.m_size = info.size();
-	return geometry;
+	record.m_geometry = m_geometries.determineDataFormat(container);
 }
 
 
@@ -144,12 +114,7 @@ void DataManager::dropUnused() {
 		else
 			++it;
 	}
-	for (auto it = m_geometries.begin(); it != m_geometries.end();) {
-		if (it->second.m_geometry.expired())
-			it = m_geometries.erase(it);
-		else
-			++it;
-	}
+	m_geometries.dropUnused();
 }
 
 } // namespace OVP

@@ -4,8 +4,9 @@
 #include <map>
 #include <memory>
 
-#include <QDateTime>
 #include <QString>
+
+#include "OVP_GeometryCache.h"
 
 namespace DATAIO {
 class DataIO;
@@ -62,19 +63,10 @@ private:
 		unsigned int							m_revision = 0;
 	};
 
-	/*! One loaded geometry file and the file state it was read from. */
-	struct GeometryRecord {
-		std::weak_ptr<const DATAIO::GeoFile>	m_geometry;
-		QDateTime								m_lastModified;
-		qint64									m_size = 0;
-	};
-
 	/*! Decides the data format of a freshly read container, loading its geometry file when it
 		needs one; stores the geometry in the record.
 	*/
 	void determineDataFormat(DATAIO::DataIO & container, ContainerRecord & record);
-	/*! The geometry of a file: the loaded one when the file is unchanged, else read now. */
-	std::shared_ptr<const DATAIO::GeoFile> loadGeometry(const QString & fileName);
 	/*! The record of a container opened here, or null. */
 	ContainerRecord * findRecord(const DATAIO::DataIO * container);
 	const ContainerRecord * findRecord(const DATAIO::DataIO * container) const;
@@ -83,7 +75,8 @@ private:
 
 	/*! Records by normalised absolute file path. */
 	std::map<QString, ContainerRecord>	m_containers;
-	std::map<QString, GeometryRecord>	m_geometries;
+	/*! The geometries held by the open containers. */
+	GeometryCache						m_geometries;
 };
 
 } // namespace OVP

@@ -1,0 +1,75 @@
+#include "OVP_DataCollectionReader.h"
+
+#include <QFileInfo>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+#include <ZEB_Unit.h>
+#include <ZEB_UnitList.h>
+
+namespace OVP {
+
+namespace {
+
+const char * const UNREADABLE = "Invalid/unrecognized data file or data/geometry file cannot be accessed.";
+
+} // namespace
+
+
+DataCollection DataCollectionReader::read(const QString & path) {
+	FUNCID(DataCollectionReader::read);
+	// the file state is taken before the header is read, so that a change while reading shows
+	// as a change at the next look
+	const QFileInfo info(path);
+	DataCollection collection;
+	collection.m_path = info.absoluteFilePath();
+	collection.m_lastModified = info.lastModified();
+	collection.m_size = info.size();
+
+	DATAIO::DataIO header;
+	try {
+		header.openAndReadHeader(collection.m_path.toStdString());
+		collection.m_geometry = m_geometries.determineDataFormat(header);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, UNREADABLE, FUNC_ID);
+	}
+	catch (std::exception & ex) {
+		throw ZEB::Exception(ex, UNREADABLE, FUNC_ID);
+	}
+	checkHeader(header);
+
+	collection.m_dataFormat = header.dataFormat();
+	collection.m_outputType = header.type();
+	collection.m_quantity = QString::fromStdString(header.quantity());
+	collection.m_valueUnit = QString::fromStdString(header.valueUnit());
+	collection.m_timeUnit = QString::fromStdString(header.timeUnit());
+	if (header.type() == DATAIO::DataIO::T_REFERENCE) {
+		collection.m_dataSetColumns = header.nums();
+		collection.m_dataSetNames = DataCollection::dataSetNames(collection.m_quantity, header.nums());
+	}
+	return collection;
+}
+
+
+void DataCollectionReader::checkHeader(const DATAIO::DataIO & header) {
+	FUNCID(DataCollectionReader::checkHeader);
+	const ZEB::UnitList & units = ZEB::UnitList::instance();
+	if (header.valueUnit().empty())
+		throw ZEB::Exception("Value unit empty in DataIO container.", FUNC_ID);
+	if (units.retrieve(header.valueUnit()) == nullptr)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid/unknown value unit '%1' in DataIO container.")
+							 .arg(header.valueUnit()), FUNC_ID);
+	if (header.timeUnit().empty())
+		throw ZEB::Exception("Time unit empty in DataIO container.", FUNC_ID);
+	const ZEB::UnitData * timeUnit = units.retrieve(header.timeUnit());
+	if (timeUnit == nullptr)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid/unknown time unit '%1' in DataIO container.")
+							 .arg(header.timeUnit()), FUNC_ID);
+	if (timeUnit->base_id() != ZEB::Unit("s").base_id())
+		throw ZEB::Exception("Unit set as time unit is not convertable to seconds (not a time unit?).", FUNC_ID);
+	if (header.quantity().empty())
+		throw ZEB::Exception("Missing quantity description in DataIO container.", FUNC_ID);
+}
+
+} // namespace OVP

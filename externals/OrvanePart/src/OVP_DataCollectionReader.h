@@ -1,0 +1,36 @@
+#ifndef OVP_DataCollectionReaderH
+#define OVP_DataCollectionReaderH
+
+#include <QString>
+
+#include "OVP_DataCollection.h"
+#include "OVP_GeometryCache.h"
+
+namespace OVP {
+
+/*! Reads and checks the header of a data file for the data manager: only the header, never the
+	data section, so that a file of any size is listed at once. The geometry files that field and
+	flux outputs need for their data format are read once per geometry file.
+*/
+class DataCollectionReader {
+public:
+	/*! The collection of a file, its m_directory left empty. Throws ZEB::Exception whose
+		newest message says why the file cannot be listed: "Invalid/unrecognized data file or
+		data/geometry file cannot be accessed." (with the cause attached) for a file or geometry
+		that cannot be read, else the failed check of units and quantity.
+	*/
+	DataCollection read(const QString & path);
+
+	/*! Forgets geometries that no collection holds any longer. */
+	void dropUnusedGeometries() { m_geometries.dropUnused(); }
+
+private:
+	/*! Checks value unit, time unit and quantity of a header; throws ZEB::Exception. */
+	static void checkHeader(const DATAIO::DataIO & header);
+
+	GeometryCache	m_geometries;
+};
+
+} // namespace OVP
+
+#endif // OVP_DataCollectionReaderH

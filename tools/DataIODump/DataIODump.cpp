@@ -2,7 +2,9 @@
 // By default the header fields, the number of time points, the values per time point and the
 // data format; with --data one line per time point (time point and values separated by single
 // blanks, numbers in shortest round-trip form); --time-index=N limits that to one time point.
-// A file that cannot be read prints the whole error chain to standard error and exits with 1.
+// A file that cannot be read prints the whole error chain to standard error and exits with 1;
+// warnings of the reader (e.g. a last line without line end that is not read) go to standard
+// error as well.
 
 #include <algorithm>
 #include <cstdio>
@@ -12,6 +14,7 @@
 #include <ZEB_ArgParser.h>
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
 #include <ZEB_StringUtils.h>
 
 #include <DATAIO_DataIO.h>
@@ -19,6 +22,14 @@
 #include <DATAIO_NumberText.h>
 
 namespace {
+
+/*! Writes messages to standard error, so that they never mix with the dump on standard output. */
+class StandardErrorMessages : public ZEB::MessageHandler {
+public:
+	void writeConsole(const std::string & text, ZEB::MsgType) override {
+		std::cerr << text;
+	}
+};
 
 /*! Prints one "Name: value" line with the value in a common column. */
 void printField(const std::string & name, const std::string & value) {
@@ -116,6 +127,8 @@ void printData(DATAIO::DataIO & dio, bool oneIndex, unsigned int timeIndex) {
 
 int main(int argc, char * argv[]) {
 	FUNCID(DataIODump::main);
+	StandardErrorMessages messages;
+	ZEB::MessageHandler::setCurrent(&messages);
 	try {
 		ZEB::ArgParser args;
 		args.setProgramName("DataIODump");

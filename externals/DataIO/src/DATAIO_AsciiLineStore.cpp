@@ -112,6 +112,22 @@ void AsciiLineStore::truncate(std::size_t count) {
 }
 
 
+void AsciiLineStore::removeLast(bool released) {
+	Block & b = m_blocks.back();
+	m_lineEnd.pop_back();
+	if (m_lineEnd.size() == b.m_firstLine) {
+		m_blocks.pop_back();
+		return;
+	}
+	if (!released && --b.m_held == 0) {
+		b.m_text.reset();
+		b.m_capacity = 0;
+	}
+	if (b.m_text != nullptr)
+		b.m_used = m_lineEnd.back();
+}
+
+
 std::size_t AsciiLineStore::blockOf(std::size_t index) const {
 	std::vector<Block>::const_iterator it = std::upper_bound(m_blocks.begin(), m_blocks.end(), index,
 		[](std::size_t i, const Block & b) { return i < b.m_firstLine; });

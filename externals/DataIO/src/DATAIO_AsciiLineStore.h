@@ -40,6 +40,8 @@ public:
 		must not have released any of them.
 	*/
 	void truncate(std::size_t count);
+	/*! Removes the last line; released tells whether it had been released. */
+	void removeLast(bool released);
 
 	/*! The text of a line that has not been released: [begin, end). */
 	void line(std::size_t index, const char *& begin, const char *& end) const;

@@ -7,8 +7,8 @@
 #include <limits>
 
 #include <ZEB_Exception.h>
-#include <ZEB_FileReader.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
 #include <ZEB_NotificationHandler.h>
 #include <ZEB_StringUtils.h>
 
@@ -49,8 +49,13 @@ namespace {
 const std::size_t PRE_V6_TITLE_LENGTH = 40;
 /*! Number of bytes before the end of the last record that refresh() compares. */
 const std::uint64_t TAIL_SIGNATURE_SIZE = 64;
-/*! Size of the blocks in which binary data sections are read. */
+/*! Size of the blocks in which binary and ASCII data sections are read. */
 const std::uint64_t BINARY_BLOCK_SIZE = std::uint64_t(4) << 20;
+const std::size_t ASCII_BLOCK_SIZE = std::size_t(4) << 20;
+/*! Size of the first block of an ASCII header, which is usually a few hundred bytes long. */
+const std::size_t HEADER_BLOCK_SIZE = std::size_t(64) << 10;
+/*! Verbosity level at which a held-back last line of a growing file is reported again. */
+const int HELD_BACK_LEVEL = 2;
 /*! Lines after which the ASCII reader estimates the line count of the rest of the file. */
 const std::size_t LINES_BEFORE_ESTIMATE = 4096;
 /*! Longest part of a faulty line quoted in an error message. */
@@ -166,11 +171,18 @@ DataIO & DataIO::operator=(DataIO &&) noexcept = default;
 
 
 void DataIO::clear() {
+	const std::size_t maxLineLength = m_maxLineLength;
 	*this = DataIO();
+	m_maxLineLength = maxLineLength;
 }
 
 
 void DataIO::read(const std::string & filename, ZEB::NotificationHandler * notification) {
+	readFile(filename, notification, LL_HOLD_BACK);
+}
+
+
+void DataIO::readFile(const std::string & filename, ZEB::NotificationHandler * notification, LastLine lastLine) {
 	FUNCID(DataIO::read);
 	try {
 		openAndReadHeader(filename);
@@ -184,7 +196,7 @@ void DataIO::read(const std::string & filename, ZEB::NotificationHandler * notif
 		}
 		else {
 			try {
-				readASCIIData(notification);
+				readASCIIData(notification, lastLine);
 			}
 			catch (ZEB::Exception & ex) {
 				throw ZEB::Exception(ex, "Error on reading ASCII content from file.", FUNC_ID);
@@ -294,11 +306,16 @@ void DataIO::openAndReadHeader(const std::string & filename) {
 void DataIO::readASCIIHeader(std::istream & in, bool preV6) {
 	FUNCID(DataIO::readASCIIHeader);
 	const std::streamoff start = in.tellg();
-	LineReader reader(in);
-	std::string rawLine;
+	if (start < 0)
+		throw ZEB::Exception("Cannot determine the start of the header.", FUNC_ID);
+	LineReader reader(in, m_filename, static_cast<std::uint64_t>(start), m_fileSize, 1, m_maxLineLength, HEADER_BLOCK_SIZE);
 	std::string geometryText;
 	bool inTable = false;
-	while (reader.next(rawLine)) {
+	const char * lineBegin;
+	const char * lineEnd;
+	while (reader.next(lineBegin, lineEnd)) {
+		reader.checkText(lineBegin, lineEnd);
+		const std::string rawLine(lineBegin, lineEnd);
 		if (ZEB::trimmed(rawLine, " \t\r\n#").empty())
 			continue;
 		const std::string line = ZEB::trimmed(rawLine, " \t\r\n");
@@ -347,12 +364,13 @@ void DataIO::readASCIIHeader(std::istream & in, bool preV6) {
 				m_nums.push_back(n);
 			}
 			// a header line still being written must not be taken: the list may be incomplete
-			if (!reader.lastLineTerminated())
+			if (!reader.lastTerminated())
 				throw ZEB::Exception("Missing line end after the last header line, header incomplete.", FUNC_ID);
-			const std::uint64_t offset = static_cast<std::uint64_t>(start) + reader.consumed();
+			const std::uint64_t offset = reader.consumed();
 			if (offset > std::numeric_limits<std::uint32_t>::max())
 				throw ZEB::Exception("ASCII header longer than 4 GB.", FUNC_ID);
 			m_dataSectionOffset = static_cast<std::uint32_t>(offset);
+			m_linesConsumed = reader.lineNumber();
 			return;
 		}
 
@@ -536,44 +554,61 @@ void DataIO::checkEmbeddedGeometry() {
 }
 
 
-void DataIO::readASCIIData(ZEB::NotificationHandler * notification) {
+void DataIO::readASCIIData(ZEB::NotificationHandler * notification, LastLine lastLine) {
 	FUNCID(DataIO::readASCIIData);
 	const std::size_t before = m_timePoints.size();
+	const bool hadOpenLine = m_hasOpenLine;
 	try {
-		// after a few lines, estimate how many follow and reserve the per-line bookkeeping once
-		std::size_t lines = 0;
-		std::uint64_t bytes = 0;
-		const std::uint64_t toRead = m_fileSize > m_consumedEnd ? m_fileSize - m_consumedEnd : 0;
-		auto handler = [&](const char * begin, const char * end) {
-			addValueLine(begin, end);
-			if (lines < LINES_BEFORE_ESTIMATE) {
-				bytes += static_cast<std::uint64_t>(end - begin) + 1;
-				if (++lines == LINES_BEFORE_ESTIMATE && toRead > bytes) {
-					const std::size_t estimate = static_cast<std::size_t>((toRead - bytes)/(bytes/lines + 1)*21/20);
-					m_timePoints.reserve(m_timePoints.size() + estimate);
-					m_asciiDataLines.reserveLines(estimate);
+		try {
+			std::ifstream in(m_filename, std::ios::binary);
+			if (!in)
+				throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(m_filename), FUNC_ID);
+			LineReader reader(in, m_filename, m_consumedEnd, m_fileSize, m_linesConsumed + 1, m_maxLineLength,
+							  ASCII_BLOCK_SIZE, notification);
+			// after a few lines, estimate how many follow and reserve the per-line bookkeeping once
+			std::size_t lines = 0;
+			const std::uint64_t toRead = m_fileSize > m_consumedEnd ? m_fileSize - m_consumedEnd : 0;
+			std::uint64_t lineStart = m_consumedEnd;
+			const char * begin;
+			const char * end;
+			while (reader.next(begin, end)) {
+				if (!reader.lastTerminated()) {
+					if (addLastLine(reader, begin, end, lineStart, lastLine))
+						lineStart = reader.consumed();
+					break;
+				}
+				addValueLine(reader, begin, end);
+				lineStart = reader.consumed();
+				if (lines < LINES_BEFORE_ESTIMATE && ++lines == LINES_BEFORE_ESTIMATE) {
+					const std::uint64_t bytes = lineStart - m_consumedEnd;
+					if (toRead > bytes) {
+						const std::size_t estimate = static_cast<std::size_t>((toRead - bytes)/(bytes/lines + 1)*21/20);
+						m_timePoints.reserve(m_timePoints.size() + estimate);
+						m_asciiDataLines.reserveLines(estimate);
+					}
 				}
 			}
-		};
-		std::uint64_t end = 0;
-		try {
-			end = ZEB::FileReader::readLines(m_filename, m_consumedEnd, handler, notification, true);
+			m_linesConsumed = reader.lineNumber() - (reader.lastTerminated() ? 0 : 1);
+			m_consumedEnd = lineStart;
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, "Error reading file with FileReader.", FUNC_ID);
 		}
-		m_consumedEnd = end;
 	}
 	catch (ZEB::Exception & ex) {
 		m_timePoints.resize(before);
 		m_asciiDataLines.truncate(before);
+		m_hasOpenLine = hadOpenLine;
 		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
 	}
 	catch (std::exception & ex) {
 		m_timePoints.resize(before);
 		m_asciiDataLines.truncate(before);
+		m_hasOpenLine = hadOpenLine;
 		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
 	}
+	if (notification != nullptr)
+		notification->notify(1.0);
 	// the last block keeps its unused tail: pages never written cost no memory, and a refresh
 	// of a growing file appends there instead of moving the whole block
 	m_values.resize(m_timePoints.size());
@@ -581,7 +616,55 @@ void DataIO::readASCIIData(ZEB::NotificationHandler * notification) {
 }
 
 
-void DataIO::addValueLine(const char * begin, const char * end) {
+bool DataIO::addLastLine(const LineReader & reader, const char * begin, const char * end, std::uint64_t start,
+						 LastLine lastLine)
+{
+	FUNCID(DataIO::addLastLine);
+	Tokenizer tok(begin, end);
+	if (tok.atEnd())
+		return false;	// blanks only: nothing to take
+	reader.checkText(begin, end);
+	bool take = lastLine == LL_TAKE;
+	if (lastLine == LL_TAKE_COMPLETE) {
+		// a line cut within its values is still being written
+		std::size_t tokens = 0;
+		const char * tb;
+		const char * te;
+		while (tok.next(tb, te))
+			++tokens;
+		take = tokens == static_cast<std::size_t>(m_nValues) + 1;
+	}
+	if (take) {
+		addValueLine(reader, begin, end);
+		m_hasOpenLine = true;
+		m_openLineStart = start;
+		return true;
+	}
+	// reported once per line; a warning the first time, later ones (a growing file) in the log only
+	const std::string text = ZEB::MessageFormat("The last line of file '%1' (line %2) has no line end: it is held "
+		"back while the file may still be written, and read once the file stops changing or on an explicit refresh.")
+		.arg(m_filename).arg(static_cast<unsigned long long>(reader.lineNumber())).str();
+	if (m_reportedHeldBack == 0)
+		ZEB::reportWarning(text, FUNC_ID);
+	else if (m_reportedHeldBack != start)
+		ZEB::reportProgress(text + "\n", FUNC_ID, HELD_BACK_LEVEL);
+	m_reportedHeldBack = start;
+	return false;
+}
+
+
+void DataIO::dropOpenLine() {
+	const std::size_t t = m_timePoints.size() - 1;
+	m_asciiDataLines.removeLast(m_values.isLoaded(t));
+	m_values.resize(t);
+	m_timePoints.pop_back();
+	m_consumedEnd = m_openLineStart;
+	m_tailSignature = tailBytes(m_consumedEnd);
+	m_hasOpenLine = false;
+}
+
+
+void DataIO::addValueLine(const LineReader & reader, const char * begin, const char * end) {
 	FUNCID(DataIO::addValueLine);
 	const char * p = begin;
 	while (p != end && Tokenizer::isSeparator(*p))
@@ -592,9 +675,11 @@ void DataIO::addValueLine(const char * begin, const char * end) {
 	while (tokenEnd != end && !Tokenizer::isSeparator(*tokenEnd))
 		++tokenEnd;
 	double t;
-	if (!ZEB::parseDouble(p, tokenEnd, t))
+	if (!ZEB::parseDouble(p, tokenEnd, t)) {
+		reader.checkText(begin, end);
 		throw ZEB::Exception(ZEB::MessageFormat("Error parsing time point from line '%1', using substr '%2'.")
 							 .arg(quoted(begin, end)).arg(quoted(p, tokenEnd)), FUNC_ID);
+	}
 	while (tokenEnd != end && Tokenizer::isSeparator(*tokenEnd))
 		++tokenEnd;
 	m_asciiDataLines.append(tokenEnd, end);
@@ -611,9 +696,9 @@ void DataIO::readBinaryData(ZEB::NotificationHandler * notification) {
 	const std::uint64_t recordSize = (static_cast<std::uint64_t>(m_nValues) + 1)*8;
 	const std::size_t before = m_timePoints.size();
 	std::uint64_t pos = m_dataSectionOffset + before*recordSize;
-	// records whose time point is complete; the values of the last one may still be missing
+	// complete records only: a record still being written is listed once its values are there
 	const std::uint64_t available = m_fileSize > pos ? m_fileSize - pos : 0;
-	const std::uint64_t count = available/recordSize + (available % recordSize >= 8 ? 1 : 0);
+	const std::uint64_t count = available/recordSize;
 	m_timePoints.reserve(m_timePoints.size() + static_cast<std::size_t>(count));
 
 	const std::uint64_t recordsPerBlock = std::max<std::uint64_t>(1, BINARY_BLOCK_SIZE/recordSize);
@@ -632,13 +717,14 @@ void DataIO::readBinaryData(ZEB::NotificationHandler * notification) {
 				throw ZEB::Exception("Error on read binary data.", FUNC_ID);
 			}
 			const std::uint64_t got = static_cast<std::uint64_t>(in.gcount());
-			for (std::uint64_t off = 0; off + 8 <= got && done < count; off += recordSize, ++done) {
+			const std::uint64_t doneBefore = done;
+			for (std::uint64_t off = 0; off + recordSize <= got && done < count; off += recordSize, ++done) {
 				double t;
 				std::memcpy(&t, block.data() + off, sizeof(t));
 				m_timePoints.push_back(t);
 			}
 			pos += got - got % recordSize;
-			if (got < want)
+			if (got < want || done == doneBefore)
 				break;	// the file became shorter while reading
 		}
 		else {
@@ -658,36 +744,42 @@ void DataIO::readBinaryData(ZEB::NotificationHandler * notification) {
 	if (notification != nullptr)
 		notification->notify(1.0);
 	m_values.resize(m_timePoints.size());
-	// the bytes that existed when reading, up to the end of the last record listed; a writer that
-	// only appends never changes them
-	m_consumedEnd = std::min<std::uint64_t>(m_fileSize, m_dataSectionOffset + m_timePoints.size()*recordSize);
+	// the end of the last record listed; a writer that only appends never changes the bytes before
+	m_consumedEnd = m_dataSectionOffset + m_timePoints.size()*recordSize;
 	m_tailSignature = tailBytes(m_consumedEnd);
 }
 
 
-DataIO::RefreshResult DataIO::refresh(ZEB::NotificationHandler * notification) {
+DataIO::RefreshResult DataIO::refresh(RefreshMode mode, ZEB::NotificationHandler * notification) {
 	FUNCID(DataIO::refresh);
 	if (m_filename.empty())
 		throw ZEB::Exception("Container was not read from a file.", FUNC_ID);
 	const std::string filename = m_filename;
 	try {
+		const LastLine lastLine = mode == RM_EXPLICIT ? LL_TAKE : LL_HOLD_BACK;
 		if (m_source != SRC_MEMORY) {
 			DataIO current;
+			current.m_maxLineLength = m_maxLineLength;
 			current.openAndReadHeader(m_filename);
 			const bool sameFile = current.m_headerHash == m_headerHash &&
 				current.m_dataSectionOffset == m_dataSectionOffset &&
 				current.m_fileSize >= m_consumedEnd && tailBytes(m_consumedEnd) == m_tailSignature;
 			if (sameFile) {
 				const std::size_t before = m_timePoints.size();
+				const bool unchanged = current.m_fileSize == m_fileSize;
+				// a last line taken without line end that has grown since is read again
+				const bool lastChanged = m_hasOpenLine && !unchanged;
+				if (lastChanged)
+					dropOpenLine();
 				m_fileSize = current.m_fileSize;
 				if (m_isBinary)
 					readBinaryData(notification);
 				else
-					readASCIIData(notification);
-				return m_timePoints.size() > before ? RR_APPENDED : RR_UNCHANGED;
+					readASCIIData(notification, lastLine == LL_HOLD_BACK && unchanged ? LL_TAKE_COMPLETE : lastLine);
+				return m_timePoints.size() > before || lastChanged ? RR_APPENDED : RR_UNCHANGED;
 			}
 		}
-		read(filename, notification);
+		readFile(filename, notification, lastLine);
 		return RR_RELOADED;
 	}
 	catch (ZEB::Exception & ex) {
@@ -711,36 +803,42 @@ const double * DataIO::data(unsigned int timeIndex) {
 	if (m_values.isLoaded(t))
 		return m_values.row(t);
 
-	if (m_source == SRC_ASCII) {
-		const char * begin;
-		const char * end;
-		m_asciiDataLines.line(t, begin, end);
-		try {
-			ZEB::string2valueVector(begin, end, m_parseBuffer);
+	try {
+		if (m_source == SRC_ASCII) {
+			const char * begin;
+			const char * end;
+			m_asciiDataLines.line(t, begin, end);
+			try {
+				ZEB::string2valueVector(begin, end, m_parseBuffer);
+			}
+			catch (ZEB::Exception & ex) {
+				throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid values for time index %1 in output file.")
+									 .arg(timeIndex), FUNC_ID);
+			}
+			if (m_parseBuffer.size() != m_nValues)
+				throw ZEB::Exception(ZEB::MessageFormat("Not enough values for time index %1 in output file, "
+					"only got %2 values, but needed %3.").arg(timeIndex).arg(static_cast<unsigned long>(m_parseBuffer.size()))
+					.arg(m_nValues), FUNC_ID);
+			if (m_nValues != 0)
+				std::memcpy(rowForWriting(t, FUNC_ID), m_parseBuffer.data(), m_nValues*sizeof(double));
+			m_values.setLoaded(t);
+			m_asciiDataLines.release(t);
 		}
-		catch (ZEB::Exception & ex) {
-			throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid values for time index %1 in output file.")
-								 .arg(timeIndex), FUNC_ID);
+		else if (m_source == SRC_BINARY) {
+			std::ifstream in(m_filename, std::ios::binary);
+			if (!in)
+				throw ZEB::Exception("Cannot open output file for reading.", FUNC_ID);
+			const std::uint64_t pos = m_dataSectionOffset + ((static_cast<std::uint64_t>(m_nValues) + 1)*t + 1)*8;
+			in.seekg(static_cast<std::streamoff>(pos));
+			double * row = rowForWriting(t, FUNC_ID);
+			if (!in.read(reinterpret_cast<char*>(row), static_cast<std::streamsize>(m_nValues*sizeof(double))))
+				throw ZEB::Exception("Error reading data for this time index.", FUNC_ID);
+			m_values.setLoaded(t);
 		}
-		if (m_parseBuffer.size() != m_nValues)
-			throw ZEB::Exception(ZEB::MessageFormat("Not enough values for time index %1 in output file, "
-				"only got %2 values, but needed %3.").arg(timeIndex).arg(static_cast<unsigned long>(m_parseBuffer.size()))
-				.arg(m_nValues), FUNC_ID);
-		if (m_nValues != 0)
-			std::memcpy(rowForWriting(t, FUNC_ID), m_parseBuffer.data(), m_nValues*sizeof(double));
-		m_values.setLoaded(t);
-		m_asciiDataLines.release(t);
 	}
-	else if (m_source == SRC_BINARY) {
-		std::ifstream in(m_filename, std::ios::binary);
-		if (!in)
-			throw ZEB::Exception("Cannot open output file for reading.", FUNC_ID);
-		const std::uint64_t pos = m_dataSectionOffset + ((static_cast<std::uint64_t>(m_nValues) + 1)*t + 1)*8;
-		in.seekg(static_cast<std::streamoff>(pos));
-		double * row = rowForWriting(t, FUNC_ID);
-		if (!in.read(reinterpret_cast<char*>(row), static_cast<std::streamsize>(m_nValues*sizeof(double))))
-			throw ZEB::Exception("Error reading data for this time index.", FUNC_ID);
-		m_values.setLoaded(t);
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read the values of time index %1 from file '%2'.")
+							 .arg(timeIndex).arg(m_filename), FUNC_ID);
 	}
 	return m_values.row(t);
 }

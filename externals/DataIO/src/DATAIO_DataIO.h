@@ -17,6 +17,7 @@ class NotificationHandler;
 namespace DATAIO {
 
 class GeoFile;
+class LineReader;
 
 /*! One simulation output file in memory: the header that tells what was recorded, the list of
 	time points, and the values of each time point, which are loaded when first asked for.
@@ -27,9 +28,11 @@ class GeoFile;
 
 	A file that a running simulation is still writing can be followed with refresh(), which
 	re-reads the header and appends the records written since the last read without reading
-	the earlier ones again. Records are only taken once they are complete: an ASCII line needs
-	its line end; a binary record is listed when its time point is complete, and its values can
-	be read once the record is complete.
+	the earlier ones again. Records are only taken once they are complete: a binary record once
+	all its bytes are there, an ASCII line with its line end. An ASCII last line without line end
+	is held back (and the log says so) until a refresh finds the file unchanged and the line
+	holding all its values, or an explicit refresh takes it; should the file grow after that, the
+	line is read again.
 
 	A container is used by one thread at a time: even data() changes it.
 */
@@ -71,8 +74,14 @@ public:
 	/*! What refresh() found. */
 	enum RefreshResult {
 		RR_UNCHANGED,	///< no new complete records
-		RR_APPENDED,	///< new time points were appended
+		RR_APPENDED,	///< new time points were appended, or the last one was read again
 		RR_RELOADED		///< the file was replaced or rewritten and has been read again
+	};
+
+	/*! Who asks for a refresh(). */
+	enum RefreshMode {
+		RM_FOLLOW,		///< following a growing file: an ASCII last line without line end waits
+		RM_EXPLICIT		///< the user's refresh: an ASCII last line without line end is taken
 	};
 
 	/*! Magic characters of the generation-6 ASCII and binary output files. */
@@ -91,6 +100,12 @@ public:
 	static constexpr unsigned int MAX_QUANTITY_LENGTH = 500000;
 	static constexpr unsigned int MAX_UNIT_LENGTH = 100;
 	static constexpr unsigned int MAX_NUMS = 1000000;
+	/*! Most bytes one line of an ASCII file may hold (line end not counted): MAX_NUMS values of
+		32 characters each, which leaves room for the longest double text (24 characters) and its
+		separators. Header lines are shorter still (MAX_NUMS numbers, or MAX_QUANTITY_LENGTH
+		characters).
+	*/
+	static constexpr std::size_t MAX_LINE_LENGTH = std::size_t(32)*MAX_NUMS;
 
 	/*! Header keywords of the ASCII variants. */
 	static const char * const KW_TYPE;
@@ -149,8 +164,10 @@ public:
 		record taken unchanged), only the bytes appended since the last read are read and their
 		time points appended. Otherwise the file is read again from the start. Values loaded so
 		far stay loaded. Pointers returned by data() and dataVector() become invalid.
+		An ASCII last line without line end is taken by an explicit refresh, and by one that
+		finds the file unchanged when the line holds a time point and all its values.
 	*/
-	RefreshResult refresh(ZEB::NotificationHandler * notification = nullptr);
+	RefreshResult refresh(RefreshMode mode = RM_FOLLOW, ZEB::NotificationHandler * notification = nullptr);
 
 	/*! The nValues() values of a time point, loaded on first request. The pointer stays valid
 		until the container changes (refresh(), setData(), deleteData(), read(), clear()).
@@ -212,6 +229,10 @@ public:
 	std::uint32_t dataSectionOffset() const { return m_dataSectionOffset; }
 	/*! True when the values of the time point are in memory. */
 	bool isLoaded(unsigned int timeIndex) const;
+	/*! Most bytes a line of an ASCII file may hold; a longer line fails the read. */
+	std::size_t maxLineLength() const { return m_maxLineLength; }
+	/*! Sets the line limit (default MAX_LINE_LENGTH); it is kept by clear() and read(). */
+	void setMaxLineLength(std::size_t bytes) { m_maxLineLength = bytes; }
 
 	// header setters, for containers built in memory and for writing files; setters that
 	// change the number of values per time point apply only to containers without time points
@@ -245,15 +266,31 @@ private:
 		SRC_BINARY		///< records in the file
 	};
 
+	/*! What readASCIIData() does with a last line without line end. */
+	enum LastLine {
+		LL_HOLD_BACK,		///< leave it for a later read
+		LL_TAKE_COMPLETE,	///< take it when it holds a time point and nValues() values
+		LL_TAKE				///< take it
+	};
+
+	/*! read(), with the given treatment of an ASCII last line without line end. */
+	void readFile(const std::string & filename, ZEB::NotificationHandler * notification, LastLine lastLine);
 	void readASCIIHeader(std::istream & in, bool preV6);
 	void readBinaryHeader(std::istream & in);
 	void readBinaryHeaderPreV6(std::istream & in);
 	/*! Reads the ASCII data lines from the end of the last read on. */
-	void readASCIIData(ZEB::NotificationHandler * notification);
-	/*! Reads the binary time points from the first record not yet listed on. */
+	void readASCIIData(ZEB::NotificationHandler * notification, LastLine lastLine);
+	/*! Takes or holds back (and reports) the reader's current line [begin, end), which begins at
+		file position start and has no line end. True when it was taken.
+	*/
+	bool addLastLine(const LineReader & reader, const char * begin, const char * end, std::uint64_t start,
+					 LastLine lastLine);
+	/*! Removes the time point of a last line taken without line end, so that it is read again. */
+	void dropOpenLine();
+	/*! Reads the binary time points of the complete records not yet listed. */
 	void readBinaryData(ZEB::NotificationHandler * notification);
-	/*! Takes one ASCII data line: its time point and the unparsed rest. */
-	void addValueLine(const char * begin, const char * end);
+	/*! Takes one ASCII data line (the reader's current line): its time point and the unparsed rest. */
+	void addValueLine(const LineReader & reader, const char * begin, const char * end);
 	/*! Storage for the values of time point t; a failed allocation throws with funcId. */
 	double * rowForWriting(std::size_t t, const char * funcId);
 	/*! Loads all binary values that are missing with one sequential pass over the file; records
@@ -308,6 +345,16 @@ private:
 	std::string					m_tailSignature;
 	/*! Hash of the header bytes, to recognise a replaced file. */
 	std::uint64_t				m_headerHash = 0;
+	/*! Number of lines before m_consumedEnd (ASCII). */
+	std::uint64_t				m_linesConsumed = 0;
+	/*! True when the last time point comes from a last line without line end, which began at
+		m_openLineStart (ASCII).
+	*/
+	bool						m_hasOpenLine = false;
+	std::uint64_t				m_openLineStart = 0;
+	/*! Start of the last line that was reported as held back, so that it is reported once. */
+	std::uint64_t				m_reportedHeldBack = 0;
+	std::size_t					m_maxLineLength = MAX_LINE_LENGTH;
 	/*! Reused buffer for the values of one ASCII line while they are parsed. */
 	std::vector<double>			m_parseBuffer;
 };

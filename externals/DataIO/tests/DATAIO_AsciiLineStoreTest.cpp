@@ -21,7 +21,8 @@ std::string lineText(const DATAIO::AsciiLineStore & store, std::size_t i) {
 
 TEST(AsciiLineStore, BehavesLikeAListOfStringsUnderRandomOperations) {
 	// model: the lines and whether they were released; operations in random order, including
-	// giving back block space, truncating unreleased tails and lines longer than a block
+	// giving back block space, removing the last line, truncating unreleased tails and lines
+	// longer than a block
 	std::mt19937 gen(2024);
 	DATAIO::AsciiLineStore store;
 	std::vector<std::string> model;
@@ -46,6 +47,11 @@ TEST(AsciiLineStore, BehavesLikeAListOfStringsUnderRandomOperations) {
 		}
 		else if (kind < 93) {
 			store.shrinkLastBlock();
+		}
+		else if (kind < 96 && !model.empty()) {
+			store.removeLast(released.back());
+			model.pop_back();
+			released.pop_back();
 		}
 		else if (!model.empty()) {
 			// truncate back to the last released line: only unreleased lines may be removed

@@ -201,6 +201,38 @@ TEST(DataIOCorrupt, RandomDamageNeverCrashesOrEscapes) {
 }
 
 
+TEST(DataIOCorrupt, OverlongLinesAndNulBytesFailNamingFileAndLine) {
+	const std::string fname = scratchFile("limits.d6o");
+	const std::string header = "S6OAQXV! 06.0000\nSPACE_TYPE = SINGLE\nINDICES = 1 2\n";
+	const std::string longLine = "Line 5 of file '" + fname + "' is longer than 24 bytes: the file is corrupt or no text file.";
+	DataIO dio;
+	dio.setMaxLineLength(24);
+	// a line of exactly the limit is read; one byte more fails, with or without line end
+	const std::string atLimit = "1 " + std::string(18, '0') + "2 3";
+	ASSERT_EQ(atLimit.size(), 23u);
+	writeBytes(fname, header + "0 1 2\n" + atLimit + "4\n");
+	dio.read(fname);
+	EXPECT_EQ(dio.timePoints().size(), 2u);
+	writeBytes(fname, header + "0 1 2\n" + atLimit + "45\n");
+	EXPECT_THROW_MSG(dio.read(fname), longLine);
+	writeBytes(fname, header + "0 1 2\n" + std::string(100, '7'));
+	EXPECT_THROW_MSG(dio.read(fname), longLine);
+	writeBytes(fname, "S6OAQXV! 06.0000\nINDICES = 1 2 3 4 5 6 7 8\n");
+	EXPECT_THROW_MSG(dio.read(fname), "Line 2 of file '" + fname + "' is longer than 24 bytes: the file is corrupt or no text file.");
+	EXPECT_EQ(dio.maxLineLength(), 24u);
+
+	// binary data where text belongs: after the header, with or without line end, and in the header
+	const std::string nul(3, '\0');
+	const std::string nulLine = "Line 5 of file '" + fname + "' contains NUL bytes: binary data where text is expected.";
+	writeBytes(fname, header + "0 1 2\n" + nul);
+	EXPECT_THROW_MSG(dio.read(fname), nulLine);
+	writeBytes(fname, header + "0 1 2\n" + nul + "\x7f\n");
+	EXPECT_THROW_MSG(dio.read(fname), nulLine);
+	writeBytes(fname, "S6OAQXV! 06.0000\nQUANTITY = a" + nul + "\nINDICES = 1\n");
+	EXPECT_THROW_MSG(dio.read(fname), "Line 2 of file '" + fname + "' contains NUL bytes: binary data where text is expected.");
+}
+
+
 TEST(GeoFileCorrupt, TruncatedAndHostileBinaryGeometry) {
 	const DATAIO::GeoFile geo = sampleGeometry(3, 2, 1);
 	const std::string fname = scratchFile("geo.g6b");

@@ -28,6 +28,7 @@ TEST(DataIOData, AsciiValuesAreParsedLazilyAndCheckedPerTimePoint) {
 	for (unsigned int t = 0; t < 5; ++t)
 		EXPECT_FALSE(dio.isLoaded(t));
 	EXPECT_THROW_MSG(dio.data(1), "Not enough values for time index 1 in output file, only got 2 values, but needed 3.");
+	EXPECT_THROW_MSG(dio.data(1), "Cannot read the values of time index 1 from file '" + fname + "'.");
 	EXPECT_THROW_MSG(dio.data(2), "Not enough values for time index 2 in output file, only got 4 values, but needed 3.");
 	EXPECT_THROW(dio.data(3), ZEB::Exception);
 	EXPECT_THROW(dio.data(5), ZEB::Exception);
@@ -56,28 +57,33 @@ TEST(DataIOData, AsciiValuesAreParsedLazilyAndCheckedPerTimePoint) {
 }
 
 
-TEST(DataIOData, BinaryRecordCutShortListsItsTimePointOnly) {
+TEST(DataIOData, BinaryRecordCutShortIsNotListed) {
 	DataIO dio = sampleContainer(true, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 3, 4);
 	const std::string fname = scratchFile("cut.d6b");
 	DATAIO::DataIOWriter::write(fname, dio);
 	const std::string good = readBytes(fname);
-	for (std::size_t missing : { std::size_t(1), std::size_t(8), std::size_t(24) }) {
+	// cut within the values, all values missing, cut within the time point
+	for (std::size_t missing : { std::size_t(1), std::size_t(24), std::size_t(3*8 + 1) }) {
 		writeBytes(fname, good.substr(0, good.size() - missing));
 		DataIO back;
 		back.read(fname);
-		ASSERT_EQ(back.timePoints().size(), 4u);
-		EXPECT_EQ(back.timePoints()[3], dio.timePoints()[3]);
-		EXPECT_EQ(back.data(2)[1], dio.data(2)[1]);
-		EXPECT_THROW_MSG(back.data(3), "Error reading data for this time index.");
-		EXPECT_THROW_MSG(back.dataVector(), "Error retrieving values for time index 3.");
+		ASSERT_EQ(back.timePoints().size(), 3u);
+		const double * all = back.dataVector();
+		EXPECT_EQ(all[2*3 + 2], dio.data(2)[2]);
 	}
-	// a record whose time point itself is incomplete is not listed
-	writeBytes(fname, good.substr(0, good.size() - 3*8 - 1));
+	// a file cut after it was read: the values fail, naming the file and the time index
+	writeBytes(fname, good);
 	DataIO back;
 	back.read(fname);
-	EXPECT_EQ(back.timePoints().size(), 3u);
-	const double * all = back.dataVector();
-	EXPECT_EQ(all[2*3 + 2], dio.data(2)[2]);
+	writeBytes(fname, good.substr(0, good.size() - 8));
+	try {
+		back.data(3);
+		FAIL();
+	}
+	catch (ZEB::Exception & ex) {
+		EXPECT_TRUE(hasRecord(ex, "Error reading data for this time index.", "[DataIO::data]")) << ex.msgWithOrigin();
+		EXPECT_TRUE(hasRecord(ex, "Cannot read the values of time index 3 from file '" + fname + "'.", "[DataIO::data]"));
+	}
 }
 
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <ZEB_Exception.h>
+#include <ZEB_MessageHandler.h>
 
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
@@ -36,6 +37,18 @@ DATAIO::GeoFile sampleGeometry(unsigned int nx, unsigned int ny, unsigned int nz
 	without exact decimal form, and random bit patterns of finite values.
 */
 std::vector<double> awkwardDoubles(std::size_t count, std::uint64_t seed);
+
+/*! Records the texts of the messages of one type instead of writing them; current while it lives. */
+struct MessageRecorder : public ZEB::MessageHandler {
+	explicit MessageRecorder(ZEB::MsgType type) : m_type(type) { ZEB::MessageHandler::setCurrent(this); }
+	~MessageRecorder() override { ZEB::MessageHandler::setCurrent(nullptr); }
+	void message(const std::string & msg, ZEB::MsgType type, const char *, int) override {
+		if (type == m_type)
+			m_texts.push_back(msg);
+	}
+	ZEB::MsgType				m_type;
+	std::vector<std::string>	m_texts;
+};
 
 /*! A container filled in memory: header fields set, increasing time points, awkward values. */
 DATAIO::DataIO sampleContainer(bool binary, bool preV6, DATAIO::DataIO::OutputType type,

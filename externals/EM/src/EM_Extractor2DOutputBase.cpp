@@ -45,6 +45,9 @@ void Extractor2DOutputBase::clearOutput() {
 	m_y.clear();
 	m_xOutput.clear();
 	m_yOutput.clear();
+	// an empty series is in the target units, so that a chart can show it while it waits for data
+	m_xOutput.m_unit = targetXUnit();
+	m_yOutput.m_unit = targetValueUnit();
 }
 
 

@@ -30,6 +30,7 @@ public:
 	std::string information(InformationType type, OutputDataType data) const override;
 	/*! Axis 0: the x unit, axis 1: the value unit, as the container gives them. */
 	ZEB::Unit axisUnitFromDataIO(unsigned int axis) const override;
+	/*! Clears the output; the empty x and y values are in the target units. */
 	void clearOutput() override;
 	void convertUnits() override;
 

@@ -129,8 +129,11 @@ void ExtractorBase::update() {
 	ZEB::reportProgress(ZEB::MessageFormat("Updating from '%1'\n").arg(m_dataIOs.front()->filename()).str(),
 						FUNC_ID, VERBOSE_LEVEL);
 	if (!canUpdate()) {
+		// an output that was up to date keeps its data; one still waiting stays empty (in the target units)
 		if (m_status == US_UpToDate)
 			m_status = US_NotUpdatableAfterUpToDate;
+		else if (m_status == US_Waiting)
+			clearOutput();
 		return;
 	}
 	if (m_outputName.empty())
@@ -234,12 +237,19 @@ bool ExtractorBase::canUpdateCommon(bool compareValueUnits) const {
 
 
 unsigned int ExtractorBase::resolveTimeIndex(std::size_t count) {
+	FUNCID(ExtractorBase::resolveTimeIndex);
 	const unsigned int last = static_cast<unsigned int>(count - 1);
 	unsigned int & index = m_cuts[CD_Time].m_index;
 	if (index == LAST_INDEX)
 		return last;
 	if (index < count)
 		return index;
+	// the chart shows another time than the one asked for: say so
+	ZEB::reportWarning(ZEB::MessageFormat(m_timeIndexLocked
+		? "Cut index %1 of dimension '%2' is past the end of '%3'; index %4 is used instead."
+		: "Cut index %1 of dimension '%2' is past the end of '%3'; index %4 is used instead, and the cut "
+		  "follows the newest time point from now on.")
+		.arg(index).arg(m_cuts[CD_Time].m_name).arg(m_dataIOs.front()->filename()).arg(last).str(), FUNC_ID);
 	if (!m_timeIndexLocked)
 		index = LAST_INDEX;
 	return last;
@@ -247,10 +257,16 @@ unsigned int ExtractorBase::resolveTimeIndex(std::size_t count) {
 
 
 unsigned int ExtractorBase::resolveSpaceIndex(unsigned int dimension, std::size_t count) const {
+	FUNCID(ExtractorBase::resolveSpaceIndex);
 	const unsigned int index = m_cuts[dimension].m_index;
 	if (index == LAST_INDEX)
 		return 0;
-	return std::min(index, static_cast<unsigned int>(count - 1));
+	const unsigned int last = static_cast<unsigned int>(count - 1);
+	if (index <= last)
+		return index;
+	ZEB::reportWarning(ZEB::MessageFormat("Cut index %1 of dimension '%2' is past the end of '%3'; index %4 is used instead.")
+		.arg(index).arg(m_cuts[dimension].m_name).arg(m_dataIOs.front()->filename()).arg(last).str(), FUNC_ID);
+	return last;
 }
 
 

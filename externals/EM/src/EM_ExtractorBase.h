@@ -210,11 +210,11 @@ protected:
 	/*! The time index to read from a container with count time points (count > 0): LAST_INDEX
 		and indexes at or past the end give the last time point; an index past the end also
 		turns into LAST_INDEX unless the time index is locked, so that the cut follows new time
-		points from then on.
+		points from then on. An index past the end is reported as a warning.
 	*/
 	unsigned int resolveTimeIndex(std::size_t count);
 	/*! The index to read along a space dimension with count cells (count > 0): LAST_INDEX is
-		read as 0, indexes past the end as the last cell.
+		read as 0, indexes past the end as the last cell (reported as a warning).
 	*/
 	unsigned int resolveSpaceIndex(unsigned int dimension, std::size_t count) const;
 

@@ -116,6 +116,10 @@ TEST(EMExtractorBase, EmptyContainerWaitsQuietlyUntilValuesArrive) {
 	EXPECT_EQ(rec.m_messages[1].m_where, "[ExtractorBase::canUpdate]");
 	EXPECT_EQ(rec.m_messages[1].m_level, EM::ExtractorBase::INFORMATION_LEVEL);
 	EXPECT_TRUE(e->outputName().empty());
+	// the empty series is in the target units, so that a chart can show it until values arrive
+	EXPECT_TRUE(e->y().empty());
+	EXPECT_EQ(e->x().m_unit, ZEB::Unit("h"));
+	EXPECT_EQ(e->y().m_unit, ZEB::Unit("C"));
 
 	d->setData({ 0, 1 }, { { 5 }, { 6 } });
 	e->update();

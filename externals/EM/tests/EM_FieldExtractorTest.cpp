@@ -68,10 +68,13 @@ TEST(EMFieldExtractor, WallProfileTimeSeriesAndCuts) {
 	EXPECT_EQ(profile.information(EM::ExtractorBase::IT_Name, EM::ExtractorBase::ODT_X), "X");
 	EXPECT_EQ(profile.axisUnitFromDataIO(0), ZEB::Unit("m"));
 
-	// an index past the end becomes the follow-last marker and follows new time points
+	// an index past the end becomes the follow-last marker and follows new time points; the
+	// log says which index is shown instead
 	profile.setCutIndex(EM::CD_Time, 7, true);
 	EXPECT_EQ(profile.y().m_data, std::vector<double>({ 21, 22, 23 }));
 	EXPECT_EQ(profile.cutIndex(EM::CD_Time), LAST);
+	EXPECT_TRUE(rec.has(ZEB::MSG_WARNING, "Cut index 7 of dimension 'Time' is past the end of 'field.d6o'; index 2 is "
+						"used instead, and the cut follows the newest time point from now on.", "[ExtractorBase::resolveTimeIndex]"));
 	d->setData({ 0, 1, 2, 3 }, elementValues({ 0, 1, 2 }, 4));
 	profile.update();
 	EXPECT_EQ(profile.y().m_data, std::vector<double>({ 31, 32, 33 }));
@@ -79,6 +82,8 @@ TEST(EMFieldExtractor, WallProfileTimeSeriesAndCuts) {
 	profile.setTimeCutIndex(9, true, true);
 	EXPECT_EQ(profile.cutIndex(EM::CD_Time), 9u);
 	EXPECT_EQ(profile.y().m_data, std::vector<double>({ 31, 32, 33 }));
+	EXPECT_TRUE(rec.has(ZEB::MSG_WARNING, "Cut index 9 of dimension 'Time' is past the end of 'field.d6o'; index 3 is "
+						"used instead.", "[ExtractorBase::resolveTimeIndex]"));
 	profile.setTimeCutIndex(1, true, true);
 	EXPECT_EQ(profile.y().m_data, std::vector<double>({ 11, 12, 13 }));
 	EXPECT_EQ(profile.cutValue(EM::CD_Time), 1);
@@ -129,6 +134,8 @@ TEST(EMFieldExtractor, WallProfileTimeSeriesAndCuts) {
 	series.setCutIndex(EM::CD_X, 99, true);
 	EXPECT_EQ(series.cutIndex(EM::CD_X), 99u);
 	expectNear(series.y().m_data, { 276.15, 286.15, 296.15, 306.15 });
+	EXPECT_TRUE(rec.has(ZEB::MSG_WARNING, "Cut index 99 of dimension 'X' is past the end of 'field.d6o'; index 2 is "
+						"used instead.", "[ExtractorBase::resolveSpaceIndex]"));
 
 	// a 4D container is refused
 	d->setDataFormat(DATAIO::DataIO::DF_4D);

@@ -154,9 +154,10 @@ void MainView::onLoadRecent() {
 
 
 void MainView::onRefreshMappers() {
+	// the user's own refresh: a last line still without its line end is taken as it is
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	if (handler.isValid())
-		handler.refreshAllMappers();
+		handler.refreshAllMappers(DATAIO::DataIO::RM_EXPLICIT);
 }
 
 
@@ -169,7 +170,10 @@ void MainView::onAutoRefreshToggled(bool on) {
 
 
 void MainView::onAutoRefreshTriggerd() {
-	onRefreshMappers();
+	// following running simulations: a last line without line end waits for the file to settle
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid())
+		handler.refreshAllMappers(DATAIO::DataIO::RM_FOLLOW);
 }
 
 

@@ -53,12 +53,12 @@ unsigned int DataManager::revision(const DATAIO::DataIO * container) const {
 }
 
 
-bool DataManager::refresh(DATAIO::DataIO * container) {
+bool DataManager::refresh(DATAIO::DataIO * container, DATAIO::DataIO::RefreshMode mode) {
 	FUNCID(DataManager::refresh);
 	ContainerRecord * record = findRecord(container);
 	if (record == nullptr)
 		throw ZEB::Exception("Container was not opened by the data manager.", FUNC_ID);
-	const DATAIO::DataIO::RefreshResult result = container->refresh();
+	const DATAIO::DataIO::RefreshResult result = container->refresh(mode);
 	if (result == DATAIO::DataIO::RR_UNCHANGED)
 		return false;
 	if (result == DATAIO::DataIO::RR_RELOADED) {

@@ -6,10 +6,11 @@
 
 #include <QString>
 
+#include <DATAIO_DataIO.h>
+
 #include "OVP_GeometryCache.h"
 
 namespace DATAIO {
-class DataIO;
 class GeoFile;
 }
 
@@ -48,9 +49,10 @@ public:
 	/*! Reads what has changed in the file of a container opened here (appended records, or the
 		whole file when it was rewritten) and returns true when the data changed. A rewritten
 		file gets its data format decided again, with the geometry re-read when that file
-		changed. Throws ZEB::Exception.
+		changed. The mode says whether this follows a growing file or is the user's own refresh
+		(which also takes an ASCII last line that still lacks its line end). Throws ZEB::Exception.
 	*/
-	bool refresh(DATAIO::DataIO * container);
+	bool refresh(DATAIO::DataIO * container, DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 
 	/*! Number of containers currently open. */
 	std::size_t openContainerCount() const;

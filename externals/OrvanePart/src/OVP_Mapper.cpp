@@ -557,15 +557,15 @@ void Mapper::setSeriesTitle(unsigned int index, const QString & title) {
 }
 
 
-void Mapper::refresh() {
+void Mapper::refresh(DATAIO::DataIO::RefreshMode mode) {
 	if (!m_chartModel)
 		return;
 	// all files first, so that the chart redraws once and only when something changed
 	std::vector<unsigned int> changed;
 	for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
-		if (refreshEntry(m_2DExtractors[i]))
+		if (refreshEntry(m_2DExtractors[i], mode))
 			changed.push_back(i);
-	const bool fieldChanged = m_3DExtractor.m_extractor && refreshEntry(m_3DExtractor);
+	const bool fieldChanged = m_3DExtractor.m_extractor && refreshEntry(m_3DExtractor, mode);
 	if (changed.empty() && !fieldChanged)
 		return;
 	m_chartModel->beginChangeModel();
@@ -727,13 +727,13 @@ void Mapper::updateEntry(ExtractorEntry & entry) const {
 }
 
 
-bool Mapper::refreshEntry(ExtractorEntry & entry) const {
+bool Mapper::refreshEntry(ExtractorEntry & entry, DATAIO::DataIO::RefreshMode mode) const {
 	FUNCID(Mapper::refresh);
 	bool changed = false;
 	for (std::size_t i = 0; i < entry.m_dataIOs.size(); ++i) {
 		DATAIO::DataIO * dataIO = entry.m_dataIOs[i].get();
 		try {
-			m_dataManager.refresh(dataIO);
+			m_dataManager.refresh(dataIO, mode);
 		}
 		catch (ZEB::Exception & ex) {
 			ex.reportAllAsErrors();

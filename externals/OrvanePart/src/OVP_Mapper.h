@@ -145,8 +145,9 @@ public:
 	/*! Re-reads what changed in the files of the extractors and updates every extractor whose
 		data changed or that still waits for data; the chart model announces each changed
 		series. A file that cannot be refreshed is reported and its extractor keeps its data.
+		The mode is handed on to the data manager (DataManager::refresh()).
 	*/
-	void refresh();
+	void refresh(DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 	/*! Updates one 2D extractor now (after a change of cut, manipulator or model parameter) and
 		announces the changed series.
 	*/
@@ -190,7 +191,7 @@ private:
 	/*! Updates the extractor of an entry and remembers the container revisions. */
 	void updateEntry(ExtractorEntry & entry) const;
 	/*! Refreshes the containers of an entry; true when one of them changed since the last update. */
-	bool refreshEntry(ExtractorEntry & entry) const;
+	bool refreshEntry(ExtractorEntry & entry, DATAIO::DataIO::RefreshMode mode) const;
 
 	QString								m_name;
 	DataManager &						m_dataManager;

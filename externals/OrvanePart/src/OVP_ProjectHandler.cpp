@@ -312,23 +312,23 @@ void ProjectHandler::renameMapper(int mapperIndex, const QString & name) {
 }
 
 
-void ProjectHandler::refreshMapper(int mapperIndex) {
+void ProjectHandler::refreshMapper(int mapperIndex, DATAIO::DataIO::RefreshMode mode) {
 	FUNCID(ProjectHandler::refreshMapper);
 	checkValid(FUNC_ID);
 	if (mapperIndex < 0 || mapperIndex >= m_project->mapperModel()->mapperCount())
 		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(mapperIndex), FUNC_ID);
-	m_project->mapperModel()->mapper(mapperIndex)->refresh();
+	m_project->mapperModel()->mapper(mapperIndex)->refresh(mode);
 }
 
 
-void ProjectHandler::refreshAllMappers() {
+void ProjectHandler::refreshAllMappers(DATAIO::DataIO::RefreshMode mode) {
 	FUNCID(ProjectHandler::refreshAllMappers);
 	checkValid(FUNC_ID);
 	ZEB::reportProgress("Begin update of mappers.\n", FUNC_ID, 2);
 	MapperTreeModel * mappers = m_project->mapperModel();
 	for (int i = 0; i < mappers->mapperCount(); ++i) {
 		ZEB::reportProgress(ZEB::MessageFormat("Updating mapper #%1.\n").arg(i + 1).str(), FUNC_ID, 3);
-		mappers->mapper(i)->refresh();
+		mappers->mapper(i)->refresh(mode);
 	}
 	ZEB::reportProgress("Mapper update done.\n", FUNC_ID, 2);
 }

@@ -136,10 +136,12 @@ public:
 	void removeMappers(int row, int count);
 	/*! Renames the mapper at a mapper index. */
 	void renameMapper(int mapperIndex, const QString & name);
-	/*! Re-reads the data files of one mapper and updates its charts. */
-	void refreshMapper(int mapperIndex);
+	/*! Re-reads the data files of one mapper and updates its charts. RM_EXPLICIT for the user's
+		refresh command, RM_FOLLOW for following running simulations (Mapper::refresh()).
+	*/
+	void refreshMapper(int mapperIndex, DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 	/*! Refreshes all mappers in list order. */
-	void refreshAllMappers();
+	void refreshAllMappers(DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 
 	/*! Replaces the layout of the split chart views. */
 	void setSplitLayout(const SplitLayout & layout);

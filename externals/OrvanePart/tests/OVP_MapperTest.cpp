@@ -331,6 +331,21 @@ TEST_F(MapperTest, RefreshFollowsGrowingFiles) {
 	ASSERT_EQ(lineA.size(0), 6u);
 	EXPECT_DOUBLE_EQ(lineA.yValues(0)[5], 25);
 
+	// a last line still without its line end waits while following, the user's refresh takes it
+	{
+		QFile f(m_dir + "/T.out");
+		ASSERT_TRUE(f.open(QIODevice::Append));
+		f.write("6 26");
+	}
+	a->refresh();
+	EXPECT_EQ(lineA.size(0), 6u);
+	a->refresh(DATAIO::DataIO::RM_EXPLICIT);
+	ASSERT_EQ(lineA.size(0), 7u);
+	EXPECT_DOUBLE_EQ(lineA.yValues(0)[6], 26);
+	writeTimeSeries(m_dir + "/T.out", { 0, 1, 2, 3, 4, 5 }, { 20, 21, 22, 23, 24, 25 });
+	a->refresh();
+	changedA.clear();
+
 	// the other mapper reads the same container, refreshed already: it still updates its series
 	b->refresh();
 	ASSERT_EQ(changedB.count(), 1);

@@ -46,6 +46,8 @@ private:
 				if (!request.contains("\r\n\r\n"))
 					return;
 				const QByteArray path = request.split(' ').value(1);
+				// a later socket may get this one's address: it must not inherit the request
+				m_requests.erase(socket);
 				auto it = m_files.find(path);
 				QByteArray response;
 				if (it == m_files.end())

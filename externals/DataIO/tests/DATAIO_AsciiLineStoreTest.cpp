@@ -73,9 +73,10 @@ TEST(AsciiLineStore, BehavesLikeAListOfStringsUnderRandomOperations) {
 
 	// a line longer than a block gets a block of its own; the neighbours stay intact
 	const std::string huge((std::size_t(64) << 20) + 3, 'h');
-	store.append("before", "before" + 6);
+	const std::string before = "before", after = "after";
+	store.append(before.data(), before.data() + before.size());
 	store.append(huge.data(), huge.data() + huge.size());
-	store.append("after", "after" + 5);
+	store.append(after.data(), after.data() + after.size());
 	const std::size_t n = store.size();
 	EXPECT_EQ(lineText(store, n - 3), "before");
 	EXPECT_EQ(lineText(store, n - 2).size(), huge.size());

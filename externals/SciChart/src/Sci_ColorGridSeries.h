@@ -30,7 +30,7 @@ public:
 		InterpolationBilinear	= 1		///< colours blend between the cell centres
 	};
 	/*! Most contour levels drawn; a finer contour interval is ignored (and reported). */
-	static const int MAXIMUM_CONTOUR_LEVELS = 500;
+	static constexpr int MAXIMUM_CONTOUR_LEVELS = 500;
 
 	explicit ColorGridSeries(const AbstractColorGridSeriesModel * model);
 

@@ -24,11 +24,9 @@ void writeFile(const std::string & path, const std::uint8_t * data, std::size_t 
 } // namespace
 
 
-TempFile::TempFile(const std::string & tag) {
-	namespace fs = std::filesystem;
-	std::error_code ec;
-	const fs::path dir = fs::is_directory("/dev/shm", ec) ? fs::path("/dev/shm") : fs::temp_directory_path();
-	m_path = (dir / ("orvane-fuzz-" + std::to_string(getpid()) + "-" + tag)).string();
+TempFile::TempFile(const std::string & tag) :
+	m_path(scratchPath(tag))
+{
 }
 
 
@@ -44,6 +42,14 @@ void TempFile::write(const std::uint8_t * data, std::size_t size) const {
 
 void TempFile::append(const std::uint8_t * data, std::size_t size) const {
 	writeFile(m_path, data, size, false);
+}
+
+
+std::string TempFile::scratchPath(const std::string & tag) {
+	namespace fs = std::filesystem;
+	std::error_code ec;
+	const fs::path dir = fs::is_directory("/dev/shm", ec) ? fs::path("/dev/shm") : fs::temp_directory_path();
+	return (dir / ("orvane-fuzz-" + std::to_string(getpid()) + "-" + tag)).string();
 }
 
 } // namespace DATAIOFUZZ

@@ -27,6 +27,11 @@ public:
 	/*! Appends to the content. */
 	void append(const std::uint8_t * data, std::size_t size) const;
 
+	/*! The path of a scratch file or folder: "orvane-fuzz-<pid>-<tag>" in /dev/shm or in the
+		temporary directory.
+	*/
+	static std::string scratchPath(const std::string & tag);
+
 private:
 	std::string		m_path;
 };

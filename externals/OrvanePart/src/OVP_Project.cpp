@@ -35,16 +35,8 @@ void Project::readXML(const QString & fileName, DataManager & dataManager) {
 	FUNCID(Project::readXML);
 	try {
 		const std::string utf8Name = fileName.toStdString();
-		QFile file(fileName);
-		if (!file.open(QIODevice::ReadOnly))
-			throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1' (%2).")
-								 .arg(utf8Name).arg(file.errorString().toStdString()), FUNC_ID);
-		const QByteArray content = file.readAll();
 		TiXmlDocument doc;
-		doc.Parse(content.constData(), nullptr, TIXML_ENCODING_UTF8);
-		if (doc.Error())
-			throw ZEB::Exception(ZEB::MessageFormat("Error in line %1 of session file '%2':\n%3")
-								 .arg(doc.ErrorRow()).arg(utf8Name).arg(doc.ErrorDesc()), FUNC_ID);
+		SCI::XMLFile::load(doc, fileName, "Error in line %1 of session file '%2':\n%3", FUNC_ID);
 
 		const TiXmlElement * root = doc.RootElement();
 		if (root == nullptr || root->ValueStr() != "Orvane")

@@ -1,6 +1,7 @@
 #include "OVP_ProjectTestUtils.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <tinyxml.h>
@@ -441,6 +442,16 @@ TEST_F(ProjectFileTest, CorruptFilesAreRefused) {
 	m_ui->m_shown.clear();
 	EXPECT_FALSE(h.loadProject(nullptr, dir + "/bad.o2", false));
 	EXPECT_TRUE(m_ui->m_shown.at(0).m_text.contains("Error in line 3 of session file '" + dir + "/bad.o2':\n"));
+
+	// a file ending inside a UTF-8 sequence is refused before the parser reads past its end
+	QFile bad(dir + "/bad.o2");
+	ASSERT_TRUE(bad.open(QIODevice::WriteOnly | QIODevice::Truncate));
+	bad.write("<a>\xD1<\xD1", 6);
+	bad.close();
+	m_ui->m_shown.clear();
+	EXPECT_FALSE(h.loadProject(nullptr, dir + "/bad.o2", false));
+	EXPECT_EQ(m_ui->m_shown.at(0).m_text, "Data in project was missing/invalid.\nFile '" + dir + "/bad.o2' is not UTF-8 "
+			  "text: invalid or incomplete byte sequence at byte offset 3 (line 1).\nError reading session file " + dir + "/bad.o2");
 
 	// a missing file; silent loading shows nothing
 	m_ui->m_shown.clear();

@@ -46,8 +46,8 @@ void ColorMap::setLinearMap(const QColor & firstColor, const QColor & lastColor,
 
 	QVector<ColorStop> stops;
 	stops.reserve(steps + 1);
-	// Stop colours are kept as opaque 8-bit RGB colours: that is what the XML form stores, so a
-	// map reads back equal to the one written.
+	// Stop colours are kept as opaque RGB colours with 8-bit channels, as the colour map editor
+	// shows them; colours in RGB form also compare equal to the ones read back from XML.
 	stops.append(ColorStop(0, QColor(firstColor.rgb())));
 	for (int i = 1; i < steps; ++i) {
 		const double w = static_cast<double>(i) / steps;

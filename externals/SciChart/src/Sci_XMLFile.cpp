@@ -10,6 +10,8 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
+#include "Sci_XMLFileCheck.h"
+
 namespace SCI {
 
 const char * const XMLFile::NAMESPACE_URI = "http://www.orvane.org";
@@ -96,7 +98,17 @@ void XMLFile::load(TiXmlDocument & doc, const QString & path, const char * parse
 	if (!f.open(QIODevice::ReadOnly))
 		throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1' (%2).")
 							 .arg(path.toStdString()).arg(f.errorString().toStdString()), funcId);
-	const QByteArray data = f.readAll();
+	// one byte more than allowed is asked for, so that neither a huge file nor an endless device
+	// is read completely
+	const qint64 expectedSize = f.isSequential() ? MAX_FILE_SIZE : qMin(f.size(), MAX_FILE_SIZE);
+	const QByteArray data = f.read(expectedSize + 1);
+	if (f.error() != QFileDevice::NoError)
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot read file '%1' (%2).")
+							 .arg(path.toStdString()).arg(f.errorString().toStdString()), funcId);
+	if (data.size() > MAX_FILE_SIZE)
+		throw ZEB::Exception(ZEB::MessageFormat("File '%1' is larger than %2 bytes, too large for an XML file "
+												"of this program.").arg(path.toStdString()).arg(MAX_FILE_SIZE), funcId);
+	XMLFileCheck::check(data.constData(), static_cast<std::size_t>(data.size()), path.toStdString());
 	doc.Parse(data.constData(), nullptr, TIXML_ENCODING_UTF8);
 	if (doc.Error())
 		throw ZEB::Exception(ZEB::MessageFormat(parseErrorTemplate)

@@ -40,9 +40,14 @@ public:
 	static void save(const TiXmlDocument & doc, const QString & path, const char * funcId,
 					 const QString & backupPath = QString());
 
-	/*! Reads and parses the file at path. A parse error is thrown as ZEB::Exception with the
+	/*! Largest file load() reads. */
+	static constexpr qint64 MAX_FILE_SIZE = 16*1024*1024;
+
+	/*! Reads and parses the file at path; the one way in which XML files of any kind (sessions,
+		style and colour-map files) are read. A parse error is thrown as ZEB::Exception with the
 		message parseErrorTemplate, whose placeholders are filled with the line, the path and
-		the parser's message; a file that cannot be read is reported as such.
+		the parser's message. A file that cannot be read, one larger than MAX_FILE_SIZE and one
+		that XMLFileCheck refuses before parsing are reported as such.
 	*/
 	static void load(TiXmlDocument & doc, const QString & path, const char * parseErrorTemplate,
 					 const char * funcId);

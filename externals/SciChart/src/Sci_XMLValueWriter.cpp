@@ -115,7 +115,17 @@ std::string XMLValueWriter::preciseDoubleText(double value) {
 
 
 std::string XMLValueWriter::colorText(const QColor & value) {
-	return value.name().toStdString();
+	const QRgba64 c = value.rgba64();
+	// a 16-bit channel holds an 8-bit value v as v*0x101
+	auto is8Bit = [](quint16 v) { return (v >> 8) == (v & 0xFF); };
+	const bool opaque = c.alpha() == 0xFFFF;
+	if (is8Bit(c.red()) && is8Bit(c.green()) && is8Bit(c.blue()) && is8Bit(c.alpha()))
+		return value.name(opaque ? QColor::HexRgb : QColor::HexArgb).toStdString();
+	if (opaque)
+		return QString::asprintf("#%04x%04x%04x", c.red(), c.green(), c.blue()).toStdString();
+	// no text form holds 16-bit channels together with alpha; the alpha is kept, the channels
+	// are rounded to 8 bits
+	return value.name(QColor::HexArgb).toStdString();
 }
 
 

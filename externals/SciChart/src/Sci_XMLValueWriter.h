@@ -17,7 +17,7 @@ namespace SCI {
 /*! Appends property values as child elements with text to one XML element.
 	A value equal to its default is skipped unless the write-all flag is set, so that chart XML
 	holds only what the user changed. Also provides the text encodings of all value types
-	(bool "1"/"0", colours "#rrggbb", fonts in QFont::toString() form, NaN as "NaN", ...).
+	(bool "1"/"0", colours see colorText(), fonts in QFont::toString() form, NaN as "NaN", ...).
 */
 class XMLValueWriter {
 public:
@@ -48,6 +48,10 @@ public:
 	static std::string boolText(bool value);
 	static std::string doubleText(double value);
 	static std::string preciseDoubleText(double value);
+	/*! The shortest of the forms QColor::setNamedColor() reads back to the same colour:
+		"#rrggbb" for an opaque colour with 8-bit channels, "#aarrggbb" for one with alpha,
+		"#rrrrggggbbbb" for an opaque colour with 16-bit channels.
+	*/
 	static std::string colorText(const QColor & value);
 	static std::string fontText(const QFont & value);
 	static std::string stringListText(const QStringList & value);

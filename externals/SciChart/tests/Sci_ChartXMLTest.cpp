@@ -82,7 +82,7 @@ const std::vector<RoleValue> & chartValues() {
 		{0, QString("Wall <north> & \"south\" µ°C")},
 		{1, testFont("Serif", 17, true)},
 		{3, false}, {4, 4}, {5, 1}, {6, false}, {7, 2}, {8, 33},
-		{9, QColor("#123456")}, {10, 0.25}, {11, QSize(7, 13)}, {12, 3}, {13, 11},
+		{9, QColor(0x12, 0x34, 0x56, 0x78)}, {10, 0.25}, {11, QSize(7, 13)}, {12, 3}, {13, 11},
 		{14, testFont("Monospace", 9, false)},
 		{15, true}, {16, true}, {17, false},
 		{18, QPen(QBrush(QColor("#ff8000")), 3, Qt::DotLine)},
@@ -113,7 +113,7 @@ std::vector<RoleValue> lineValues(int i) {
 		{1, QString("Series %1 from $filename").arg(i)},
 		{3, QPen(QBrush(QColor("#102030")), 3, Qt::DashLine)}, {4, 5 + i}, {5, QColor("#405060")},
 		{6, false}, {7, 2}, {8, 3 + i}, {9, true}, {10, true}, {11, false},
-		{12, 9u + static_cast<unsigned int>(i)}, {13, false}, {14, QColor("#707172")}
+		{12, 9u + static_cast<unsigned int>(i)}, {13, false}, {14, QColor::fromRgba64(0x7071, 0x7273, 0x7475)}
 	};
 }
 
@@ -122,6 +122,8 @@ SCI::ColorMap testColorMap() {
 	map.m_type = SCI::ColorMap::AlphaMap;
 	map.m_alphaColor = QColor("#4080c0");
 	map.setLinearMap(QColor("#ffff00"), QColor("#000080"), 6);
+	map.m_linearColorStops[3].m_color = QColor(1, 2, 3, 4);
+	map.m_linearColorStops[4].m_color = QColor::fromRgba64(1, 2, 3);
 	return map;
 }
 
@@ -138,7 +140,7 @@ const std::vector<RoleValue> & colorGridValues() {
 const std::vector<RoleValue> & vectorValues() {
 	static const std::vector<RoleValue> values = {
 		{5, QVariant::fromValue(testColorMap())}, {6, false}, {7, 0.1}, {8, 7.7},
-		{12, false}, {13, false}, {14, 22}, {15, false}, {16, QColor("#abcdef")}, {17, 0},
+		{12, false}, {13, false}, {14, 22}, {15, false}, {16, QColor(0xab, 0xcd, 0xef, 0x10)}, {17, 0},
 		{18, false}, {19, 80.5}, {20, 2.5}, {21, 1.75}
 	};
 	return values;
@@ -571,18 +573,6 @@ TEST(SciChartStyleFile, SaveApplyAndRefuseForeignFiles) {
 			EXPECT_EQ(std::string(ex.what()), "Error applying chart style from file");
 		}
 		EXPECT_EQ(b.chartData(0).toString(), QString("Styled"));
-	}
-
-	SciTest::writeTextFile(bad, "<?xml version=\"1.0\"?>\n<OrvaneStyle>\n<ChartModel chartType='2D'>\n</Chart>\n");
-	try {
-		SCI::ChartStyleFile::apply(b, bad);
-		FAIL() << "broken style accepted";
-	}
-	catch (ZEB::Exception & ex) {
-		ASSERT_GE(ex.messages().size(), 2u);
-		const std::string inner = ex.messages()[ex.messages().size() - 2].m_what;
-		const std::string expectedStart = "Error in line 4 of project file '" + bad.toStdString() + "':\n";
-		EXPECT_EQ(inner.substr(0, expectedStart.size()), expectedStart) << inner;
 	}
 	EXPECT_THROW(SCI::ChartStyleFile::apply(b, SciTest::scratchPath("missing.o2style")), ZEB::Exception);
 }

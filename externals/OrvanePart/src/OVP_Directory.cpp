@@ -5,6 +5,8 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include <Sci_XMLValueWriter.h>
+
 #include "OVP_ProjectRelativePath.h"
 
 namespace OVP {
@@ -61,7 +63,7 @@ void Directory::writeXML(TiXmlElement * parent, const QString & projectDir) cons
 		e->LinkEndChild(sub);
 		// no colour chosen is no Color attribute, so that it is read back as no colour
 		if (it.value().m_color.isValid())
-			sub->SetAttribute("Color", it.value().m_color.name().toStdString());
+			sub->SetAttribute("Color", SCI::XMLValueWriter::colorText(it.value().m_color));
 		sub->SetAttribute("Checked", it.value().m_checked ? 1 : 0);
 		sub->LinkEndChild(new TiXmlText(it.key().toStdString()));
 	}

@@ -97,8 +97,8 @@ TEST_F(DirectoryTreeModelTest, StatesRoundTripThroughSession) {
 		{ [&]() { m_model->setData(run1, Qt::Checked, Qt::CheckStateRole); }, true },
 		{ [&]() { m_model->setData(deep, Qt::Checked, Qt::CheckStateRole); }, true },
 		{ [&]() { m_model->setData(deep, Qt::Unchecked, Qt::CheckStateRole); }, true },
-		{ [&]() { m_model->setColor(run2, QColor("#ff8000")); }, true },
-		{ [&]() { m_model->setData(run2, QColor("#ff8000"), OVP::DirectoryTreeModel::ColorRole); }, false },
+		{ [&]() { m_model->setColor(run2, QColor("#80ff8000")); }, true },
+		{ [&]() { m_model->setData(run2, QColor("#80ff8000"), OVP::DirectoryTreeModel::ColorRole); }, false },
 		{ [&]() { m_model->setExpanded(top, true); }, true },
 		{ [&]() { m_model->setExpanded(run1, true); }, true },
 		{ [&]() { m_model->setExpanded(run1, true); }, false },
@@ -113,7 +113,7 @@ TEST_F(DirectoryTreeModelTest, StatesRoundTripThroughSession) {
 	// the directory itself under ".", no Color attribute where none was chosen, nothing for the
 	// folder that was checked and unchecked again
 	for (const char * expected : { "<SubDir Checked=\"1\">.</SubDir>", "<SubDir Checked=\"1\">run1</SubDir>",
-								   "<SubDir Color=\"#ff8000\" Checked=\"0\">run2</SubDir>",
+								   "<SubDir Color=\"#80ff8000\" Checked=\"0\">run2</SubDir>",
 								   "<ExpandedSubDir>.</ExpandedSubDir>", "<ExpandedSubDir>run1</ExpandedSubDir>" })
 		EXPECT_TRUE(text.contains(expected)) << expected << "\n" << text.toStdString();
 	EXPECT_FALSE(text.contains("deep"));
@@ -128,7 +128,7 @@ TEST_F(DirectoryTreeModelTest, StatesRoundTripThroughSession) {
 	EXPECT_EQ(run1b.data(Qt::CheckStateRole).toInt(), Qt::Checked);
 	EXPECT_EQ(run2b.data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
 	EXPECT_FALSE(run1b.data(OVP::DirectoryTreeModel::ColorRole).value<QColor>().isValid());
-	EXPECT_EQ(run2b.data(OVP::DirectoryTreeModel::ColorRole).value<QColor>(), QColor("#ff8000"));
+	EXPECT_EQ(run2b.data(OVP::DirectoryTreeModel::ColorRole).value<QColor>(), QColor("#80ff8000"));
 	EXPECT_TRUE(m_model->isExpanded(top2));
 	EXPECT_TRUE(m_model->isExpanded(run1b));
 	EXPECT_FALSE(m_model->isExpanded(run2b));
@@ -136,7 +136,7 @@ TEST_F(DirectoryTreeModelTest, StatesRoundTripThroughSession) {
 	// the colour is shown only while user colouring is on
 	EXPECT_FALSE(run2b.data(Qt::DecorationRole).isValid());
 	m_settings->m_userColoring = true;
-	EXPECT_EQ(run2b.data(Qt::DecorationRole).value<QColor>(), QColor("#ff8000"));
+	EXPECT_EQ(run2b.data(Qt::DecorationRole).value<QColor>(), QColor("#80ff8000"));
 	EXPECT_FALSE(run1b.data(Qt::DecorationRole).isValid());
 }
 

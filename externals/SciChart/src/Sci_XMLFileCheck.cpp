@@ -5,6 +5,7 @@
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_WideString.h>
 
 #include "Sci_XMLFileMarkupScan.h"
 
@@ -28,7 +29,7 @@ void XMLFileCheck::check(const char * data, std::size_t size, const std::string 
 		throw ZEB::Exception(ZEB::MessageFormat("File '%1' contains a NUL byte at byte offset %2 (line %3).")
 							 .arg(fileName).arg(offset).arg(lineAt(data, offset)), FUNC_ID);
 	}
-	const std::size_t invalid = invalidUTF8Offset(data, size);
+	const std::size_t invalid = ZEB::invalidUTF8Offset(data, size);
 	if (invalid < size)
 		throw ZEB::Exception(ZEB::MessageFormat("File '%1' is not UTF-8 text: invalid or incomplete byte sequence "
 												"at byte offset %2 (line %3).")
@@ -47,52 +48,5 @@ void XMLFileCheck::check(const char * data, std::size_t size, const std::string 
 							 .arg(lineAt(data, scan.attributesOffset())), FUNC_ID);
 }
 
-
-std::size_t XMLFileCheck::invalidUTF8Offset(const char * data, std::size_t size) {
-	const unsigned char * bytes = reinterpret_cast<const unsigned char *>(data);
-	std::size_t pos = 0;
-	while (pos < size) {
-		const unsigned char lead = bytes[pos];
-		if (lead < 0x80) {
-			++pos;
-			continue;
-		}
-		// length of the sequence and the allowed range of its second byte, which excludes
-		// overlong forms, surrogates and values above U+10FFFF
-		std::size_t length = 0;
-		unsigned char lo = 0x80;
-		unsigned char hi = 0xBF;
-		if (lead >= 0xC2 && lead <= 0xDF) {
-			length = 2;
-		}
-		else if (lead >= 0xE0 && lead <= 0xEF) {
-			length = 3;
-			if (lead == 0xE0)
-				lo = 0xA0;
-			else if (lead == 0xED)
-				hi = 0x9F;
-		}
-		else if (lead >= 0xF0 && lead <= 0xF4) {
-			length = 4;
-			if (lead == 0xF0)
-				lo = 0x90;
-			else if (lead == 0xF4)
-				hi = 0x8F;
-		}
-		else {
-			return pos;	// continuation byte, C0/C1 or F5..FF
-		}
-		if (size - pos < length)
-			return pos;
-		for (std::size_t i = 1; i < length; ++i) {
-			if (bytes[pos + i] < lo || bytes[pos + i] > hi)
-				return pos;
-			lo = 0x80;
-			hi = 0xBF;
-		}
-		pos += length;
-	}
-	return size;
-}
 
 } // namespace SCI

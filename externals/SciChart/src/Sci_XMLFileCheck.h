@@ -28,11 +28,6 @@ public:
 		file in the message.
 	*/
 	static void check(const char * data, std::size_t size, const std::string & fileName);
-
-	/*! Offset of the first byte that does not belong to a well-formed UTF-8 sequence (shortest
-		form, no surrogates, nothing above U+10FFFF, complete); size when all bytes do.
-	*/
-	static std::size_t invalidUTF8Offset(const char * data, std::size_t size);
 };
 
 } // namespace SCI

@@ -16,12 +16,13 @@ inline bool isSurrogate(char32_t cp) {
 	return cp >= 0xD800 && cp <= 0xDFFF;
 }
 
-/*! Decodes the UTF-8 sequence that starts at byte pos into cp and moves pos behind it.
-	Only the shortest form of each code point is accepted, surrogates and values above U+10FFFF
-	are not; the allowed range of the second byte encodes these rules as in the Unicode table
-	of well-formed byte sequences. Returns false (pos unchanged) for any ill-formed sequence.
+/*! Decodes the UTF-8 sequence that starts at byte pos of the size bytes of text into cp and
+	moves pos behind it. Only the shortest form of each code point is accepted, surrogates and
+	values above U+10FFFF are not; the allowed range of the second byte encodes these rules as in
+	the Unicode table of well-formed byte sequences. Returns false (pos unchanged) for any
+	ill-formed or incomplete sequence.
 */
-bool decodeUTF8(const std::string & text, std::size_t & pos, char32_t & cp) {
+bool decodeUTF8(const char * text, std::size_t size, std::size_t & pos, char32_t & cp) {
 	const unsigned char lead = static_cast<unsigned char>(text[pos]);
 	if (lead < 0x80) {
 		cp = lead;
@@ -55,7 +56,7 @@ bool decodeUTF8(const std::string & text, std::size_t & pos, char32_t & cp) {
 	else
 		return false; // continuation byte, C0/C1 (always overlong) or F5..FF
 
-	if (text.size() - pos < len)
+	if (size - pos < len)
 		return false;
 	for (std::size_t i = 1; i < len; ++i) {
 		const unsigned char b = static_cast<unsigned char>(text[pos + i]);
@@ -159,7 +160,7 @@ std::basic_string<CharT> fromUTF8(const std::string & utf8, const char * funcId,
 	std::size_t pos = 0;
 	while (pos < utf8.size()) {
 		char32_t cp = 0;
-		if (!decodeUTF8(utf8, pos, cp)) {
+		if (!decodeUTF8(utf8.data(), utf8.size(), pos, cp)) {
 			Exception cause(MessageFormat("Invalid or truncated UTF-8 sequence at byte position %1.").arg(pos), funcId);
 			throw Exception(cause, message, funcId);
 		}
@@ -207,6 +208,16 @@ std::u16string UTF8ToU16string(const std::string & utf8) {
 std::string U16stringToUTF8(const std::u16string & utf16) {
 	FUNCID(ZEB::U16stringToUTF8);
 	return toUTF8(utf16, FUNC_ID, "Cannot create UTF8 string from UTF16 string.");
+}
+
+
+std::size_t invalidUTF8Offset(const char * data, std::size_t size) {
+	std::size_t pos = 0;
+	char32_t cp = 0;
+	while (pos < size)
+		if (!decodeUTF8(data, size, pos, cp))
+			return pos;
+	return size;
 }
 
 } // namespace ZEB

@@ -1,6 +1,7 @@
 #ifndef ZEB_WideStringH
 #define ZEB_WideStringH
 
+#include <cstddef>
 #include <string>
 
 namespace ZEB {
@@ -28,6 +29,12 @@ std::u16string UTF8ToU16string(const std::string & utf8);
 
 /*! UTF-16 to UTF-8; an unpaired surrogate is rejected. */
 std::string U16stringToUTF8(const std::u16string & utf16);
+
+/*! Offset of the first byte of the size bytes of data that does not belong to a well-formed
+	UTF-8 sequence (by the same strict rules as the conversions above, complete sequences only);
+	size when all bytes do.
+*/
+std::size_t invalidUTF8Offset(const char * data, std::size_t size);
 
 } // namespace ZEB
 

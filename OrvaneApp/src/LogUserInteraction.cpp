@@ -28,6 +28,14 @@ bool LogUserInteraction::askRestoreFromBackup(QWidget *, const QString & title, 
 }
 
 
+bool LogUserInteraction::askConfirmation(QWidget *, const QString & title, const QString & text) {
+	FUNCID(LogUserInteraction::askConfirmation);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> refused in a scripted run.")
+					   .arg(title.toStdString()).arg(text.toStdString()).str(), FUNC_ID);
+	return false;
+}
+
+
 QString LogUserInteraction::saveFileName(QWidget *, const QString & caption, const QString &, const QString &) {
 	FUNCID(LogUserInteraction::saveFileName);
 	ZEB::reportWarning(ZEB::MessageFormat("%1: no file can be chosen in a scripted run.")

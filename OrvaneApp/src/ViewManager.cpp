@@ -139,13 +139,14 @@ void ViewManager::onProjectChanged() {
 }
 
 
-void ViewManager::onProjectModified(int modificationType, void *) {
+void ViewManager::onProjectModified(int modificationType, void * data) {
 	switch (modificationType) {
 		case OVP::ProjectHandler::MapperInserted : {
 			// a new chart goes into the focused view when that one is empty
 			ChartView * v = focusedView();
 			if (v != nullptr && v->mapperIndex() == -1) {
-				const int newMapper = mapperCount() - 1;
+				const int newMapper = OVP::ProjectHandler::instance().project().mapperModel()->indexOf(
+										  static_cast<const OVP::Mapper *>(data));
 				editLayout([newMapper](SplitTree & tree) { tree.showMapper(tree.focusedView(), newMapper); });
 			}
 			else {
@@ -155,6 +156,7 @@ void ViewManager::onProjectModified(int modificationType, void *) {
 		case OVP::ProjectHandler::AllModified :
 		case OVP::ProjectHandler::MapperRemoved :
 		case OVP::ProjectHandler::MapperRenamed :
+		case OVP::ProjectHandler::MappersMoved :
 		case OVP::ProjectHandler::SplitLayoutModified :
 			rebuild();
 			break;

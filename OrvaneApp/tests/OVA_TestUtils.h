@@ -41,8 +41,8 @@ public:
 	std::vector<RecordedMessage>	m_messages;
 };
 
-/*! User interaction that gives one prepared answer to every save question and records the
-	questions and notices it was shown.
+/*! User interaction that gives one prepared answer to every save question, refuses everything
+	else and records the questions and notices it was shown.
 */
 class AnsweringUserInteraction : public OVP::UserInteraction {
 public:
@@ -56,6 +56,10 @@ public:
 		m_shown.append(title + ": " + text);
 	}
 	bool askRestoreFromBackup(QWidget *, const QString &, const QString & text) override {
+		m_shown.append(text);
+		return false;
+	}
+	bool askConfirmation(QWidget *, const QString &, const QString & text) override {
 		m_shown.append(text);
 		return false;
 	}

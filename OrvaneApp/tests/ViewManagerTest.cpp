@@ -132,6 +132,15 @@ TEST_F(ViewManagerTest, ViewsFollowRemovedMappersAndClosedSessions) {
 	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, -1, 1 }));
 	EXPECT_EQ(vm.views()[2]->chart(), mapperChart(1));
 
+	// moved charts stay in their views; a copy goes into the empty focused view
+	handler().moveMappers({ 1 }, 0);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 1, -1, 0 }));
+	EXPECT_EQ(vm.views()[2]->chart(), mapperChart(0));
+	while (vm.focusedView()->mapperIndex() != -1)
+		vm.onGotoNextSplit();
+	handler().duplicateMapper(0);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 2, 1, 0 }));
+
 	ASSERT_TRUE(handler().closeProject(nullptr));
 	EXPECT_TRUE(vm.views().isEmpty());
 	EXPECT_EQ(vm.currentChart(), nullptr);

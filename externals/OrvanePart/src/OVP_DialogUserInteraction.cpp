@@ -35,6 +35,12 @@ bool DialogUserInteraction::askRestoreFromBackup(QWidget * parent, const QString
 }
 
 
+bool DialogUserInteraction::askConfirmation(QWidget * parent, const QString & title, const QString & text) {
+	return QMessageBox::question(parent, title, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
+			== QMessageBox::Yes;
+}
+
+
 QString DialogUserInteraction::saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 											const QString & filter)
 {

@@ -11,6 +11,7 @@ public:
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
 	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
 	bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) override;
+	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
 };

@@ -1,13 +1,17 @@
 #include "OVP_ProjectHandler.h"
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QSettings>
+
+#include <tinyxml.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -302,22 +306,115 @@ void ProjectHandler::removeMappers(int row, int count) {
 
 void ProjectHandler::renameMapper(int mapperIndex, const QString & name) {
 	FUNCID(ProjectHandler::renameMapper);
-	checkValid(FUNC_ID);
-	if (mapperIndex < 0 || mapperIndex >= m_project->mapperModel()->mapperCount())
-		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(mapperIndex), FUNC_ID);
-	Mapper * m = m_project->mapperModel()->mapper(mapperIndex);
+	Mapper * m = mapperAt(mapperIndex, FUNC_ID);
+	if (name.trimmed().isEmpty())
+		throw ZEB::Exception("A chart name must not be empty.", FUNC_ID);
+	if (name == m->name())
+		return;
 	m->setName(name);
 	m_project->mapperModel()->mapperChanged(mapperIndex);
 	setModified(MapperRenamed, m);
 }
 
 
+bool ProjectHandler::deleteMappers(QWidget * parent, const QList<int> & mapperIndices) {
+	FUNCID(ProjectHandler::deleteMappers);
+	const std::vector<int> rows = sortedMapperIndices(mapperIndices, FUNC_ID);
+	if (rows.empty())
+		return false;
+	const MapperTreeModel * mappers = m_project->mapperModel();
+	QString question;
+	if (rows.size() == 1) {
+		question = tr("Delete the chart '%1'?").arg(mappers->mapper(rows.front())->name());
+	}
+	else {
+		QStringList names;
+		for (int r : rows)
+			names.append(mappers->mapper(r)->name());
+		question = tr("Delete these %1 charts?\n%2").arg(rows.size()).arg(names.join("\n"));
+	}
+	if (!m_userInteraction->askConfirmation(parent, tr("Delete charts"), question))
+		return false;
+	// contiguous runs, the last one first, so that the indices still to be removed stay valid
+	for (std::size_t end = rows.size(); end > 0; ) {
+		std::size_t start = end - 1;
+		while (start > 0 && rows[start - 1] == rows[start] - 1)
+			--start;
+		removeMappers(rows[start], static_cast<int>(end - start));
+		end = start;
+	}
+	return true;
+}
+
+
+int ProjectHandler::duplicateMapper(int mapperIndex) {
+	FUNCID(ProjectHandler::duplicateMapper);
+	const Mapper * original = mapperAt(mapperIndex, FUNC_ID);
+	// paths are written relative to a folder and resolved against the same folder, so any
+	// folder gives back the original paths
+	const QString folder = QDir::rootPath();
+	std::unique_ptr<Mapper> copy(new Mapper(m_dataManager));
+	try {
+		TiXmlElement element("Mapper");
+		original->writeXML(&element, folder, true);
+		copy->readXML(&element, folder);
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot duplicate chart '%1'.").arg(original->name().toStdString()),
+							 FUNC_ID);
+	}
+	catch (std::exception & ex) {
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot duplicate chart '%1'.").arg(original->name().toStdString()),
+							 FUNC_ID);
+	}
+	copy->setName(tr("%1 (copy)").arg(original->name()));
+
+	MapperTreeModel * mappers = m_project->mapperModel();
+	const int copyIndex = mapperIndex + 1;
+	std::vector<int> newIndex;
+	for (int i = 0; i < mappers->mapperCount(); ++i)
+		newIndex.push_back(i < copyIndex ? i : i + 1);
+	Mapper * m = copy.get();
+	mappers->insertMapper(copyIndex, std::move(copy));
+	m_project->m_splitLayout.mappersRenumbered(newIndex);
+	setModified(MapperInserted, m);
+	return copyIndex;
+}
+
+
+bool ProjectHandler::moveMappers(const QList<int> & mapperIndices, int destination) {
+	FUNCID(ProjectHandler::moveMappers);
+	const std::vector<int> moved = sortedMapperIndices(mapperIndices, FUNC_ID);
+	MapperTreeModel * mappers = m_project->mapperModel();
+	const int count = mappers->mapperCount();
+	if (destination < 0 || destination > count)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid destination %1 for moving mappers.").arg(destination), FUNC_ID);
+	// order[new index] = old index: the moved ones go in where the destination is
+	std::vector<int> order;
+	for (int i = 0; i <= count; ++i) {
+		if (i == destination)
+			order.insert(order.end(), moved.begin(), moved.end());
+		if (i < count && !std::binary_search(moved.begin(), moved.end(), i))
+			order.push_back(i);
+	}
+	std::vector<int> newIndex(static_cast<std::size_t>(count));
+	bool changed = false;
+	for (int i = 0; i < count; ++i) {
+		newIndex[static_cast<std::size_t>(order[static_cast<std::size_t>(i)])] = i;
+		changed = changed || order[static_cast<std::size_t>(i)] != i;
+	}
+	if (!changed)
+		return false;
+	mappers->reorderMappers(order);
+	m_project->m_splitLayout.mappersRenumbered(newIndex);
+	setModified(MappersMoved);
+	return true;
+}
+
+
 void ProjectHandler::refreshMapper(int mapperIndex, DATAIO::DataIO::RefreshMode mode) {
 	FUNCID(ProjectHandler::refreshMapper);
-	checkValid(FUNC_ID);
-	if (mapperIndex < 0 || mapperIndex >= m_project->mapperModel()->mapperCount())
-		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(mapperIndex), FUNC_ID);
-	m_project->mapperModel()->mapper(mapperIndex)->refresh(mode);
+	mapperAt(mapperIndex, FUNC_ID)->refresh(mode);
 }
 
 
@@ -409,6 +506,26 @@ void ProjectHandler::rememberProjectFile(const QString & fileName) {
 void ProjectHandler::checkValid(const char * functionId) const {
 	if (!isValid())
 		throw ZEB::Exception("No project open.", functionId);
+}
+
+
+Mapper * ProjectHandler::mapperAt(int mapperIndex, const char * functionId) const {
+	checkValid(functionId);
+	const MapperTreeModel * mappers = m_project->mapperModel();
+	if (mapperIndex < 0 || mapperIndex >= mappers->mapperCount())
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(mapperIndex), functionId);
+	return mappers->mapper(mapperIndex);
+}
+
+
+std::vector<int> ProjectHandler::sortedMapperIndices(const QList<int> & mapperIndices, const char * functionId) const {
+	checkValid(functionId);
+	for (int i : mapperIndices)
+		mapperAt(i, functionId);
+	std::vector<int> sorted(mapperIndices.begin(), mapperIndices.end());
+	std::sort(sorted.begin(), sorted.end());
+	sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+	return sorted;
 }
 
 } // namespace OVP

@@ -2,6 +2,7 @@
 #define OVP_ProjectHandlerH
 
 #include <memory>
+#include <vector>
 
 #include <QColor>
 #include <QDateTime>
@@ -44,7 +45,8 @@ public:
 		MapperContentModified		= 7,
 		SplitLayoutModified			= 8,
 		ChartModified				= 9,
-		SeriesModified				= 10
+		SeriesModified				= 10,
+		MappersMoved				= 11
 	};
 
 	/*! Outcome of a save request. */
@@ -134,8 +136,30 @@ public:
 		list. The split layout follows the closed-up indices.
 	*/
 	void removeMappers(int row, int count);
-	/*! Renames the mapper at a mapper index. */
+	/*! Renames the mapper at a mapper index; the same name again is no change. Throws
+		ZEB::Exception for a bad index and for an empty or blank name.
+	*/
 	void renameMapper(int mapperIndex, const QString & name);
+	/*! Deletes the mappers at the given mapper indices (any order, repeats count once) once the
+		user has confirmed through the user interaction; the split layout follows as with
+		removeMappers(). Returns false when the list is empty or the user declined. Throws
+		ZEB::Exception for an index outside the list, before asking.
+	*/
+	bool deleteMappers(QWidget * parent, const QList<int> & mapperIndices);
+	/*! Inserts a deep copy of the mapper at a mapper index right after it and returns the copy's
+		index. The copy is read back from the original's Mapper element (written with all
+		properties), so it has the same extractors, cuts, manipulators, models and chart
+		properties; it is named "<name> (copy)". Views keep their charts. Throws ZEB::Exception
+		for a bad index or when the copy cannot be built.
+	*/
+	int duplicateMapper(int mapperIndex);
+	/*! Moves the mappers at the given mapper indices (any order, repeats count once), keeping
+		their order among each other, to the place before the mapper at destination as numbered
+		now (mapperCount() for the end). The split layout's views keep showing their charts.
+		Returns false when the order stays as it was. Throws ZEB::Exception for an index or a
+		destination outside the list.
+	*/
+	bool moveMappers(const QList<int> & mapperIndices, int destination);
 	/*! Re-reads the data files of one mapper and updates its charts. RM_EXPLICIT for the user's
 		refresh command, RM_FOLLOW for following running simulations (Mapper::refresh()).
 	*/
@@ -173,6 +197,14 @@ private:
 	void rememberProjectFile(const QString & fileName);
 	/*! Checks that a project is open; throws with the given function id otherwise. */
 	void checkValid(const char * functionId) const;
+	/*! The mapper at a mapper index; throws ZEB::Exception with the given function id for an
+		index outside the list or without project.
+	*/
+	Mapper * mapperAt(int mapperIndex, const char * functionId) const;
+	/*! Mapper indices sorted, repeats removed; throws like mapperAt() for an index outside the
+		list.
+	*/
+	std::vector<int> sortedMapperIndices(const QList<int> & mapperIndices, const char * functionId) const;
 
 	static ProjectHandler *				m_self;
 

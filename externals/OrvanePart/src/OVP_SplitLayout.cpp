@@ -92,4 +92,11 @@ void SplitLayout::mappersRemoved(int first, int count) {
 	}
 }
 
+
+void SplitLayout::mappersRenumbered(const std::vector<int> & newIndex) {
+	for (Widget & w : m_widgets)
+		if (w.m_mapperIndex >= 0 && w.m_mapperIndex < static_cast<int>(newIndex.size()))
+			w.m_mapperIndex = newIndex[static_cast<std::size_t>(w.m_mapperIndex)];
+}
+
 } // namespace OVP

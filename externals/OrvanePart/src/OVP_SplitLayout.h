@@ -1,6 +1,8 @@
 #ifndef OVP_SplitLayoutH
 #define OVP_SplitLayoutH
 
+#include <vector>
+
 #include <QList>
 
 class TiXmlElement;
@@ -38,6 +40,11 @@ public:
 		mapper list: widgets showing a removed mapper show none, later indices close up.
 	*/
 	void mappersRemoved(int first, int count);
+	/*! Adapts the mapper indices after the mapper list was rearranged (mappers inserted or
+		moved): a widget showing mapper i shows newIndex[i] from now on. Indices that newIndex
+		does not cover are kept.
+	*/
+	void mappersRenumbered(const std::vector<int> & newIndex);
 
 	bool operator==(const SplitLayout & other) const {
 		return m_widgets == other.m_widgets && m_focusedWidget == other.m_focusedWidget;

@@ -33,6 +33,11 @@ public:
 	*/
 	virtual bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) = 0;
 
+	/*! Asks whether to go on with an action that cannot be undone (buttons Yes and No); true
+		when the user answers Yes.
+	*/
+	virtual bool askConfirmation(QWidget * parent, const QString & title, const QString & text) = 0;
+
 	/*! Asks for the name of a file to save to; an empty text means the user cancelled.
 		\param caption Dialog caption.
 		\param defaultFile File name the dialog starts with.

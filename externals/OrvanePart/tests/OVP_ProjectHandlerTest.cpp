@@ -443,17 +443,14 @@ TEST_F(ProjectHandlerTest, MapperEdits) {
 	h.removeMappers(1, 2);
 	const OVP::MapperTreeModel & mappers = *h.project().mapperModel();
 	ASSERT_EQ(mappers.mapperCount(), 2);
-	EXPECT_EQ(mappers.data(mappers.index(1), Qt::DisplayRole).toString(), "m3");
+	EXPECT_EQ(mappers.data(mappers.index(1, 0), Qt::DisplayRole).toString(), "m3");
 	const QList<OVP::SplitLayout::Widget> & w = h.project().m_splitLayout.m_widgets;
 	EXPECT_EQ(w[0].m_mapperIndex, 0);
 	EXPECT_EQ(w[1].m_mapperIndex, -1);
 	EXPECT_EQ(w[2].m_mapperIndex, -1);
 	EXPECT_EQ(w[3].m_mapperIndex, 1);
 	EXPECT_EQ(thrown([&h]() { h.removeMappers(1, 2); }).second, "Invalid arguments row or count.");
-
-	h.renameMapper(1, "renamed");
-	EXPECT_EQ(mappers.mapper(1)->name(), "renamed");
-	EXPECT_EQ(modified.last()[0].toInt(), OVP::ProjectHandler::MapperRenamed);
+	EXPECT_EQ(modified.last()[0].toInt(), OVP::ProjectHandler::MapperRemoved);
 }
 
 

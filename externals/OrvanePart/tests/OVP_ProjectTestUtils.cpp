@@ -56,6 +56,12 @@ bool TestUserInteraction::askRestoreFromBackup(QWidget *, const QString & title,
 }
 
 
+bool TestUserInteraction::askConfirmation(QWidget *, const QString & title, const QString & text) {
+	m_shown.push_back(Shown{ "confirm", title, text, QString() });
+	return nextReply(m_confirmAnswers, text, false);
+}
+
+
 QString TestUserInteraction::saveFileName(QWidget *, const QString & caption, const QString & defaultFile,
 										  const QString & filter)
 {
@@ -198,6 +204,26 @@ void writeField(const QString & path, const std::string & geoFileName, const std
 	d.setNums(nums);
 	d.setData(time, rows);
 	DATAIO::DataIOWriter::write(path.toStdString(), d);
+}
+
+
+void writeSampleData(const QString & dir) {
+	QDir().mkpath(dir);
+	const std::vector<double> t = { 0, 1, 2, 3 };
+	writeTimeSeries(dir + "/T.out", t, { 20, 21, 22, 23 });
+	writeTimeSeries(dir + "/TK.out", t, { 293.15, 294.15, 295.15, 296.15 }, "Temperature", "K");
+	writeTimeSeries(dir + "/RH.out", t, { 80, 85, 90, 95 }, "Relative humidity", "%");
+	writeGeometry(dir + "/wall.g6a", 3, 2);
+	writeGeometry(dir + "/line.g6a", 4, 1);
+	writeField(dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0, 1, 2 },
+			   { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 } });
+	writeField(dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 1 },
+			   { { 1, 2, 3, 4, 5, 6 }, { 7, 8, 9, 10, 11, 12 } });
+	// all sides of the 3 x 2 grid: 8 normal to x, 9 normal to y
+	std::vector<std::uint32_t> sides;
+	for (std::uint32_t s = 0; s < 17; ++s)
+		sides.push_back(s);
+	writeField(dir + "/flux.out", "wall.g6a", sides, { 0 }, { std::vector<double>(17, 1.0) }, true);
 }
 
 

@@ -51,7 +51,7 @@ class TestUserInteraction : public OVP::UserInteraction {
 public:
 	/*! A question or notice that was shown. */
 	struct Shown {
-		QString	m_kind;		///< "question", "critical", "restore" or "file"
+		QString	m_kind;		///< "question", "critical", "restore", "confirm" or "file"
 		QString	m_title;
 		QString	m_text;
 		QString	m_extra;	///< file dialogs: the default file and the filter
@@ -60,12 +60,14 @@ public:
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
 	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
 	bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) override;
+	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
 
 	/*! Replies given in order; an exhausted list fails the test. */
 	std::deque<SaveAnswer>	m_saveAnswers;
 	std::deque<bool>		m_restoreAnswers;
+	std::deque<bool>		m_confirmAnswers;
 	std::deque<QString>		m_fileNames;
 	std::vector<Shown>		m_shown;
 };
@@ -110,6 +112,13 @@ void writeGeometry(const QString & path, unsigned int nx, unsigned int ny);
 */
 void writeField(const QString & path, const std::string & geoFileName, const std::vector<std::uint32_t> & nums,
 				const std::vector<double> & time, const std::vector<std::vector<double> > & rows, bool flux = false);
+
+/*! Creates dir and writes sample data into it: time series T.out (C), TK.out (K) and RH.out (%)
+	at hours 0 to 3; geometries wall.g6a (3 x 2) and line.g6a (4 x 1); element fields
+	profile.out (line, 3 time points) and plane.out (wall, 2 time points); flux.out (all 17
+	sides of the wall, 1 time point).
+*/
+void writeSampleData(const QString & dir);
 
 /*! The text of a file. */
 QString readText(const QString & path);

@@ -22,6 +22,27 @@ namespace OVP {
 const char * const Project::VERSION = "2.2.3";
 
 
+namespace {
+
+/*! Reads and parses a project file; throws ZEB::Exception with the given function id when the
+	file cannot be opened or is no well-formed XML.
+*/
+void parseFile(const QString & fileName, TiXmlDocument & doc, const char * funcId) {
+	const std::string utf8Name = fileName.toStdString();
+	QFile file(fileName);
+	if (!file.open(QIODevice::ReadOnly))
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1' (%2).")
+							 .arg(utf8Name).arg(file.errorString().toStdString()), funcId);
+	const QByteArray content = file.readAll();
+	doc.Parse(content.constData(), nullptr, TIXML_ENCODING_UTF8);
+	if (doc.Error())
+		throw ZEB::Exception(ZEB::MessageFormat("Error in line %1 of session file '%2':\n%3")
+							 .arg(doc.ErrorRow()).arg(utf8Name).arg(doc.ErrorDesc()), funcId);
+}
+
+} // namespace
+
+
 Project::Project() :
 	m_mapperModel(new MapperTreeModel)
 {
@@ -31,20 +52,12 @@ Project::Project() :
 Project::~Project() = default;
 
 
-void Project::readXML(const QString & fileName, DataManager & dataManager) {
+void Project::readXML(const QString & fileName, DataManager & dataManager, const DataPathRemap & remap) {
 	FUNCID(Project::readXML);
 	try {
 		const std::string utf8Name = fileName.toStdString();
-		QFile file(fileName);
-		if (!file.open(QIODevice::ReadOnly))
-			throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1' (%2).")
-								 .arg(utf8Name).arg(file.errorString().toStdString()), FUNC_ID);
-		const QByteArray content = file.readAll();
 		TiXmlDocument doc;
-		doc.Parse(content.constData(), nullptr, TIXML_ENCODING_UTF8);
-		if (doc.Error())
-			throw ZEB::Exception(ZEB::MessageFormat("Error in line %1 of session file '%2':\n%3")
-								 .arg(doc.ErrorRow()).arg(utf8Name).arg(doc.ErrorDesc()), FUNC_ID);
+		parseFile(fileName, doc, FUNC_ID);
 
 		const TiXmlElement * root = doc.RootElement();
 		if (root == nullptr || root->ValueStr() != "Orvane")
@@ -56,10 +69,11 @@ void Project::readXML(const QString & fileName, DataManager & dataManager) {
 		const TiXmlElement * e = root->FirstChildElement("Directories");
 		if (e != nullptr)
 			readDirectories(e, projectDir);
+		repointDirectories(remap);
 		std::vector<int> skippedIndices;
 		e = root->FirstChildElement("Mappers");
 		if (e != nullptr)
-			readMappers(e, projectDir, dataManager, skippedIndices);
+			readMappers(e, projectDir, dataManager, remap, skippedIndices);
 		e = root->FirstChildElement("Splitting");
 		if (e != nullptr) {
 			m_splitLayout.readXML(e);
@@ -94,7 +108,7 @@ void Project::readDirectories(const TiXmlElement * element, const QString & proj
 
 
 void Project::readMappers(const TiXmlElement * element, const QString & projectDir, DataManager & dataManager,
-						  std::vector<int> & skippedIndices)
+						  const DataPathRemap & remap, std::vector<int> & skippedIndices)
 {
 	// skipped mappers are reported under the function id of the whole read
 	FUNCID(Project::readXML);
@@ -107,7 +121,7 @@ void Project::readMappers(const TiXmlElement * element, const QString & projectD
 		try {
 			const char * name = e->Attribute("name");
 			mapper->setName(name == nullptr ? QString() : QString::fromUtf8(name));
-			mapper->readXML(e, projectDir);
+			mapper->readXML(e, projectDir, remap);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading Mapper definition #%1.").arg(mapperNumber), FUNC_ID);
@@ -156,6 +170,51 @@ void Project::writeXML(const QString & fileName, bool writeAll, const QString & 
 	m_splitLayout.writeXML(root);
 
 	SCI::XMLFile::save(doc, fileName, FUNC_ID, backupName);
+}
+
+
+QStringList Project::dataFileNames(const QString & fileName) {
+	FUNCID(Project::dataFileNames);
+	TiXmlDocument doc;
+	try {
+		parseFile(fileName, doc, FUNC_ID);
+	}
+	catch (ZEB::Exception &) {
+		// a file that cannot be parsed names no data files; reading it reports why
+		return QStringList();
+	}
+	const TiXmlElement * root = doc.RootElement();
+	const TiXmlElement * mappers = root == nullptr ? nullptr : root->FirstChildElement("Mappers");
+	if (mappers == nullptr)
+		return QStringList();
+	const QString projectDir = QFileInfo(fileName).absolutePath();
+	QStringList names;
+	for (const TiXmlElement * e = mappers->FirstChildElement("Mapper"); e != nullptr; e = e->NextSiblingElement("Mapper"))
+		names.append(Mapper::dataFileNames(e, projectDir));
+	names.removeDuplicates();
+	return names;
+}
+
+
+QStringList Project::dataFileNames() const {
+	QStringList names;
+	for (int i = 0; i < m_mapperModel->mapperCount(); ++i)
+		names.append(m_mapperModel->mapper(i)->dataFileNames());
+	names.removeDuplicates();
+	return names;
+}
+
+
+bool Project::repointDirectories(const DataPathRemap & remap) {
+	bool changed = false;
+	for (Directory & d : m_directories) {
+		const QString path = remap.apply(d.m_path);
+		if (path != d.m_path && QFileInfo(path).isDir() && directoryIndex(path) == -1) {
+			d.m_path = path;
+			changed = true;
+		}
+	}
+	return changed;
 }
 
 

@@ -42,3 +42,27 @@ QString LogUserInteraction::saveFileName(QWidget *, const QString & caption, con
 					   .arg(caption.toStdString()).str(), FUNC_ID);
 	return QString();
 }
+
+
+QString LogUserInteraction::askDataFolder(QWidget *, const QString & title, const QString & text, const QString &) {
+	FUNCID(LogUserInteraction::askDataFolder);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> no folder can be chosen in a scripted run.")
+					   .arg(title.toStdString()).arg(text.toStdString()).str(), FUNC_ID);
+	return QString();
+}
+
+
+QString LogUserInteraction::existingDirectory(QWidget *, const QString & caption, const QString &) {
+	FUNCID(LogUserInteraction::existingDirectory);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: no folder can be chosen in a scripted run.")
+					   .arg(caption.toStdString()).str(), FUNC_ID);
+	return QString();
+}
+
+
+int LogUserInteraction::chooseItem(QWidget *, const QString & title, const QString & label, const QStringList &) {
+	FUNCID(LogUserInteraction::chooseItem);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> nothing can be chosen in a scripted run.")
+					   .arg(title.toStdString()).arg(label.toStdString()).str(), FUNC_ID);
+	return -1;
+}

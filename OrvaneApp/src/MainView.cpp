@@ -48,6 +48,8 @@ MainView::MainView(QWidget * parent) :
 										   this, &MainView::onSaveSession);
 	m_actions.m_saveSessionAs = createAction(tr("Save session as..."), QKeySequence(),
 											 this, &MainView::onSaveSessionAs);
+	m_actions.m_useOtherResultFolder = createAction(tr("Use another result folder..."), QKeySequence(),
+													this, &MainView::onUseOtherResultFolder);
 	m_actions.m_splitHorizontal = createAction(tr("Horizontal split"), QKeySequence(Qt::CTRL + Qt::Key_1),
 											   m_viewManager, &ViewManager::onSplitHorizontal);
 	m_actions.m_splitVertical = createAction(tr("Vertical split"), QKeySequence(Qt::CTRL + Qt::Key_2),
@@ -143,6 +145,13 @@ void MainView::onSaveSessionAs() {
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	if (handler.isValid())
 		handler.saveWithNewFilename(this);
+}
+
+
+void MainView::onUseOtherResultFolder() {
+	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (handler.isValid())
+		handler.useOtherResultFolder(this);
 }
 
 

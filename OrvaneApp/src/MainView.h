@@ -36,6 +36,7 @@ public:
 		QAction * m_loadSession;
 		QAction * m_saveSession;
 		QAction * m_saveSessionAs;
+		QAction * m_useOtherResultFolder;
 		QAction * m_splitHorizontal;
 		QAction * m_splitVertical;
 		QAction * m_removeSplit;
@@ -72,6 +73,8 @@ public slots:
 	void onLoadSession();
 	void onSaveSession();
 	void onSaveSessionAs();
+	/*! Points the session's charts at a variant of the simulation in another result folder. */
+	void onUseOtherResultFolder();
 	/*! Opens the recent session of the action that sent the signal. */
 	void onLoadRecent();
 	/*! Re-reads the data files of all charts. */

@@ -197,6 +197,8 @@ void OVAMainWindow::setupMenus() {
 	sessionMenu->addAction(a.m_saveSession);
 	sessionMenu->addAction(a.m_saveSessionAs);
 	sessionMenu->addSeparator();
+	sessionMenu->addAction(a.m_useOtherResultFolder);
+	sessionMenu->addSeparator();
 	QAction * quit = sessionMenu->addAction(tr("Quit"));
 	quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
 	connect(quit, &QAction::triggered, this, &OVAMainWindow::close);

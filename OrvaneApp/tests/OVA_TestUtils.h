@@ -41,8 +41,8 @@ public:
 	std::vector<RecordedMessage>	m_messages;
 };
 
-/*! User interaction that gives one prepared answer to every save question, refuses everything
-	else and records the questions and notices it was shown.
+/*! User interaction that gives one prepared answer to every save question, declines every
+	other question and records the questions and notices it was shown.
 */
 class AnsweringUserInteraction : public OVP::UserInteraction {
 public:
@@ -65,6 +65,16 @@ public:
 	}
 	QString saveFileName(QWidget *, const QString &, const QString &, const QString &) override {
 		return QString();
+	}
+	QString askDataFolder(QWidget *, const QString &, const QString & text, const QString &) override {
+		m_shown.append(text);
+		return QString();
+	}
+	QString existingDirectory(QWidget *, const QString &, const QString &) override {
+		return QString();
+	}
+	int chooseItem(QWidget *, const QString &, const QString &, const QStringList &) override {
+		return -1;
 	}
 
 	SaveAnswer	m_answer;

@@ -43,6 +43,10 @@
         <translation>Sitzung speichern unter...</translation>
     </message>
     <message>
+        <source>Use another result folder...</source>
+        <translation>Anderen Ergebnisordner verwenden...</translation>
+    </message>
+    <message>
         <source>Horizontal split</source>
         <translation>Horizontal teilen</translation>
     </message>
@@ -191,6 +195,54 @@
     <message>
         <source>File &apos;%1&apos; does exists or missing permissions.</source>
         <translation>Die Datei &apos;%1&apos; existiert nicht oder es fehlen Berechtigungen.</translation>
+    </message>
+    <message>
+        <source>Data files missing</source>
+        <translation>Datendateien fehlen</translation>
+    </message>
+    <message>
+        <source>The data file &apos;%1&apos; does not exist.</source>
+        <translation>Die Datendatei &apos;%1&apos; existiert nicht.</translation>
+    </message>
+    <message>
+        <source>Data files missing in all: %1.</source>
+        <translation>Fehlende Datendateien insgesamt: %1.</translation>
+    </message>
+    <message>
+        <source>If the data has been moved, choose the folder that holds it now. Every data file and directory of the session in the old folder is then re-pointed to it.</source>
+        <translation>Wurden die Daten verschoben, wählen Sie den Ordner, der sie jetzt enthält. Alle Datendateien und Verzeichnisse der Sitzung im alten Ordner werden dann dorthin umgelenkt.</translation>
+    </message>
+    <message>
+        <source>The folder &apos;%1&apos; holds no file &apos;%2&apos;, neither directly nor in the sub-folders of its old path.</source>
+        <translation>Der Ordner &apos;%1&apos; enthält keine Datei &apos;%2&apos;, weder direkt noch in den Unterordnern ihres alten Pfads.</translation>
+    </message>
+    <message>
+        <source>After re-pointing, these data files are still missing:
+%1</source>
+        <translation>Nach dem Umlenken fehlen noch diese Datendateien:
+%1</translation>
+    </message>
+    <message>
+        <source>Use another result folder</source>
+        <translation>Anderen Ergebnisordner verwenden</translation>
+    </message>
+    <message>
+        <source>The session has no charts with data files.</source>
+        <translation>Die Sitzung hat keine Diagramme mit Datendateien.</translation>
+    </message>
+    <message>
+        <source>The data files of the session lie in several folders. Which folder holds the results to replace?</source>
+        <translation>Die Datendateien der Sitzung liegen in mehreren Ordnern. Welcher Ordner enthält die zu ersetzenden Ergebnisse?</translation>
+    </message>
+    <message>
+        <source>Select the result folder to use instead of &apos;%1&apos;</source>
+        <translation>Ergebnisordner wählen, der statt &apos;%1&apos; verwendet wird</translation>
+    </message>
+    <message>
+        <source>The session is not changed:
+%1</source>
+        <translation>Die Sitzung bleibt unverändert:
+%1</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "OVP_DialogUserInteraction.h"
 
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -45,6 +46,34 @@ QString DialogUserInteraction::saveFileName(QWidget * parent, const QString & ca
 											const QString & filter)
 {
 	return QFileDialog::getSaveFileName(parent, caption, defaultFile, filter);
+}
+
+
+QString DialogUserInteraction::askDataFolder(QWidget * parent, const QString & title, const QString & text,
+											 const QString & startFolder)
+{
+	QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, parent);
+	QPushButton * choose = box.addButton(QObject::tr("Choose folder..."), QMessageBox::AcceptRole);
+	box.addButton(QMessageBox::Cancel);
+	box.setDefaultButton(choose);
+	box.exec();
+	if (box.clickedButton() != choose)
+		return QString();
+	return existingDirectory(parent, title, startFolder);
+}
+
+
+QString DialogUserInteraction::existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) {
+	return QFileDialog::getExistingDirectory(parent, caption, startFolder);
+}
+
+
+int DialogUserInteraction::chooseItem(QWidget * parent, const QString & title, const QString & label,
+									  const QStringList & items)
+{
+	bool ok = false;
+	const QString item = QInputDialog::getItem(parent, title, label, items, 0, false, &ok);
+	return ok ? items.indexOf(item) : -1;
 }
 
 } // namespace OVP

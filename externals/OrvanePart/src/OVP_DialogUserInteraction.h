@@ -5,7 +5,9 @@
 
 namespace OVP {
 
-/*! The user interaction of the application: message boxes and the file dialog of the toolkit. */
+/*! The user interaction of the application: message boxes, file and folder dialogs and the
+	input dialog of the toolkit.
+*/
 class DialogUserInteraction : public UserInteraction {
 public:
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
@@ -14,6 +16,12 @@ public:
 	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
+	/*! A warning box with the buttons "Choose folder..." and Cancel, then the folder dialog. */
+	QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
+						  const QString & startFolder) override;
+	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
+	/*! A list of the items in an input dialog. */
+	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
 };
 
 } // namespace OVP

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <tinyxml.h>
@@ -221,7 +222,7 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 }
 
 
-void Mapper::readXML(const TiXmlElement * element, const QString & projectDir) {
+void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap) {
 	FUNCID(Mapper::readXML);
 	bool chartModelRead = false;
 	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
@@ -233,7 +234,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir) {
 				if (e->ValueStr() != "Extractor")
 					throw ZEB::Exception(ZEB::MessageFormat("Expected 'Extractor' tag, got '%1'").arg(e->ValueStr()), FUNC_ID);
 				ExtractorDefinition def;
-				readExtractorDefinition(e, projectDir, def);
+				readExtractorDefinition(e, projectDir, remap, def);
 				ExtractorEntry entry = createExtractorEntry(def);
 				const bool is2D = entry.m_extractor->outputKind() == EM::ExtractorBase::OK_2D;
 				if (m_type == MT_3D || m_type == MT_Vector) {
@@ -280,7 +281,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir) {
 
 
 void Mapper::readExtractorDefinition(const TiXmlElement * element, const QString & projectDir,
-									 ExtractorDefinition & def)
+									 const DataPathRemap & remap, ExtractorDefinition & def)
 {
 	FUNCID(Mapper::readXML);
 	for (const TiXmlElement * e = element->FirstChildElement(); e != nullptr; e = e->NextSiblingElement()) {
@@ -289,13 +290,13 @@ void Mapper::readExtractorDefinition(const TiXmlElement * element, const QString
 		if (name == "DataIOFileName") {
 			if (text.empty())
 				throw ZEB::Exception("Error in 'Extractor' tag, DataIOFileName tag must not be empty.", FUNC_ID);
-			def.m_fileName = ProjectRelativePath::resolve(QString::fromStdString(text), projectDir);
+			def.m_fileName = remap.apply(ProjectRelativePath::resolve(QString::fromStdString(text), projectDir));
 			def.m_hasFileName = true;
 		}
 		else if (name == "DataIOFileName2") {
 			if (text.empty())
 				throw ZEB::Exception("Error in 'Extractor' tag, DataIOFileName2 tag must not be empty.", FUNC_ID);
-			def.m_fileName2 = ProjectRelativePath::resolve(QString::fromStdString(text), projectDir);
+			def.m_fileName2 = remap.apply(ProjectRelativePath::resolve(QString::fromStdString(text), projectDir));
 			def.m_hasFileName2 = true;
 		}
 		else if (name == "CutType") {
@@ -475,6 +476,86 @@ void Mapper::writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry,
 		TiXmlElement * me = appendTextElement(e, "Manipulator", m->parameter());
 		me->SetAttribute("type", m->typeKeyword());
 	}
+}
+
+
+QStringList Mapper::dataFileNames(const TiXmlElement * element, const QString & projectDir) {
+	QStringList names;
+	for (const TiXmlElement * extractors = element->FirstChildElement("Extractors"); extractors != nullptr;
+		 extractors = extractors->NextSiblingElement("Extractors"))
+	{
+		for (const TiXmlElement * e = extractors->FirstChildElement("Extractor"); e != nullptr;
+			 e = e->NextSiblingElement("Extractor"))
+		{
+			for (const char * tag : { "DataIOFileName", "DataIOFileName2" }) {
+				const TiXmlElement * name = e->FirstChildElement(tag);
+				const std::string text = name == nullptr ? std::string() : elementText(name);
+				if (!text.empty())
+					names.append(ProjectRelativePath::resolve(QString::fromStdString(text), projectDir));
+			}
+		}
+	}
+	return names;
+}
+
+
+QStringList Mapper::dataFileNames() const {
+	QStringList names;
+	const auto append = [&names](const ExtractorEntry & entry) {
+		for (const std::shared_ptr<DATAIO::DataIO> & dataIO : entry.m_dataIOs)
+			names.append(QString::fromStdString(dataIO->filename()));
+	};
+	for (const ExtractorEntry & entry : m_2DExtractors)
+		append(entry);
+	if (m_3DExtractor.m_extractor)
+		append(m_3DExtractor);
+	return names;
+}
+
+
+std::vector<Mapper::ExtractorEntry> Mapper::repointedEntries(const DataPathRemap & remap) const {
+	FUNCID(Mapper::repointedEntries);
+	std::vector<const ExtractorEntry *> current;
+	for (const ExtractorEntry & entry : m_2DExtractors)
+		current.push_back(&entry);
+	if (m_3DExtractor.m_extractor)
+		current.push_back(&m_3DExtractor);
+	// each extractor is rebuilt as a session file rebuilds it: written into its element and read
+	// back with re-pointed files; written relative to the root, every path stays whole
+	const QString root = QDir::rootPath();
+	std::vector<ExtractorEntry> entries;
+	for (const ExtractorEntry * old : current) {
+		TiXmlElement parent("Extractors");
+		writeExtractor(&parent, *old, root);
+		ExtractorDefinition def;
+		readExtractorDefinition(parent.FirstChildElement(), root, remap, def);
+		ExtractorEntry entry = createExtractorEntry(def);
+		for (std::size_t i = 0; i < entry.m_dataIOs.size(); ++i) {
+			const DATAIO::DataIO::DataFormat expected = old->m_dataIOs[i]->dataFormat();
+			const DATAIO::DataIO & dataIO = *entry.m_dataIOs[i];
+			if (dataIO.dataFormat() != expected)
+				throw ZEB::Exception(ZEB::MessageFormat("Data file '%1' holds data of format '%2' instead of '%3'.")
+									 .arg(dataIO.filename()).arg(DATAIO::DataIO::dataFormatText(dataIO.dataFormat()))
+									 .arg(DATAIO::DataIO::dataFormatText(expected)), FUNC_ID);
+		}
+		entry.m_title = old->m_title;
+		entries.push_back(std::move(entry));
+	}
+	return entries;
+}
+
+
+void Mapper::replaceEntries(std::vector<ExtractorEntry> entries) {
+	Q_ASSERT(entries.size() == extractorCount());
+	if (m_type == MT_2D) {
+		for (std::size_t i = 0; i < entries.size(); ++i)
+			m_2DExtractors[i] = std::move(entries[i]);
+	}
+	else if (!entries.empty()) {
+		m_3DExtractor = std::move(entries.front());
+	}
+	// target units from the axes, new output, and the chart re-reads every series
+	applyAxisUnits();
 }
 
 

@@ -9,10 +9,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 
 #include <DATAIO_DataIO.h>
 
 #include <EM_CutType.h>
+
+#include "OVP_DataPathRemap.h"
 
 class TiXmlElement;
 
@@ -98,14 +101,31 @@ public:
 	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string());
 
 	/*! Reads the content of a Mapper element: extractors and chart model. Data file paths are
-		resolved against projectDir. Throws ZEB::Exception.
+		resolved against projectDir and then re-pointed by remap. Throws ZEB::Exception.
 	*/
-	void readXML(const TiXmlElement * element, const QString & projectDir);
+	void readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap = DataPathRemap());
 	/*! Writes the extractors and the chart model into the Mapper element; data file paths are
 		written relative to projectDir where possible; writeAll makes the chart model write all
 		properties, also those at their defaults.
 	*/
 	void writeXML(TiXmlElement * element, const QString & projectDir, bool writeAll) const;
+
+	/*! The data files a Mapper element names (DataIOFileName and DataIOFileName2 of its
+		extractors, resolved against projectDir), in order, without checking anything else.
+	*/
+	static QStringList dataFileNames(const TiXmlElement * element, const QString & projectDir);
+	/*! The data files the extractors read, in order (a file read twice is listed twice). */
+	QStringList dataFileNames() const;
+
+	/*! Entries like the mapper's own (same cuts, manipulators and models), rebuilt from the files
+		that remap points their data files at; the mapper is not changed. Throws ZEB::Exception
+		when a file cannot be opened or has another data format than the one it replaces.
+	*/
+	std::vector<ExtractorEntry> repointedEntries(const DataPathRemap & remap) const;
+	/*! Replaces the extractors by entries from repointedEntries(): the series keep their titles,
+		the chart model keeps its properties and shows the new data.
+	*/
+	void replaceEntries(std::vector<ExtractorEntry> entries);
 
 	/*! Creates the extractor that fits the data format (as given) of a container and a cut type;
 		column is the column number of a reference output. Throws ZEB::Exception.
@@ -169,9 +189,9 @@ private:
 	/*! What an Extractor element describes, gathered before the extractor is built. */
 	struct ExtractorDefinition;
 
-	/*! Reads one Extractor element. */
+	/*! Reads one Extractor element; its data file paths are re-pointed by remap. */
 	static void readExtractorDefinition(const TiXmlElement * element, const QString & projectDir,
-										ExtractorDefinition & def);
+										const DataPathRemap & remap, ExtractorDefinition & def);
 	/*! Builds an extractor entry from its definition. */
 	ExtractorEntry createExtractorEntry(ExtractorDefinition & def) const;
 	/*! Writes one Extractor element. */

@@ -21,7 +21,6 @@ namespace OVP {
 
 const char * const Project::VERSION = "2.2.3";
 
-
 Project::Project() :
 	m_mapperModel(new MapperTreeModel)
 {
@@ -31,7 +30,7 @@ Project::Project() :
 Project::~Project() = default;
 
 
-void Project::readXML(const QString & fileName, DataManager & dataManager) {
+void Project::readXML(const QString & fileName, DataManager & dataManager, const DataPathRemap & remap) {
 	FUNCID(Project::readXML);
 	try {
 		const std::string utf8Name = fileName.toStdString();
@@ -48,10 +47,11 @@ void Project::readXML(const QString & fileName, DataManager & dataManager) {
 		const TiXmlElement * e = root->FirstChildElement("Directories");
 		if (e != nullptr)
 			readDirectories(e, projectDir);
+		repointDirectories(remap);
 		std::vector<int> skippedIndices;
 		e = root->FirstChildElement("Mappers");
 		if (e != nullptr)
-			readMappers(e, projectDir, dataManager, skippedIndices);
+			readMappers(e, projectDir, dataManager, remap, skippedIndices);
 		e = root->FirstChildElement("Splitting");
 		if (e != nullptr) {
 			m_splitLayout.readXML(e);
@@ -86,7 +86,7 @@ void Project::readDirectories(const TiXmlElement * element, const QString & proj
 
 
 void Project::readMappers(const TiXmlElement * element, const QString & projectDir, DataManager & dataManager,
-						  std::vector<int> & skippedIndices)
+						  const DataPathRemap & remap, std::vector<int> & skippedIndices)
 {
 	// skipped mappers are reported under the function id of the whole read
 	FUNCID(Project::readXML);
@@ -99,7 +99,7 @@ void Project::readMappers(const TiXmlElement * element, const QString & projectD
 		try {
 			const char * name = e->Attribute("name");
 			mapper->setName(name == nullptr ? QString() : QString::fromUtf8(name));
-			mapper->readXML(e, projectDir);
+			mapper->readXML(e, projectDir, remap);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading Mapper definition #%1.").arg(mapperNumber), FUNC_ID);
@@ -148,6 +148,51 @@ void Project::writeXML(const QString & fileName, bool writeAll, const QString & 
 	m_splitLayout.writeXML(root);
 
 	SCI::XMLFile::save(doc, fileName, FUNC_ID, backupName);
+}
+
+
+QStringList Project::dataFileNames(const QString & fileName) {
+	FUNCID(Project::dataFileNames);
+	TiXmlDocument doc;
+	try {
+		SCI::XMLFile::load(doc, fileName, "Error in line %1 of session file '%2':\n%3", FUNC_ID);
+	}
+	catch (ZEB::Exception &) {
+		// a file that cannot be parsed names no data files; reading it reports why
+		return QStringList();
+	}
+	const TiXmlElement * root = doc.RootElement();
+	const TiXmlElement * mappers = root == nullptr ? nullptr : root->FirstChildElement("Mappers");
+	if (mappers == nullptr)
+		return QStringList();
+	const QString projectDir = QFileInfo(fileName).absolutePath();
+	QStringList names;
+	for (const TiXmlElement * e = mappers->FirstChildElement("Mapper"); e != nullptr; e = e->NextSiblingElement("Mapper"))
+		names.append(Mapper::dataFileNames(e, projectDir));
+	names.removeDuplicates();
+	return names;
+}
+
+
+QStringList Project::dataFileNames() const {
+	QStringList names;
+	for (int i = 0; i < m_mapperModel->mapperCount(); ++i)
+		names.append(m_mapperModel->mapper(i)->dataFileNames());
+	names.removeDuplicates();
+	return names;
+}
+
+
+bool Project::repointDirectories(const DataPathRemap & remap) {
+	bool changed = false;
+	for (Directory & d : m_directories) {
+		const QString path = remap.apply(d.m_path);
+		if (path != d.m_path && QFileInfo(path).isDir() && directoryIndex(path) == -1) {
+			d.m_path = path;
+			changed = true;
+		}
+	}
+	return changed;
 }
 
 

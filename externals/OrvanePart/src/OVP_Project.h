@@ -5,7 +5,9 @@
 #include <vector>
 
 #include <QString>
+#include <QStringList>
 
+#include "OVP_DataPathRemap.h"
 #include "OVP_Directory.h"
 #include "OVP_SplitLayout.h"
 
@@ -31,10 +33,24 @@ public:
 	Project & operator=(const Project &) = delete;
 
 	/*! Reads a project file into this (empty) project. Mappers re-create their extractors
-		from the data files, opened through dataManager. Every failure is thrown as
-		ZEB::Exception "Error reading session file %1" with the cause chained.
+		from the data files, opened through dataManager. The data file paths, and the top-level
+		directories as repointDirectories() says, are re-pointed by remap. Every failure is
+		thrown as ZEB::Exception "Error reading session file %1" with the cause chained.
 	*/
-	void readXML(const QString & fileName, DataManager & dataManager);
+	void readXML(const QString & fileName, DataManager & dataManager, const DataPathRemap & remap = DataPathRemap());
+
+	/*! The data files that the mappers of a project file name, in the order they are read, each
+		once; empty when the file cannot be read or parsed (readXML() tells why).
+	*/
+	static QStringList dataFileNames(const QString & fileName);
+	/*! The data files the mappers read, in mapper and series order, each once. */
+	QStringList dataFileNames() const;
+
+	/*! Re-points the top-level directories in or below an old folder of remap, each only when
+		its new folder exists and is not listed already (sub-directory settings stay, they are
+		relative). Returns true when a directory was re-pointed.
+	*/
+	bool repointDirectories(const DataPathRemap & remap);
 
 	/*! Writes the project file; paths are stored relative to its folder where possible and the
 		chart models write all properties when writeAll is set. The previous file is replaced
@@ -65,7 +81,7 @@ private:
 		(the removed original indices are appended to skippedIndices).
 	*/
 	void readMappers(const TiXmlElement * element, const QString & projectDir, DataManager & dataManager,
-					 std::vector<int> & skippedIndices);
+					 const DataPathRemap & remap, std::vector<int> & skippedIndices);
 
 	std::unique_ptr<MapperTreeModel>	m_mapperModel;
 };

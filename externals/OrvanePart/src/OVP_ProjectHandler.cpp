@@ -13,6 +13,8 @@
 
 #include <tinyxml.h>
 
+#include <EM_ExtractorBase.h>
+
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
@@ -21,6 +23,7 @@
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
+#include "OVP_ProjectRelativePath.h"
 #include "OVP_Settings.h"
 
 namespace OVP {
@@ -35,6 +38,33 @@ const char * const LAST_PROJECT_DIRECTORY_KEY = "LastProjectDirectory";
 */
 QString backupFileName(const QString & fileName) {
 	return fileName.left(fileName.size() - 3) + ".bak";
+}
+
+/*! Number of missing data files that a question lists; the rest is counted. */
+constexpr int MAX_LISTED_FILES = 10;
+
+/*! The data files a project file names that do not exist once re-pointed by remap, as the file
+	names them.
+*/
+QStringList missingDataFiles(const QString & fileName, const DataPathRemap & remap) {
+	QStringList missing;
+	for (const QString & f : Project::dataFileNames(fileName))
+		if (!QFileInfo(remap.apply(f)).isFile())
+			missing.append(f);
+	return missing;
+}
+
+
+/*! The nearest existing folder above a path: where a folder chooser starts looking for it. */
+QString existingFolderAbove(const QString & path) {
+	QString folder = QFileInfo(path).absolutePath();
+	while (!QFileInfo(folder).isDir()) {
+		const QString parent = QFileInfo(folder).absolutePath();
+		if (parent == folder)
+			break;
+		folder = parent;
+	}
+	return folder;
 }
 
 } // namespace
@@ -119,10 +149,12 @@ bool ProjectHandler::closeProject(QWidget * parent) {
 bool ProjectHandler::loadProject(QWidget * parent, const QString & fileName, bool silent) {
 	QStringList errors;
 	std::unique_ptr<Project> project = read(fileName, errors);
-	bool restored = false;
+	bool rescued = false;
 	if (!project && !silent) {
-		project = restoreFromBackup(parent, fileName, errors);
-		restored = project != nullptr;
+		project = readWithMovedData(parent, fileName, errors);
+		if (!project)
+			project = restoreFromBackup(parent, fileName, errors);
+		rescued = project != nullptr;
 	}
 	if (!project) {
 		if (!silent)
@@ -135,8 +167,8 @@ bool ProjectHandler::loadProject(QWidget * parent, const QString & fileName, boo
 	m_project = std::move(project);
 	m_projectFile = fileName;
 	updateLastReadTime();
-	// a restored session differs from its file until it is saved
-	m_modified = restored;
+	// a re-pointed or restored session differs from its file until it is saved
+	m_modified = rescued;
 	rememberProjectFile(fileName);
 	emit projectChanged();
 	return true;
@@ -439,7 +471,85 @@ void ProjectHandler::setSplitLayout(const SplitLayout & layout) {
 }
 
 
-std::unique_ptr<Project> ProjectHandler::read(const QString & fileName, QStringList & errors) {
+void ProjectHandler::repointDataFiles(const DataPathRemap & remap) {
+	FUNCID(ProjectHandler::repointDataFiles);
+	checkValid(FUNC_ID);
+	for (const QString & f : m_project->dataFileNames()) {
+		const QString path = remap.apply(f);
+		if (!QFileInfo(path).isFile())
+			throw ZEB::Exception(ZEB::MessageFormat("Data file '%1' does not exist.").arg(path.toStdString()), FUNC_ID);
+	}
+	// every mapper is rebuilt before the first one is changed, so that a failure changes nothing
+	MapperTreeModel * mappers = m_project->mapperModel();
+	std::vector<std::vector<Mapper::ExtractorEntry> > entries;
+	for (int i = 0; i < mappers->mapperCount(); ++i)
+		entries.push_back(mappers->mapper(i)->repointedEntries(remap));
+	for (int i = 0; i < mappers->mapperCount(); ++i) {
+		Mapper * m = mappers->mapper(i);
+		m->replaceEntries(std::move(entries[static_cast<std::size_t>(i)]));
+		mappers->mapperChanged(i);
+		setModified(MapperContentModified, m);
+	}
+	if (m_project->repointDirectories(remap))
+		setModified(DirectoriesModified);
+	for (const DataPathRemap::FolderPair & f : remap.folders())
+		ZEB::reportProgress(ZEB::MessageFormat("Session re-pointed from '%1' to '%2'.\n").arg(f.first.toStdString())
+							.arg(f.second.toStdString()).str(), FUNC_ID, 1);
+}
+
+
+bool ProjectHandler::useOtherResultFolder(QWidget * parent) {
+	FUNCID(ProjectHandler::useOtherResultFolder);
+	checkValid(FUNC_ID);
+	const QString title = tr("Use another result folder");
+	const QStringList files = m_project->dataFileNames();
+	if (files.isEmpty()) {
+		m_userInteraction->showCritical(parent, title, tr("The session has no charts with data files."));
+		return false;
+	}
+	QStringList folders;
+	for (const QString & f : files)
+		folders.append(QFileInfo(f).absolutePath());
+	folders.removeDuplicates();
+	QString oldFolder = folders.front();
+	if (folders.size() > 1) {
+		const QString common = DataPathRemap::commonFolder(files);
+		if (!common.isEmpty()) {
+			folders.prepend(common);
+			folders.removeDuplicates();
+		}
+		const int choice = m_userInteraction->chooseItem(parent, title,
+			tr("The data files of the session lie in several folders. Which folder holds the results to replace?"),
+			folders);
+		if (choice < 0 || choice >= folders.size())
+			return false;
+		oldFolder = folders[choice];
+	}
+	const QString newFolder = m_userInteraction->existingDirectory(parent,
+		tr("Select the result folder to use instead of '%1'").arg(oldFolder), QFileInfo(oldFolder).absolutePath());
+	if (newFolder.isEmpty() || ProjectRelativePath::normalized(newFolder) == oldFolder)
+		return false;
+
+	DataPathRemap remap;
+	remap.addFolder(oldFolder, newFolder);
+	try {
+		repointDataFiles(remap);
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		QStringList lines;
+		for (const ZEB::Exception::MsgInfo & msg : ex.messages())
+			lines.append(QString::fromStdString(msg.m_what));
+		m_userInteraction->showCritical(parent, title, tr("The session is not changed:\n%1").arg(lines.join("\n")));
+		return false;
+	}
+	return true;
+}
+
+
+std::unique_ptr<Project> ProjectHandler::read(const QString & fileName, QStringList & errors,
+											  const DataPathRemap & remap)
+{
 	FUNCID(ProjectHandler::read);
 	if (!QFileInfo::exists(fileName)) {
 		errors.append(tr("File '%1' does exists or missing permissions.").arg(fileName));
@@ -447,7 +557,7 @@ std::unique_ptr<Project> ProjectHandler::read(const QString & fileName, QStringL
 	}
 	std::unique_ptr<Project> project(new Project);
 	try {
-		project->readXML(fileName, m_dataManager);
+		project->readXML(fileName, m_dataManager, remap);
 	}
 	catch (ZEB::Exception & ex) {
 		ex.reportAllAsErrors();
@@ -461,6 +571,57 @@ std::unique_ptr<Project> ProjectHandler::read(const QString & fileName, QStringL
 		return nullptr;
 	}
 	return project;
+}
+
+
+std::unique_ptr<Project> ProjectHandler::readWithMovedData(QWidget * parent, const QString & fileName,
+															QStringList & errors)
+{
+	FUNCID(ProjectHandler::readWithMovedData);
+	DataPathRemap remap;
+	QStringList missing = missingDataFiles(fileName, remap);
+	// what became of the previous answer, told before the next question
+	QString note;
+	while (!missing.isEmpty()) {
+		const QString first = remap.apply(missing.front());
+		QString text = note + tr("The data file '%1' does not exist.").arg(first);
+		if (missing.size() > 1)
+			text += " " + tr("Data files missing in all: %1.").arg(missing.size());
+		text += "\n\n" + tr("If the data has been moved, choose the folder that holds it now. Every data file and "
+							 "directory of the session in the old folder is then re-pointed to it.");
+		const QString folder = m_userInteraction->askDataFolder(parent, tr("Data files missing"), text,
+																existingFolderAbove(first));
+		if (folder.isEmpty())
+			return nullptr;
+		if (!remap.addFolderFor(missing.front(), folder, missing)) {
+			note = tr("The folder '%1' holds no file '%2', neither directly nor in the sub-folders of its old path.")
+				   .arg(folder, QFileInfo(first).fileName()) + "\n\n";
+			continue;
+		}
+
+		QStringList repointedErrors;
+		std::unique_ptr<Project> project = read(fileName, repointedErrors, remap);
+		if (project) {
+			for (const DataPathRemap::FolderPair & f : remap.folders())
+				ZEB::reportProgress(ZEB::MessageFormat("Data files of session '%1' re-pointed from '%2' to '%3'.\n")
+									.arg(fileName.toStdString()).arg(f.first.toStdString())
+									.arg(f.second.toStdString()).str(), FUNC_ID, 1);
+			return project;
+		}
+		missing = missingDataFiles(fileName, remap);
+		if (missing.isEmpty()) {
+			// the data is all there now, the session fails for another reason
+			errors = repointedErrors;
+			return nullptr;
+		}
+		QStringList listed;
+		for (int i = 0; i < missing.size() && i < MAX_LISTED_FILES; ++i)
+			listed.append(remap.apply(missing[i]));
+		if (missing.size() > MAX_LISTED_FILES)
+			listed.append("...");
+		note = tr("After re-pointing, these data files are still missing:\n%1").arg(listed.join("\n")) + "\n\n";
+	}
+	return nullptr;
 }
 
 

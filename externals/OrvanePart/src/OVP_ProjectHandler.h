@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include "OVP_DataManager.h"
+#include "OVP_DataPathRemap.h"
 
 class QWidget;
 
@@ -90,11 +91,14 @@ public:
 		cancelled or saving failed; the project is then kept.
 	*/
 	bool closeProject(QWidget * parent);
-	/*! Reads a project file and, on success, makes it the open project. When the file cannot be
-		read but its backup copy can, the user is offered to restore the session from the backup
-		(not when silent); the restored session gets the file's name and is modified, the file
-		itself is left as it is until the session is saved. On failure the open project stays
-		and, unless silent, the errors are shown. Returns true on success.
+	/*! Reads a project file and, on success, makes it the open project. Unless silent, two
+		rescues are offered when reading fails: when data files are missing, the user may point
+		at the folder that holds the data now (the data files and directories are re-pointed
+		there, see DataPathRemap::addFolderFor(), and the offer is repeated while files are
+		still missing); when the file cannot be read but its backup copy can, the user may
+		restore the session from the backup. A rescued session gets the file's name and is
+		modified, the file itself is left as it is until the session is saved. On failure the
+		open project stays and, unless silent, the errors are shown. Returns true on success.
 	*/
 	bool loadProject(QWidget * parent, const QString & fileName, bool silent);
 	/*! Asks for a file name and saves the project there. */
@@ -170,6 +174,21 @@ public:
 	/*! Replaces the layout of the split chart views. */
 	void setSplitLayout(const SplitLayout & layout);
 
+	/*! Re-points the open session: every mapper gets its extractors rebuilt from the files remap
+		points their data files at (chart properties and views stay as they are), the top-level
+		directories follow (Project::repointDirectories()), and the session is modified. Throws
+		ZEB::Exception naming the first data file that does not exist, or why an extractor
+		cannot be rebuilt; nothing is changed then.
+	*/
+	void repointDataFiles(const DataPathRemap & remap);
+	/*! The user's action "use another result folder": points the session at a variant of the
+		simulation whose files have the same names in another folder. The old folder is the one
+		folder of the session's data files, or the one the user picks when they lie in several;
+		the user chooses the new folder. A failure is shown and changes nothing. Returns true
+		when the session was re-pointed.
+	*/
+	bool useOtherResultFolder(QWidget * parent);
+
 signals:
 	/*! The project changed (see ModificationTypes); data identifies the changed part or is null. */
 	void modified(int modificationType, void * data);
@@ -184,7 +203,14 @@ private:
 	/*! Reads a project file and returns the project read; on failure the messages go to the log
 		and to errors and null is returned. The open project is not touched.
 	*/
-	std::unique_ptr<Project> read(const QString & fileName, QStringList & errors);
+	std::unique_ptr<Project> read(const QString & fileName, QStringList & errors,
+								  const DataPathRemap & remap = DataPathRemap());
+	/*! Called when the file fileName could not be read: when data files are missing, asks for
+		the folder that holds the data now and reads the file again with the data re-pointed,
+		until it reads or the user declines. Returns the project read, or null; when a
+		re-pointed reading failed for another reason than missing files, errors gets its messages.
+	*/
+	std::unique_ptr<Project> readWithMovedData(QWidget * parent, const QString & fileName, QStringList & errors);
 	/*! Called when the file fileName could not be read (errors): reads its backup copy and, when
 		that works and the user agrees, returns the project read from it; null otherwise.
 	*/

@@ -2,6 +2,7 @@
 #define OVP_UserInteractionH
 
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -45,6 +46,20 @@ public:
 	*/
 	virtual QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 								 const QString & filter) = 0;
+
+	/*! Tells that data files are missing and offers to choose the folder that holds the data
+		now; returns the chosen folder, empty when the user declines.
+		\param startFolder Folder the folder chooser starts in.
+	*/
+	virtual QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
+								  const QString & startFolder) = 0;
+
+	/*! Asks for an existing folder; an empty text means the user cancelled. */
+	virtual QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) = 0;
+
+	/*! Lets the user pick one of several texts; returns its index, -1 when the user cancelled. */
+	virtual int chooseItem(QWidget * parent, const QString & title, const QString & label,
+						   const QStringList & items) = 0;
 };
 
 } // namespace OVP

@@ -403,27 +403,6 @@ TEST_F(SafeSaveTest, KilledWriter) {
 #endif
 
 
-TEST_F(ProjectHandlerTest, LoadSetsState) {
-	const QString dir = scratchDir("load");
-	OVP::ProjectHandler & h = handler();
-	h.newProject();
-	h.addDirectory(dir);
-	ASSERT_EQ(h.saveProject(nullptr, dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
-	h.newProject();
-	QSignalSpy changed(&h, &OVP::ProjectHandler::projectChanged);
-	QSignalSpy recent(&h, &OVP::ProjectHandler::updateRecentProjects);
-	ASSERT_TRUE(h.loadProject(nullptr, dir + "/p.o2", false));
-	EXPECT_EQ(changed.count(), 1);
-	EXPECT_EQ(recent.count(), 1);
-	EXPECT_EQ(h.projectFile(), dir + "/p.o2");
-	EXPECT_FALSE(h.isModified());
-	EXPECT_EQ(h.lastReadTime(), QFileInfo(dir + "/p.o2").lastModified());
-	EXPECT_EQ(OVP::ProjectHandler::lastUsedDirectory(), dir);
-	ASSERT_EQ(h.project().m_directories.size(), 1u);
-	EXPECT_EQ(h.project().m_directories[0].m_path, dir);
-}
-
-
 TEST_F(ProjectHandlerTest, MapperEdits) {
 	const QString dir = scratchDir("edits");
 	writeTimeSeries(dir + "/a.out", { 0, 1, 2 }, { 1, 2, 3 });

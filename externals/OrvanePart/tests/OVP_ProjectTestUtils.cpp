@@ -70,6 +70,26 @@ QString TestUserInteraction::saveFileName(QWidget *, const QString & caption, co
 }
 
 
+QString TestUserInteraction::askDataFolder(QWidget *, const QString & title, const QString & text,
+										   const QString & startFolder)
+{
+	m_shown.push_back(Shown{ "data folder", title, text, startFolder });
+	return nextReply(m_folders, text, QString());
+}
+
+
+QString TestUserInteraction::existingDirectory(QWidget *, const QString & caption, const QString & startFolder) {
+	m_shown.push_back(Shown{ "folder", caption, QString(), startFolder });
+	return nextReply(m_folders, caption, QString());
+}
+
+
+int TestUserInteraction::chooseItem(QWidget *, const QString & title, const QString & label, const QStringList & items) {
+	m_shown.push_back(Shown{ "choice", title, label, items.join("\n") });
+	return nextReply(m_choices, label, -1);
+}
+
+
 QString scratchDir(const QString & name) {
 	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
 	if (base.isEmpty())

@@ -51,10 +51,10 @@ class TestUserInteraction : public OVP::UserInteraction {
 public:
 	/*! A question or notice that was shown. */
 	struct Shown {
-		QString	m_kind;		///< "question", "critical", "restore", "confirm" or "file"
+		QString	m_kind;		///< "question", "critical", "restore", "confirm", "file", "data folder", "folder" or "choice"
 		QString	m_title;
 		QString	m_text;
-		QString	m_extra;	///< file dialogs: the default file and the filter
+		QString	m_extra;	///< file dialogs: the default file and the filter; folders: the start; choices: the items
 	};
 
 	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
@@ -63,12 +63,19 @@ public:
 	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
+	QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
+						  const QString & startFolder) override;
+	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
+	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
 
 	/*! Replies given in order; an exhausted list fails the test. */
 	std::deque<SaveAnswer>	m_saveAnswers;
 	std::deque<bool>		m_restoreAnswers;
 	std::deque<bool>		m_confirmAnswers;
 	std::deque<QString>		m_fileNames;
+	/*! Answers of both folder questions. */
+	std::deque<QString>		m_folders;
+	std::deque<int>			m_choices;
 	std::vector<Shown>		m_shown;
 };
 

@@ -134,6 +134,10 @@ public:
 		list. The split layout follows the closed-up indices.
 	*/
 	void removeMappers(int row, int count);
+	/*! Marks the project modified after series were added to or changed in the mapper at a
+		mapper index, and announces it.
+	*/
+	void mapperContentChanged(int mapperIndex);
 	/*! Renames the mapper at a mapper index. */
 	void renameMapper(int mapperIndex, const QString & name);
 	/*! Re-reads the data files of one mapper and updates its charts. */

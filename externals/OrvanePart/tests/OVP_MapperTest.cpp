@@ -30,12 +30,7 @@ protected:
 		ProjectTest::SetUp();
 		m_dir = m_testDir + "/data";
 		QDir().mkpath(m_dir);
-		const std::vector<double> t = { 0, 1, 2, 3 };
-		writeTimeSeries(m_dir + "/T.out", t, { 20, 21, 22, 23 });
-		writeTimeSeries(m_dir + "/TK.out", t, { 293.15, 294.15, 295.15, 296.15 }, "Temperature", "K");
-		writeTimeSeries(m_dir + "/RH.out", t, { 80, 85, 90, 95 }, "Relative humidity", "%");
-		writeGeometry(m_dir + "/wall.g6a", 3, 2);
-		writeGeometry(m_dir + "/line.g6a", 4, 1);
+		writeCommonFiles(m_dir);
 		writeField(m_dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0, 1, 2 },
 				   { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 } });
 		writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 1 },

@@ -201,6 +201,16 @@ void writeField(const QString & path, const std::string & geoFileName, const std
 }
 
 
+void writeCommonFiles(const QString & dir) {
+	const std::vector<double> t = { 0, 1, 2, 3 };
+	writeTimeSeries(dir + "/T.out", t, { 20, 21, 22, 23 });
+	writeTimeSeries(dir + "/TK.out", t, { 293.15, 294.15, 295.15, 296.15 }, "Temperature", "K");
+	writeTimeSeries(dir + "/RH.out", t, { 80, 85, 90, 95 }, "Relative humidity", "%");
+	writeGeometry(dir + "/wall.g6a", 3, 2);
+	writeGeometry(dir + "/line.g6a", 4, 1);
+}
+
+
 QString readText(const QString & path) {
 	QFile f(path);
 	if (!f.open(QIODevice::ReadOnly))

@@ -111,6 +111,12 @@ void writeGeometry(const QString & path, unsigned int nx, unsigned int ny);
 void writeField(const QString & path, const std::string & geoFileName, const std::vector<std::uint32_t> & nums,
 				const std::vector<double> & time, const std::vector<std::vector<double> > & rows, bool flux = false);
 
+/*! Writes the files most tests start from into dir: the series T.out (20..23 C), TK.out (the
+	same in K) and RH.out (80..95 %) over the hours 0..3, and the geometries wall.g6a (3 x 2) and
+	line.g6a (4 x 1).
+*/
+void writeCommonFiles(const QString & dir);
+
 /*! The text of a file. */
 QString readText(const QString & path);
 /*! Writes a text file. */

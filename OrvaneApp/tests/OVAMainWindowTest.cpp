@@ -250,7 +250,7 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 		reactivate(window);
 		EXPECT_EQ(yes.m_titles.size(), 1);
 	}
-	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T.out");
+	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T");
 	EXPECT_FALSE(handler().isModified());
 	EXPECT_EQ(handler().lastReadTime(), QFileInfo(file).lastModified());
 }

@@ -329,6 +329,23 @@ std::vector<ModelTwo2DBase::NumberParameter> ModelTwo2DBase::periodParameters(Mo
 }
 
 
+std::vector<ModelParameter> ModelTwo2DBase::periodParameterDescriptions() {
+	const ModelPeriod defaults;
+	const double U = ModelParameter::UNBOUNDED;
+	return {
+		{ "TSH", "Time shift [h]", false, defaults.m_timeShiftHours, -U, U },
+		{ "TSD", "First day of the period [d], negative: open", false, defaults.m_startDay, -U, U },
+		{ "TED", "Last day of the period [d], negative: open", false, defaults.m_endDay, -U, U }
+	};
+}
+
+
+ModelParameter ModelTwo2DBase::averagingParameterDescription() {
+	return { "TAH", "Averaging window [h], 1 or less: none", false, 0, -ModelParameter::UNBOUNDED,
+			 ModelParameter::UNBOUNDED };
+}
+
+
 std::string ModelTwo2DBase::periodParameterText(const ModelPeriod & period) {
 	return "TSH " + numberText(period.m_timeShiftHours) + " TSD " + numberText(period.m_startDay)
 			+ " TED " + numberText(period.m_endDay);

@@ -7,6 +7,7 @@
 
 #include <ZEB_Unit.h>
 
+#include "EM_ModelParameter.h"
 #include "EM_ModelPeriod.h"
 #include "EM_TimeSeries.h"
 
@@ -59,6 +60,10 @@ public:
 		keeps all previous parameters.
 	*/
 	virtual void setFromParameter(const std::string & text) = 0;
+	/*! Every key of the parameter text with its meaning, default and accepted range, in the
+		order parameter() writes them.
+	*/
+	virtual std::vector<ModelParameter> parameterDescriptions() const = 0;
 
 	/*! Reads the two input series from two output containers and calculates the result.
 		The containers must hold time series with one value per time point. Loading values
@@ -138,6 +143,10 @@ protected:
 									 const char * functionId);
 	/*! The number parameters of a period: TSH, TSD and TED. */
 	static std::vector<NumberParameter> periodParameters(ModelPeriod & period);
+	/*! Descriptions of the period parameters TSH, TSD and TED. */
+	static std::vector<ModelParameter> periodParameterDescriptions();
+	/*! Description of the averaging window TAH (see trailingMean()). */
+	static ModelParameter averagingParameterDescription();
 	/*! The period parameters as text, "TSH <shift> TSD <first day> TED <last day>". */
 	static std::string periodParameterText(const ModelPeriod & period);
 	/*! Replaces each value by the mean of the last window values up to and including it (fewer

@@ -105,6 +105,14 @@ void ModelTwo2DGregoriniAlgaeBrick::setFromParameter(const std::string & text) {
 }
 
 
+std::vector<ModelParameter> ModelTwo2DGregoriniAlgaeBrick::parameterDescriptions() const {
+	return {
+		{ "PO", "Porosity [-]", false, 0.25, 0, 1 },
+		{ "RV", "Surface roughness Ra [\u00b5m]", false, 2.95, 0, ModelParameter::UNBOUNDED }
+	};
+}
+
+
 double ModelTwo2DGregoriniAlgaeBrick::delayTime(double roughness) {
 	const double d = roughness - SINGULAR_ROUGHNESS;
 	if (d == 0)

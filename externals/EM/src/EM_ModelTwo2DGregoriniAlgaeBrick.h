@@ -32,6 +32,7 @@ public:
 	ZEB::Unit valueUnit() const override;
 	std::string parameter() const override;
 	void setFromParameter(const std::string & text) override;
+	std::vector<ModelParameter> parameterDescriptions() const override;
 	/*! Short display of the parameters: "CT <porosity>  MC <roughness>". */
 	std::string parameterCaption() const;
 

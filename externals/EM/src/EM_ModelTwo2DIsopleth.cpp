@@ -74,6 +74,13 @@ void ModelTwo2DIsopleth::setFromParameter(const std::string & text) {
 }
 
 
+std::vector<ModelParameter> ModelTwo2DIsopleth::parameterDescriptions() const {
+	std::vector<ModelParameter> descriptions = periodParameterDescriptions();
+	descriptions.push_back(averagingParameterDescription());
+	return descriptions;
+}
+
+
 std::vector<ClimateLimitCurve> ModelTwo2DIsopleth::defaultLines() {
 	std::vector<ClimateLimitCurve> lines;
 	for (const IsoplethFit & f : ISOPLETH_FITS) {

@@ -44,6 +44,15 @@ void ModelTwo2DParametricFunction::setFromParameter(const std::string & text) {
 }
 
 
+std::vector<ModelParameter> ModelTwo2DParametricFunction::parameterDescriptions() const {
+	std::vector<ModelParameter> descriptions = periodParameterDescriptions();
+	descriptions.push_back(averagingParameterDescription());
+	descriptions.push_back({ "TH", "Relative humidity threshold [%], 0 or less: all hours", false, 0,
+							 -ModelParameter::UNBOUNDED, ModelParameter::UNBOUNDED });
+	return descriptions;
+}
+
+
 std::string ModelTwo2DParametricFunction::inputUnitsMessage(const TimeSeries &, const TimeSeries &) const {
 	return "wrong data setting for parametric functions";
 }

@@ -25,6 +25,7 @@ public:
 	ZEB::Unit valueUnit() const override;
 	std::string parameter() const override;
 	void setFromParameter(const std::string & text) override;
+	std::vector<ModelParameter> parameterDescriptions() const override;
 
 	const ModelPeriod & period() const { return m_period; }
 	double averagingHours() const { return m_averagingHours; }

@@ -82,6 +82,15 @@ void ModelTwo2DViitanenMould::setFromParameter(const std::string & text) {
 }
 
 
+std::vector<ModelParameter> ModelTwo2DViitanenMould::parameterDescriptions() const {
+	return {
+		{ "MC", "Material class (1..4)", true, 1, 1, 4 },
+		{ "SC", "Sensitivity class (1..4)", true, 1, 1, 4 },
+		{ "DC", "Decline class (1..4)", true, 4, 1, 4 }
+	};
+}
+
+
 double ModelTwo2DViitanenMould::criticalHumidity(double T, double rhMin) {
 	return rhCritical(T, rhMin);
 }

@@ -21,6 +21,7 @@ public:
 	ZEB::Unit valueUnit() const override;
 	std::string parameter() const override;
 	void setFromParameter(const std::string & text) override;
+	std::vector<ModelParameter> parameterDescriptions() const override;
 
 	int materialClass() const { return m_materialClass; }
 	int sensitivityClass() const { return m_sensitivityClass; }

@@ -52,6 +52,14 @@ void ModelTwo2DViitanenWoodDegradation::setFromParameter(const std::string & tex
 }
 
 
+std::vector<ModelParameter> ModelTwo2DViitanenWoodDegradation::parameterDescriptions() const {
+	return {
+		{ "AC", "Activation considered (0 or 1)", true, 1, 0, 1 },
+		{ "IA", "Initially activated (0 or 1)", true, 0, 0, 1 }
+	};
+}
+
+
 double ModelTwo2DViitanenWoodDegradation::criticalTime(double T, double RH) {
 	// the sign of the 0.14*T term in the denominator is positive on purpose
 	return (0.035*RH + 2.3*T - 0.024*T*RH) / (0.14*T - 42.9 + 0.45*RH) * 720;

@@ -22,6 +22,7 @@ public:
 	ZEB::Unit valueUnit() const override;
 	std::string parameter() const override;
 	void setFromParameter(const std::string & text) override;
+	std::vector<ModelParameter> parameterDescriptions() const override;
 
 	bool activationConsidered() const { return m_activationConsidered; }
 	bool initiallyActivated() const { return m_initiallyActivated; }

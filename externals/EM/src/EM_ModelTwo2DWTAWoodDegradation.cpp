@@ -45,6 +45,11 @@ void ModelTwo2DWTAWoodDegradation::setFromParameter(const std::string & text) {
 }
 
 
+std::vector<ModelParameter> ModelTwo2DWTAWoodDegradation::parameterDescriptions() const {
+	return periodParameterDescriptions();
+}
+
+
 ClimateLimitCurve ModelTwo2DWTAWoodDegradation::defaultLimit() {
 	return ClimateLimitCurve("Limit for wood decay", std::vector<double>{0.0}, std::vector<double>{95.0}, 0.0);
 }

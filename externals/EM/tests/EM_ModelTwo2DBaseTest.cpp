@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 #include <memory>
 #include <random>
+#include <sstream>
 
 #include <DATAIO_DataIO.h>
 #include <ZEB_LinearSpline.h>
@@ -31,6 +33,7 @@ public:
 	ZEB::Unit valueUnit() const override { return temperatureUnit(); }
 	std::string parameter() const override { return std::string(); }
 	void setFromParameter(const std::string &) override {}
+	std::vector<EM::ModelParameter> parameterDescriptions() const override { return {}; }
 
 	std::vector<double> m_humidity;
 
@@ -319,6 +322,30 @@ TEST(EMModelBase, FactoryAndParameterTexts) {
 		std::unique_ptr<EM::ModelTwo2DBase> other = EM::Factory::createModel(kw);
 		other->setFromParameter(model->parameter());
 		EXPECT_EQ(other->parameter(), model->parameter()) << kw;
+		// the described keys are those of the text, with the fresh model's values; each range is
+		// accepted up to its finite limits and refused beyond them
+		std::map<std::string, double> written;
+		std::istringstream pairs(model->parameter());
+		for (std::string key, value; pairs >> key >> value; )
+			written[key] = std::stod(value);
+		const std::vector<EM::ModelParameter> descriptions = model->parameterDescriptions();
+		EXPECT_EQ(descriptions.size(), written.size()) << kw;
+		for (const EM::ModelParameter & d : descriptions) {
+			ASSERT_EQ(written.count(d.m_key), 1u) << kw << " " << d.m_key;
+			EXPECT_EQ(written[d.m_key], d.m_default) << kw << " " << d.m_key;
+			const double beyond = d.m_integer ? 1 : 1e-3;
+			const auto entry = [&d](double v) {
+				return std::string(d.m_key) + " " + (d.m_integer ? std::to_string(std::lround(v)) : std::to_string(v));
+			};
+			for (const double limit : { d.m_minimum, d.m_maximum }) {
+				if (!std::isfinite(limit))
+					continue;
+				const double outside = limit == d.m_minimum ? limit - beyond : limit + beyond;
+				std::unique_ptr<EM::ModelTwo2DBase> probe = EM::Factory::createModel(kw);
+				EXPECT_NO_THROW(probe->setFromParameter(entry(limit))) << kw << " " << d.m_key;
+				EXPECT_THROW(probe->setFromParameter(entry(outside)), ZEB::Exception) << kw << " " << d.m_key;
+			}
+		}
 		// an empty text changes nothing; an unknown key fails and changes nothing
 		const std::string before = model->parameter();
 		model->setFromParameter("  ");

@@ -144,12 +144,16 @@ Mapper::~Mapper() {
 
 
 std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
-												const std::string & modelType)
+												const std::string & modelType, const std::string & modelParameter,
+												const ManipulatorList & manipulators)
 {
 	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
-	ExtractorEntry entry = mapper->createEntry(dataSets, modelType);
-	if (modelType.empty())
-		mapper->m_name = QFileInfo(dataSets.front().m_fileName).fileName();
+	ExtractorEntry entry = mapper->createEntry(dataSets, modelType, modelParameter, manipulators);
+	if (modelType.empty()) {
+		const std::string & quantity = entry.m_dataIOs.front()->quantity();
+		mapper->m_name = quantity.empty() ? QFileInfo(dataSets.front().m_fileName).fileName()
+										  : QString::fromStdString(quantity);
+	}
 	else
 		mapper->m_name = QString::fromUtf8(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model().title());
 	mapper->appendEntry(std::move(entry));
@@ -162,7 +166,9 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 }
 
 
-void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType) {
+void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType,
+						  const std::string & modelParameter, const ManipulatorList & manipulators)
+{
 	FUNCID(Mapper::addExtractor);
 	if (m_type != MT_2D)
 		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
@@ -180,11 +186,11 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 
 	ExtractorEntry entry;
 	if (modelType.empty()) {
-		entry = createEntry(dataSets, modelType);
+		entry = createEntry(dataSets, modelType, modelParameter, manipulators);
 	}
 	else {
 		try {
-			entry = createEntry(dataSets, modelType);
+			entry = createEntry(dataSets, modelType, modelParameter, manipulators);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.", FUNC_ID);
@@ -696,7 +702,9 @@ void Mapper::onSeriesViewChanged(int start, int end, int role) {
 }
 
 
-Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType) const {
+Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType,
+										   const std::string & modelParameter, const ManipulatorList & manipulators) const
+{
 	FUNCID(Mapper::createNewMapper);
 	ExtractorEntry entry;
 	if (dataSets.size() == 1 && modelType.empty()) {
@@ -706,6 +714,12 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 		if (entry.m_dataFormat >= DATAIO::DataIO::NUM_DF)
 			throw ZEB::Exception("Invalid data format type", FUNC_ID);
 		entry.m_extractor = createExtractor(dataIO, entry.m_dataFormat, dataSets[0].m_cutType, dataSets[0].m_column);
+		for (const std::pair<unsigned int, unsigned int> & cut : dataSets[0].m_cutIndices) {
+			if (cut.first == EM::CD_Time)
+				entry.m_extractor->setTimeCutIndex(cut.second, false, false);
+			else
+				entry.m_extractor->setCutIndex(cut.first, cut.second, false);
+		}
 		entry.m_title = DEFAULT_SERIES_TITLE;
 	}
 	else if (dataSets.size() == 2 && !modelType.empty()) {
@@ -716,12 +730,18 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 		}
 		entry.m_dataFormat = DATAIO::DataIO::DF_2D;
 		std::unique_ptr<EM::ModelTwo2DBase> model = createModel(modelType);
+		model->setFromParameter(modelParameter);
 		entry.m_title = defaultModelTitle(*model);
 		entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), entry.m_dataIOs[1].get(),
 																  std::move(model));
 	}
 	else {
 		throw ZEB::Exception("Invalid data format type", FUNC_ID);
+	}
+	for (const std::pair<std::string, std::string> & m : manipulators) {
+		std::unique_ptr<EM::ManipulatorBase> manipulator = createManipulator(m.first);
+		manipulator->setFromParameter(m.second);
+		entry.m_extractor->addManipulator(std::move(manipulator));
 	}
 	entry.m_revisions.assign(entry.m_dataIOs.size(), 0);
 	return entry;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QObject>
@@ -57,13 +58,24 @@ public:
 	};
 
 	/*! A data set selected by the user: a file and, for reference outputs, the column number as
-		the header lists it; for field and flux outputs the cut type chooses the extractor.
+		the header lists it; for field and flux outputs the cut type chooses the extractor and
+		the cut indices select the slice.
 	*/
 	struct DataSet {
 		QString			m_fileName;
 		std::uint32_t	m_column = 0;
 		EM::CutType		m_cutType = EM::CT_NoCut;
+		/*! Cut indices to select as (EM::CutDimension, index) pairs; the time index
+			EM::ExtractorBase::LAST_INDEX follows the last time point. Dimensions not listed keep
+			the extractor's default.
+		*/
+		std::vector<std::pair<unsigned int, unsigned int> >	m_cutIndices = {};
 	};
+
+	/*! Manipulators for a new series as (type keyword, parameter text) pairs, in the order in
+		which they are applied.
+	*/
+	typedef std::vector<std::pair<std::string, std::string> > ManipulatorList;
 
 	/*! One extractor with the containers it reads (held open for it) and, for series of a line
 		chart, the series title that is saved with the mapper.
@@ -87,18 +99,24 @@ public:
 	~Mapper() override;
 
 	/*! A new mapper of one data set, or of two 2D data sets combined by the model of the given
-		type keyword (e.g. "VTTMouldModel"). The extractor is updated, the chart set up with the
-		data's units and default titles, and the mapper named after the data. Throws
-		ZEB::Exception.
+		type keyword (e.g. "VTTMouldModel") with its parameter text (empty: defaults); the
+		manipulators apply to the series of a line chart. The extractor is updated, the chart set
+		up with the data's units and default titles, and the mapper named after the quantity of
+		the data (the model's title for a model). Throws ZEB::Exception.
 	*/
 	static std::unique_ptr<Mapper> createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
-												   const std::string & modelType = std::string());
+												   const std::string & modelType = std::string(),
+												   const std::string & modelParameter = std::string(),
+												   const ManipulatorList & manipulators = ManipulatorList());
 
-	/*! Adds the series of one data set, or of two 2D data sets and a model, to a line chart.
-		The series goes to the y axis whose unit it converts to. Throws ZEB::Exception when the
-		data set does not fit the chart.
+	/*! Adds the series of one data set, or of two 2D data sets and a model (with its parameter
+		text), to a line chart, with the given manipulators. The series goes to the y axis whose
+		unit it converts to. Throws ZEB::Exception when the data set does not fit the chart; the
+		mapper is then unchanged.
 	*/
-	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string());
+	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string(),
+					  const std::string & modelParameter = std::string(),
+					  const ManipulatorList & manipulators = ManipulatorList());
 
 	/*! Reads the content of a Mapper element: extractors and chart model. Data file paths are
 		resolved against projectDir and then re-pointed by remap. Throws ZEB::Exception.
@@ -197,8 +215,11 @@ private:
 	/*! Writes one Extractor element. */
 	static void writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry, const QString & projectDir);
 
-	/*! Builds the entry of one data set, or of two 2D data sets combined by a model. */
-	ExtractorEntry createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType) const;
+	/*! Builds the entry of one data set (with its cut indices), or of two 2D data sets combined
+		by a model with its parameter text, and gives it the manipulators.
+	*/
+	ExtractorEntry createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType,
+							   const std::string & modelParameter, const ManipulatorList & manipulators) const;
 	/*! Appends an entry: decides the kind and creates the chart model with the first entry,
 		enforces the kind rules of a mapper. When the chart model exists already, the new series
 		is announced.

@@ -336,6 +336,16 @@ void ProjectHandler::removeMappers(int row, int count) {
 }
 
 
+void ProjectHandler::mapperContentChanged(int mapperIndex) {
+	FUNCID(ProjectHandler::mapperContentChanged);
+	checkValid(FUNC_ID);
+	if (mapperIndex < 0 || mapperIndex >= m_project->mapperModel()->mapperCount())
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(mapperIndex), FUNC_ID);
+	m_project->mapperModel()->mapperChanged(mapperIndex);
+	setModified(MapperContentModified, m_project->mapperModel()->mapper(mapperIndex));
+}
+
+
 void ProjectHandler::renameMapper(int mapperIndex, const QString & name) {
 	FUNCID(ProjectHandler::renameMapper);
 	Mapper * m = mapperAt(mapperIndex, FUNC_ID);

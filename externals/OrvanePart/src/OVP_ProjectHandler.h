@@ -140,6 +140,10 @@ public:
 		list. The split layout follows the closed-up indices.
 	*/
 	void removeMappers(int row, int count);
+	/*! Marks the project modified after series were added to or changed in the mapper at a
+		mapper index, and announces it.
+	*/
+	void mapperContentChanged(int mapperIndex);
 	/*! Renames the mapper at a mapper index; the same name again is no change. Throws
 		ZEB::Exception for a bad index and for an empty or blank name.
 	*/

@@ -6,7 +6,14 @@
 
 class QWidget;
 
+namespace ZEB {
+class Exception;
+}
+
 namespace OVP {
+
+/*! The messages of an exception chain as shown to the user: one line each, innermost cause first. */
+QString exceptionText(const ZEB::Exception & ex);
 
 /*! The questions and notices that project handling puts to the user. The project handler talks
 	to the user only through this interface, so that the application shows real dialogs

@@ -36,9 +36,11 @@ protected:
 		ProjectTest::TearDown();
 	}
 
-	/*! Adds a chart of one data set to the session and returns it. */
+	/*! Adds a chart of one data set to the session, named after its file, and returns it. */
 	OVP::Mapper & addChart(const QString & file, EM::CutType cut = EM::CT_NoCut) {
-		handler().addMapper(OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/" + file, 0, cut } }));
+		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/" + file, 0, cut } });
+		m->setName(file);
+		handler().addMapper(std::move(m));
 		return *m_model->mapper(m_model->mapperCount() - 1);
 	}
 
@@ -183,7 +185,7 @@ TEST_F(MapperTreeModelTest, OperationsSurviveSaveAndLoad) {
 	EXPECT_FALSE(handler().isModified());
 	EXPECT_EQ(names(), QStringList({ "plane.out (copy)", "Wall temperature" }));
 	EXPECT_EQ(m_model->mapper(0)->chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), "Plane title");
-	EXPECT_EQ(m_model->mapper(1)->chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), "T.out");
+	EXPECT_EQ(m_model->mapper(1)->chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), "Temperature");
 	EXPECT_EQ(child(0, 0, TM::ColumnName), "plane.out");
 	EXPECT_EQ(child(0, 0, TM::ColumnCut), "TimeCut: t = 1 (locked)");
 	EXPECT_EQ(child(1, 0, TM::ColumnName, Qt::ToolTipRole), m_dir + "/T.out");
@@ -231,7 +233,7 @@ TEST_F(MapperTreeModelTest, DragAndDropReorder) {
 	EXPECT_FALSE(m_model->canDropMimeData(drag.get(), Qt::MoveAction, 0, 0, QModelIndex()));
 	EXPECT_FALSE(otherModel.dropMimeData(drag.get(), Qt::MoveAction, 0, 0, QModelIndex()));
 	EXPECT_FALSE(otherModel.setData(otherModel.index(0, 0), "renamed"));
-	EXPECT_EQ(otherModel.mapper(0)->name(), "T.out");
+	EXPECT_EQ(otherModel.mapper(0)->name(), "Temperature");
 	QByteArray forged;
 	QDataStream out(&forged, QIODevice::WriteOnly);
 	out << static_cast<qint64>(QCoreApplication::applicationPid()) << static_cast<quint64>(reinterpret_cast<quintptr>(m_model))

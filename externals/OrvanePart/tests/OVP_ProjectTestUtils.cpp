@@ -227,14 +227,19 @@ void writeField(const QString & path, const std::string & geoFileName, const std
 }
 
 
-void writeSampleData(const QString & dir) {
-	QDir().mkpath(dir);
+void writeCommonFiles(const QString & dir) {
 	const std::vector<double> t = { 0, 1, 2, 3 };
 	writeTimeSeries(dir + "/T.out", t, { 20, 21, 22, 23 });
 	writeTimeSeries(dir + "/TK.out", t, { 293.15, 294.15, 295.15, 296.15 }, "Temperature", "K");
 	writeTimeSeries(dir + "/RH.out", t, { 80, 85, 90, 95 }, "Relative humidity", "%");
 	writeGeometry(dir + "/wall.g6a", 3, 2);
 	writeGeometry(dir + "/line.g6a", 4, 1);
+}
+
+
+void writeSampleData(const QString & dir) {
+	QDir().mkpath(dir);
+	writeCommonFiles(dir);
 	writeField(dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0, 1, 2 },
 			   { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 } });
 	writeField(dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 1 },

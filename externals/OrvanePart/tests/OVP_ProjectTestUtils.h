@@ -120,8 +120,12 @@ void writeGeometry(const QString & path, unsigned int nx, unsigned int ny);
 void writeField(const QString & path, const std::string & geoFileName, const std::vector<std::uint32_t> & nums,
 				const std::vector<double> & time, const std::vector<std::vector<double> > & rows, bool flux = false);
 
-/*! Creates dir and writes sample data into it: time series T.out (C), TK.out (K) and RH.out (%)
-	at hours 0 to 3; geometries wall.g6a (3 x 2) and line.g6a (4 x 1); element fields
+/*! Writes the files most tests start from into dir: the series T.out (20..23 C), TK.out (the
+	same in K) and RH.out (80..95 %) over the hours 0..3, and the geometries wall.g6a (3 x 2) and
+	line.g6a (4 x 1).
+*/
+void writeCommonFiles(const QString & dir);
+/*! Creates dir and writes the common files (writeCommonFiles()) and the element fields
 	profile.out (line, 3 time points) and plane.out (wall, 2 time points); flux.out (all 17
 	sides of the wall, 1 time point).
 */

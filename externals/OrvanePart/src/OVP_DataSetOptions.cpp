@@ -1,0 +1,159 @@
+#include "OVP_DataSetOptions.h"
+
+#include <DATAIO_DataIO.h>
+
+#include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
+
+#include "OVP_DataManager.h"
+#include "OVP_UserInteraction.h"
+
+namespace OVP {
+
+DataSetOptions::DataSetOptions(DataManager & dataManager, QObject * parent) :
+	QObject(parent),
+	m_dataManager(dataManager)
+{
+}
+
+
+DataSetOptions::~DataSetOptions() = default;
+
+
+void DataSetOptions::setSelection(const std::vector<Mapper::DataSet> & dataSets) {
+	m_selection = dataSets;
+	m_dataIOs.clear();
+	m_cut.reset();
+	m_message.clear();
+	try {
+		classifySelection();
+	}
+	catch (ZEB::Exception & ex) {
+		m_kind = SK_Unsupported;
+		m_message = exceptionText(ex);
+		m_cut.reset();
+	}
+	emit structureChanged();
+}
+
+
+void DataSetOptions::classifySelection() {
+	FUNCID(DataSetOptions::setSelection);
+	m_kind = SK_None;
+	if (m_selection.empty())
+		return;
+	bool all2D = true;
+	for (const Mapper::DataSet & ds : m_selection) {
+		m_dataIOs.push_back(m_dataManager.container(ds.m_fileName));
+		all2D = all2D && m_dataIOs.back()->dataFormat() == DATAIO::DataIO::DF_2D;
+	}
+	if (all2D) {
+		m_kind = m_selection.size() == 2 ? SK_TwoSeries : SK_Series;
+		return;
+	}
+	if (m_selection.size() > 1)
+		throw ZEB::Exception("A chart of field or flux data shows one data set; select only one.", FUNC_ID);
+	DATAIO::DataIO & dataIO = *m_dataIOs.front();
+	m_cut.reset(new CutOptions(dataIO, m_dataManager.geometry(&dataIO).get()));
+	m_kind = SK_Field;
+}
+
+
+CutOptions & DataSetOptions::requireCut(const char * functionId) const {
+	if (m_cut == nullptr)
+		throw ZEB::Exception("The selection is no field or flux data set and has no cut.", functionId);
+	return *m_cut;
+}
+
+
+const CutOptions & DataSetOptions::cut() const {
+	FUNCID(DataSetOptions::cut);
+	return requireCut(FUNC_ID);
+}
+
+
+void DataSetOptions::setCutType(EM::CutType cutType) {
+	FUNCID(DataSetOptions::setCutType);
+	requireCut(FUNC_ID).setCutType(cutType);
+	emit structureChanged();
+}
+
+
+void DataSetOptions::setCutIndex(unsigned int dimension, unsigned int index) {
+	FUNCID(DataSetOptions::setCutIndex);
+	requireCut(FUNC_ID).setIndex(dimension, index);
+	emit valuesChanged();
+}
+
+
+void DataSetOptions::setFollowLastTimePoint(bool follow) {
+	FUNCID(DataSetOptions::setFollowLastTimePoint);
+	requireCut(FUNC_ID).setFollowLastTimePoint(follow);
+	emit valuesChanged();
+}
+
+
+void DataSetOptions::setManipulator(ManipulatorOptions::Choice choice) {
+	m_manipulator.setChoice(choice);
+	emit valuesChanged();
+}
+
+
+void DataSetOptions::setManipulatorParameter(const QString & parameter) {
+	m_manipulator.setParameter(parameter);
+	emit valuesChanged();
+}
+
+
+void DataSetOptions::setModelType(const std::string & modelType) {
+	m_model.setModelType(modelType);
+	emit structureChanged();
+}
+
+
+void DataSetOptions::setModelValue(unsigned int i, const QString & value) {
+	m_model.setValue(i, value);
+	emit valuesChanged();
+}
+
+
+bool DataSetOptions::isComplete() const {
+	try {
+		series();
+	}
+	catch (ZEB::Exception &) {
+		return false;
+	}
+	return true;
+}
+
+
+std::vector<DataSetOptions::Series> DataSetOptions::series() const {
+	FUNCID(DataSetOptions::series);
+	std::vector<Series> series;
+	switch (m_kind) {
+		case SK_None :
+			throw ZEB::Exception("No data set selected.", FUNC_ID);
+		case SK_Unsupported :
+			throw ZEB::Exception(m_message.toStdString(), FUNC_ID);
+		case SK_Field : {
+			Series s;
+			s.m_dataSets = m_selection;
+			requireCut(FUNC_ID).apply(s.m_dataSets.front());
+			series.push_back(s);
+		} break;
+		case SK_Series :
+		case SK_TwoSeries : {
+			const Mapper::ManipulatorList manipulators = m_manipulator.manipulators();
+			if (m_kind == SK_TwoSeries && !m_model.modelType().empty()) {
+				series.push_back(Series{ m_selection, m_model.modelType(), m_model.parameterText(), manipulators });
+				break;
+			}
+			for (const Mapper::DataSet & ds : m_selection)
+				series.push_back(Series{ { ds }, std::string(), std::string(), manipulators });
+		} break;
+	}
+	return series;
+}
+
+} // namespace OVP

@@ -1,0 +1,116 @@
+#ifndef OVP_DataSetOptionsH
+#define OVP_DataSetOptionsH
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QObject>
+#include <QString>
+
+#include "OVP_CutOptions.h"
+#include "OVP_ManipulatorOptions.h"
+#include "OVP_Mapper.h"
+#include "OVP_ModelOptions.h"
+
+namespace DATAIO {
+class DataIO;
+}
+
+namespace OVP {
+
+class DataManager;
+
+/*! The options beside the data manager's table for the data sets selected there: a cut for one
+	field or flux data set, a manipulator for 2D data sets and, for two 2D data sets, a model
+	that combines them. series() turns selection and options into what "create chart" and "add
+	to current chart" pass to the mapper.
+
+	The option panel shows and edits this state; every change goes through the setters here,
+	which announce it: structureChanged() when the panel needs other fields (new selection, cut
+	type, model), valuesChanged() when only values changed.
+*/
+class DataSetOptions : public QObject {
+	Q_OBJECT
+public:
+	/*! What the selection makes. */
+	enum SelectionKind {
+		SK_None,			///< nothing selected
+		SK_Series,			///< 2D data sets: one line series each
+		SK_TwoSeries,		///< two 2D data sets: one series each, or one series of a model
+		SK_Field,			///< one field or flux data set: a cut of it
+		SK_Unsupported		///< no chart can be made; selectionMessage() tells why
+	};
+
+	/*! One series of a chart: the arguments of Mapper::createNewMapper() and addExtractor(). */
+	struct Series {
+		std::vector<Mapper::DataSet>	m_dataSets;
+		std::string						m_modelType;
+		std::string						m_modelParameter;
+		Mapper::ManipulatorList			m_manipulators;
+	};
+
+	/*! Options that open the selected files through dataManager. */
+	explicit DataSetOptions(DataManager & dataManager, QObject * parent = nullptr);
+	~DataSetOptions() override;
+
+	/*! Takes the data sets selected in the table (file and column); their files are opened
+		(header and time points). The cut is set up anew for a field or flux data set; the
+		manipulator and model choices stay.
+	*/
+	void setSelection(const std::vector<Mapper::DataSet> & dataSets);
+	const std::vector<Mapper::DataSet> & selection() const { return m_selection; }
+	SelectionKind selectionKind() const { return m_kind; }
+	/*! Why the selection makes no chart (SK_Unsupported), else empty. */
+	const QString & selectionMessage() const { return m_message; }
+
+	/*! The cut of a field or flux data set; throws ZEB::Exception unless SK_Field. */
+	const CutOptions & cut() const;
+	const ManipulatorOptions & manipulator() const { return m_manipulator; }
+	const ModelOptions & model() const { return m_model; }
+
+	/*! Setters of the options, see the option classes; each announces the change. The cut
+		setters throw ZEB::Exception unless SK_Field. A setter that throws changes nothing.
+	*/
+	void setCutType(EM::CutType cutType);
+	void setCutIndex(unsigned int dimension, unsigned int index);
+	void setFollowLastTimePoint(bool follow);
+	void setManipulator(ManipulatorOptions::Choice choice);
+	void setManipulatorParameter(const QString & parameter);
+	void setModelType(const std::string & modelType);
+	void setModelValue(unsigned int i, const QString & value);
+
+	/*! True when series() gives a chart: a supported selection with accepted parameters. */
+	bool isComplete() const;
+	/*! The series of the selection with the options, in order: one per 2D data set, one for two
+		2D data sets with a model, one for a field or flux data set. Throws ZEB::Exception for
+		an empty or unsupported selection and for parameters the manipulator or model refuses.
+	*/
+	std::vector<Series> series() const;
+
+signals:
+	/*! The selection, cut type or model changed: the fields of the panel change. */
+	void structureChanged();
+	/*! A value of the current fields changed. */
+	void valuesChanged();
+
+private:
+	/*! Opens the files of the selection and decides its kind; throws ZEB::Exception. */
+	void classifySelection();
+	/*! The cut; throws ZEB::Exception with the function id when the selection has none. */
+	CutOptions & requireCut(const char * functionId) const;
+
+	DataManager &									m_dataManager;
+	std::vector<Mapper::DataSet>					m_selection;
+	/*! The opened files of the selection, held so that they stay open for the chart. */
+	std::vector<std::shared_ptr<DATAIO::DataIO> >	m_dataIOs;
+	SelectionKind									m_kind = SK_None;
+	QString											m_message;
+	std::unique_ptr<CutOptions>						m_cut;
+	ManipulatorOptions								m_manipulator;
+	ModelOptions									m_model;
+};
+
+} // namespace OVP
+
+#endif // OVP_DataSetOptionsH

@@ -1,0 +1,334 @@
+#include "OVP_DataSetOptionsWidget.h"
+
+#include <cmath>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <EM_CutType.h>
+
+#include "OVP_DataSetOptions.h"
+
+namespace OVP {
+
+namespace {
+
+/*! The pages of the panel. */
+enum Page {
+	P_Hint,
+	P_2D,
+	P_Field
+};
+
+/*! A label for the messages of refused values. */
+QLabel * errorLabel(QWidget * parent) {
+	QLabel * label = new QLabel(parent);
+	label->setWordWrap(true);
+	label->setStyleSheet("color: #b00000");
+	return label;
+}
+
+/*! A line edit for a whole or floating-point number: it takes only the characters of numbers,
+	the options judge the value.
+*/
+QLineEdit * numberEdit(bool integer, QWidget * parent) {
+	QLineEdit * edit = new QLineEdit(parent);
+	const QRegularExpression characters(integer ? "[-+0-9]*" : "[-+0-9.eE]*");
+	edit->setValidator(new QRegularExpressionValidator(characters, edit));
+	return edit;
+}
+
+/*! A limit of a parameter range as text. */
+QString limitText(double limit) {
+	return std::isfinite(limit) ? QString::number(limit, 'g', 12) : QString();
+}
+
+/*! Shows text in a line edit unless it shows it already (keeps the cursor while editing). */
+void showText(QLineEdit * edit, const QString & text) {
+	if (edit->text() != text) {
+		const QSignalBlocker blocker(edit);
+		edit->setText(text);
+	}
+}
+
+/*! Selects the combo box item with the given data without announcing it. */
+void selectItem(QComboBox * combo, const QVariant & data) {
+	const QSignalBlocker blocker(combo);
+	combo->setCurrentIndex(combo->findData(data));
+}
+
+/*! Removes all rows of a form layout after disconnecting its fields from receiver. */
+void clearForm(QFormLayout * form, QObject * receiver) {
+	for (int r = 0; r < form->rowCount(); ++r) {
+		QLayoutItem * field = form->itemAt(r, QFormLayout::FieldRole);
+		if (field != nullptr && field->widget() != nullptr) {
+			QObject::disconnect(field->widget(), nullptr, receiver, nullptr);
+			for (QObject * child : field->widget()->children())
+				QObject::disconnect(child, nullptr, receiver, nullptr);
+		}
+	}
+	while (form->rowCount() > 0)
+		form->removeRow(0);
+}
+
+} // namespace
+
+
+DataSetOptionsWidget::DataSetOptionsWidget(DataSetOptions & options, QWidget * parent) :
+	QWidget(parent),
+	m_options(options)
+{
+	m_pages = new QStackedWidget(this);
+	m_hint = new QLabel(m_pages);
+	m_hint->setWordWrap(true);
+	m_hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+	m_pages->insertWidget(P_Hint, m_hint);
+	m_pages->insertWidget(P_2D, create2DPage());
+	m_pages->insertWidget(P_Field, createFieldPage());
+
+	m_createButton = new QPushButton(tr("Create chart"), this);
+	m_createButton->setObjectName("createChart");
+	m_addButton = new QPushButton(tr("Add to current chart"), this);
+	m_addButton->setObjectName("addToChart");
+	connect(m_createButton, &QPushButton::clicked, this, &DataSetOptionsWidget::createChartRequested);
+	connect(m_addButton, &QPushButton::clicked, this, &DataSetOptionsWidget::addToChartRequested);
+
+	QHBoxLayout * buttons = new QHBoxLayout;
+	buttons->addWidget(m_createButton);
+	buttons->addWidget(m_addButton);
+	QVBoxLayout * layout = new QVBoxLayout(this);
+	layout->addWidget(m_pages);
+	layout->addLayout(buttons);
+	layout->addStretch(1);
+
+	connect(&m_options, &DataSetOptions::structureChanged, this, &DataSetOptionsWidget::rebuild);
+	connect(&m_options, &DataSetOptions::valuesChanged, this, &DataSetOptionsWidget::updateValues);
+	rebuild();
+}
+
+
+QWidget * DataSetOptionsWidget::create2DPage() {
+	QWidget * page = new QWidget(m_pages);
+
+	m_modelBox = new QGroupBox(tr("Model"), page);
+	m_modelCombo = new QComboBox(m_modelBox);
+	m_modelCombo->setObjectName("modelCombo");
+	for (const std::string & type : ModelOptions::modelTypes())
+		m_modelCombo->addItem(ModelOptions::modelText(type), QString::fromStdString(type));
+	connect(m_modelCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int i) {
+		m_options.setModelType(m_modelCombo->itemData(i).toString().toStdString());
+	});
+	m_modelForm = new QFormLayout;
+	m_modelError = errorLabel(m_modelBox);
+	m_modelError->setObjectName("modelError");
+	QVBoxLayout * modelLayout = new QVBoxLayout(m_modelBox);
+	modelLayout->addWidget(m_modelCombo);
+	modelLayout->addLayout(m_modelForm);
+	modelLayout->addWidget(m_modelError);
+
+	QGroupBox * manipulatorBox = new QGroupBox(tr("Manipulator"), page);
+	m_manipulatorCombo = new QComboBox(manipulatorBox);
+	m_manipulatorCombo->setObjectName("manipulatorCombo");
+	for (int c = 0; c < ManipulatorOptions::NUM_MC; ++c)
+		m_manipulatorCombo->addItem(ManipulatorOptions::text(static_cast<ManipulatorOptions::Choice>(c)), c);
+	connect(m_manipulatorCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int i) {
+		m_options.setManipulator(static_cast<ManipulatorOptions::Choice>(m_manipulatorCombo->itemData(i).toInt()));
+	});
+	m_parameterLabel = new QLabel(manipulatorBox);
+	m_parameterLabel->setObjectName("manipulatorLabel");
+	m_parameterEdit = numberEdit(false, manipulatorBox);
+	m_parameterEdit->setObjectName("manipulatorParameter");
+	m_parameterLabel->setBuddy(m_parameterEdit);
+	connect(m_parameterEdit, &QLineEdit::editingFinished, this, [this]() {
+		m_options.setManipulatorParameter(m_parameterEdit->text());
+	});
+	m_manipulatorError = errorLabel(manipulatorBox);
+	m_manipulatorError->setObjectName("manipulatorError");
+	QGridLayout * manipulatorLayout = new QGridLayout(manipulatorBox);
+	manipulatorLayout->addWidget(m_manipulatorCombo, 0, 0, 1, 2);
+	manipulatorLayout->addWidget(m_parameterLabel, 1, 0);
+	manipulatorLayout->addWidget(m_parameterEdit, 1, 1);
+	manipulatorLayout->addWidget(m_manipulatorError, 2, 0, 1, 2);
+
+	QVBoxLayout * layout = new QVBoxLayout(page);
+	layout->setContentsMargins(0, 0, 0, 0);
+	layout->addWidget(m_modelBox);
+	layout->addWidget(manipulatorBox);
+	layout->addStretch(1);
+	return page;
+}
+
+
+QWidget * DataSetOptionsWidget::createFieldPage() {
+	QWidget * page = new QWidget(m_pages);
+	QGroupBox * box = new QGroupBox(tr("Cut"), page);
+	m_cutTypeCombo = new QComboBox(box);
+	m_cutTypeCombo->setObjectName("cutTypeCombo");
+	connect(m_cutTypeCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int i) {
+		m_options.setCutType(static_cast<EM::CutType>(m_cutTypeCombo->itemData(i).toInt()));
+	});
+	m_cutForm = new QFormLayout;
+	m_followLast = new QCheckBox(tr("follow last time point"), box);
+	m_followLast->setObjectName("followLastTimePoint");
+	connect(m_followLast, &QCheckBox::toggled, this, [this](bool follow) { m_options.setFollowLastTimePoint(follow); });
+
+	QVBoxLayout * boxLayout = new QVBoxLayout(box);
+	boxLayout->addWidget(m_cutTypeCombo);
+	boxLayout->addLayout(m_cutForm);
+	boxLayout->addWidget(m_followLast);
+	QVBoxLayout * layout = new QVBoxLayout(page);
+	layout->setContentsMargins(0, 0, 0, 0);
+	layout->addWidget(box);
+	layout->addStretch(1);
+	return page;
+}
+
+
+void DataSetOptionsWidget::rebuild() {
+	switch (m_options.selectionKind()) {
+		case DataSetOptions::SK_None :
+			m_hint->setText(tr("Select data sets in the table to see their options."));
+			m_pages->setCurrentIndex(P_Hint);
+			break;
+		case DataSetOptions::SK_Unsupported :
+			m_hint->setText(m_options.selectionMessage());
+			m_pages->setCurrentIndex(P_Hint);
+			break;
+		case DataSetOptions::SK_Series :
+		case DataSetOptions::SK_TwoSeries :
+			m_modelBox->setVisible(m_options.selectionKind() == DataSetOptions::SK_TwoSeries);
+			rebuildModelFields();
+			m_pages->setCurrentIndex(P_2D);
+			break;
+		case DataSetOptions::SK_Field : {
+			const QSignalBlocker blocker(m_cutTypeCombo);
+			m_cutTypeCombo->clear();
+			for (EM::CutType c : m_options.cut().cutTypes())
+				m_cutTypeCombo->addItem(EM::CutTypes::keyword(c), static_cast<int>(c));
+			rebuildCutFields();
+			m_pages->setCurrentIndex(P_Field);
+		} break;
+	}
+	updateTabOrder();
+	updateValues();
+}
+
+
+void DataSetOptionsWidget::rebuildModelFields() {
+	clearForm(m_modelForm, this);
+	m_modelEdits.clear();
+	const std::vector<EM::ModelParameter> & parameters = m_options.model().parameters();
+	for (unsigned int i = 0; i < parameters.size(); ++i) {
+		const EM::ModelParameter & p = parameters[i];
+		QLineEdit * edit = numberEdit(p.m_integer, m_modelBox);
+		edit->setObjectName("modelParameter");
+		const QString minimum = limitText(p.m_minimum);
+		const QString maximum = limitText(p.m_maximum);
+		const QString range = minimum.isEmpty() && maximum.isEmpty() ? tr("any number")
+			: tr("from %1 to %2").arg(minimum.isEmpty() ? tr("any") : minimum, maximum.isEmpty() ? tr("any") : maximum);
+		edit->setToolTip(tr("%1, default %2, valid %3").arg(QString::fromUtf8(p.m_description))
+						 .arg(limitText(p.m_default)).arg(range));
+		edit->setPlaceholderText(limitText(p.m_default));
+		connect(edit, &QLineEdit::editingFinished, this, [this, i, edit]() { m_options.setModelValue(i, edit->text()); });
+		m_modelForm->addRow(QString("%1 (%2):").arg(p.m_key, QString::fromUtf8(p.m_description)), edit);
+		m_modelEdits.push_back(edit);
+	}
+}
+
+
+void DataSetOptionsWidget::rebuildCutFields() {
+	clearForm(m_cutForm, this);
+	m_cutRows.clear();
+	const CutOptions & cut = m_options.cut();
+	bool cutsTime = false;
+	for (unsigned int d : cut.cutDimensions()) {
+		cutsTime = cutsTime || d == EM::CD_Time;
+		QWidget * field = new QWidget(m_cutForm->parentWidget());
+		QSpinBox * index = new QSpinBox(field);
+		index->setObjectName("cutIndex");
+		index->setRange(0, std::max(0, static_cast<int>(cut.coordinates(d).size()) - 1));
+		QLabel * value = new QLabel(field);
+		QHBoxLayout * fieldLayout = new QHBoxLayout(field);
+		fieldLayout->setContentsMargins(0, 0, 0, 0);
+		fieldLayout->addWidget(index);
+		fieldLayout->addWidget(value, 1);
+		connect(index, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, d](int i) {
+			m_options.setCutIndex(d, static_cast<unsigned int>(i));
+		});
+		m_cutForm->addRow(tr("%1 index:").arg(cut.dimensionName(d)), field);
+		m_cutRows.push_back(CutRow{ d, index, value });
+	}
+	m_followLast->setVisible(cutsTime);
+}
+
+
+void DataSetOptionsWidget::updateValues() {
+	const DataSetOptions::SelectionKind kind = m_options.selectionKind();
+	if (kind == DataSetOptions::SK_Series || kind == DataSetOptions::SK_TwoSeries) {
+		const ModelOptions & model = m_options.model();
+		selectItem(m_modelCombo, QString::fromStdString(model.modelType()));
+		for (unsigned int i = 0; i < m_modelEdits.size(); ++i)
+			showText(m_modelEdits[i], model.value(i));
+		m_modelError->setText(model.errorText());
+		m_modelError->setVisible(!m_modelError->text().isEmpty());
+
+		const ManipulatorOptions & manipulator = m_options.manipulator();
+		selectItem(m_manipulatorCombo, static_cast<int>(manipulator.choice()));
+		const QString label = ManipulatorOptions::parameterLabel(manipulator.choice());
+		m_parameterLabel->setText(label);
+		m_parameterLabel->setVisible(!label.isEmpty());
+		m_parameterEdit->setVisible(!label.isEmpty());
+		showText(m_parameterEdit, manipulator.parameter());
+		m_manipulatorError->setText(manipulator.errorText());
+		m_manipulatorError->setVisible(!m_manipulatorError->text().isEmpty());
+	}
+	else if (kind == DataSetOptions::SK_Field) {
+		const CutOptions & cut = m_options.cut();
+		selectItem(m_cutTypeCombo, static_cast<int>(cut.cutType()));
+		for (const CutRow & row : m_cutRows) {
+			const std::vector<double> & coordinates = cut.coordinates(row.m_dimension);
+			const unsigned int index = cut.index(row.m_dimension);
+			const QSignalBlocker blocker(row.m_index);
+			row.m_index->setValue(static_cast<int>(index));
+			row.m_index->setEnabled(!coordinates.empty()
+									&& !(row.m_dimension == EM::CD_Time && cut.followLastTimePoint()));
+			row.m_value->setText(coordinates.empty() ? tr("no values yet")
+				: QString("%1 %2").arg(coordinates[index], 0, 'g', 6).arg(cut.unit(row.m_dimension)));
+		}
+		const QSignalBlocker blocker(m_followLast);
+		m_followLast->setChecked(cut.followLastTimePoint());
+	}
+	const bool complete = m_options.isComplete();
+	m_createButton->setEnabled(complete);
+	m_addButton->setEnabled(complete);
+}
+
+
+void DataSetOptionsWidget::updateTabOrder() {
+	std::vector<QWidget *> chain = { m_modelCombo };
+	chain.insert(chain.end(), m_modelEdits.begin(), m_modelEdits.end());
+	chain.push_back(m_manipulatorCombo);
+	chain.push_back(m_parameterEdit);
+	chain.push_back(m_cutTypeCombo);
+	for (const CutRow & row : m_cutRows)
+		chain.push_back(row.m_index);
+	chain.push_back(m_followLast);
+	chain.push_back(m_createButton);
+	chain.push_back(m_addButton);
+	for (std::size_t i = 1; i < chain.size(); ++i)
+		setTabOrder(chain[i - 1], chain[i]);
+}
+
+} // namespace OVP

@@ -1,0 +1,91 @@
+#ifndef OVP_DataSetOptionsWidgetH
+#define OVP_DataSetOptionsWidgetH
+
+#include <vector>
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSpinBox;
+class QStackedWidget;
+
+namespace OVP {
+
+class DataSetOptions;
+
+/*! The option panel beside the data manager's table, a view of DataSetOptions: one page for 2D
+	data sets (the manipulator and, for two data sets, the model with its parameters), one for a
+	field or flux data set (cut type, cut indices with their coordinates, following the last time
+	point), and a page with a hint while the selection makes no chart. A typed value is taken
+	with Enter or when its field loses the focus; number fields accept only number characters and
+	the options judge the value. The buttons ask for "create chart" and "add to current chart".
+*/
+class DataSetOptionsWidget : public QWidget {
+	Q_OBJECT
+public:
+	/*! A panel showing and editing options, which must outlive it. */
+	explicit DataSetOptionsWidget(DataSetOptions & options, QWidget * parent = nullptr);
+
+signals:
+	/*! The user asked to create a chart of the selection. */
+	void createChartRequested();
+	/*! The user asked to add the selection to the current chart. */
+	void addToChartRequested();
+
+private slots:
+	/*! Builds the fields for the current selection, cut type and model, then shows the values. */
+	void rebuild();
+	/*! Shows the current values and messages in the fields. */
+	void updateValues();
+
+private:
+	/*! The page of 2D data sets. */
+	QWidget * create2DPage();
+	/*! The page of a field or flux data set. */
+	QWidget * createFieldPage();
+	/*! The parameter fields of the chosen model. */
+	void rebuildModelFields();
+	/*! The index fields of the chosen cut type. */
+	void rebuildCutFields();
+	/*! Tab order in the order of the fields on screen. */
+	void updateTabOrder();
+
+	/*! The index field of one cut dimension and the label of its coordinate. */
+	struct CutRow {
+		unsigned int	m_dimension;
+		QSpinBox *		m_index;
+		QLabel *		m_value;
+	};
+
+	DataSetOptions &			m_options;
+	QStackedWidget *			m_pages = nullptr;
+	QLabel *					m_hint = nullptr;
+
+	QGroupBox *					m_modelBox = nullptr;
+	QComboBox *					m_modelCombo = nullptr;
+	QFormLayout *				m_modelForm = nullptr;
+	std::vector<QLineEdit *>	m_modelEdits;
+	QLabel *					m_modelError = nullptr;
+	QComboBox *					m_manipulatorCombo = nullptr;
+	QLabel *					m_parameterLabel = nullptr;
+	QLineEdit *					m_parameterEdit = nullptr;
+	QLabel *					m_manipulatorError = nullptr;
+
+	QComboBox *					m_cutTypeCombo = nullptr;
+	QFormLayout *				m_cutForm = nullptr;
+	std::vector<CutRow>			m_cutRows;
+	QCheckBox *					m_followLast = nullptr;
+
+	QPushButton *				m_createButton = nullptr;
+	QPushButton *				m_addButton = nullptr;
+};
+
+} // namespace OVP
+
+#endif // OVP_DataSetOptionsWidgetH

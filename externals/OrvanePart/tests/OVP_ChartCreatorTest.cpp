@@ -1,0 +1,349 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <cmath>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+
+#include <EM_Extractor3DOutputBase.h>
+#include <EM_ExtractorBase.h>
+#include <EM_ExtractorVecOutputBase.h>
+#include <EM_ModelTwo2DViitanenMould.h>
+
+#include <OVP_ChartCreator.h>
+#include <OVP_DataSetOptions.h>
+#include <OVP_DataSetOptionsWidget.h>
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+#include <OVP_SeriesLineExtractorModel.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+
+/*! Files of every kind in a fresh session; options and the chart actions on them. */
+class ChartCreatorTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		handler().newProject();
+		m_dir = m_testDir + "/data";
+		QDir().mkpath(m_dir);
+		writeCommonFiles(m_dir);
+		writeTimeSeries(m_dir + "/P.out", { 0, 1, 2, 3 }, { 1200, 1300, 1400, 1500 }, "Vapour pressure", "Pa");
+		writeField(m_dir + "/profile.out", "line.g6a", { 0, 1, 2, 3 }, { 0 }, { { 1, 2, 3, 4 } });
+		writePlane(3);
+		// uniform fluxes: all sides normal to x carry a, all normal to y carry b
+		std::vector<std::uint32_t> sides;
+		for (std::uint32_t s = 0; s < 17; ++s)
+			sides.push_back(s);
+		const auto flux = [](double a, double b) {
+			std::vector<double> row(8, a);
+			row.insert(row.end(), 9, b);
+			return row;
+		};
+		writeField(m_dir + "/flux.out", "wall.g6a", sides, { 0, 1 }, { flux(1, 2), flux(3, 4) }, true);
+		m_options.reset(new OVP::DataSetOptions(handler().dataManager()));
+		m_creator.reset(new OVP::ChartCreator(handler(), *m_ui));
+	}
+
+	/*! The 3 x 2 field over timeCount hours; element (i, j) holds 100*t + 3*j + i at hour t. */
+	void writePlane(unsigned int timeCount) {
+		std::vector<double> time;
+		std::vector<std::vector<double> > rows;
+		for (unsigned int t = 0; t < timeCount; ++t) {
+			time.push_back(t);
+			rows.emplace_back();
+			for (unsigned int c = 0; c < 6; ++c)
+				rows.back().push_back(100*t + c);
+		}
+		writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, time, rows);
+	}
+
+	/*! Selects files of the data folder. */
+	void select(const QStringList & files) {
+		std::vector<OVP::Mapper::DataSet> dataSets;
+		for (const QString & f : files)
+			dataSets.push_back(OVP::Mapper::DataSet{ m_dir + "/" + f });
+		m_options->setSelection(dataSets);
+	}
+
+	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
+	const OVP::SeriesLineExtractorModel & lines(int index) {
+		return static_cast<const OVP::SeriesLineExtractorModel &>(*mapper(index).chartModel());
+	}
+	int mapperCount() { return handler().project().mapperModel()->mapperCount(); }
+	/*! The last message shown to the user. */
+	std::string shown() { return m_ui->m_shown.empty() ? std::string() : m_ui->m_shown.back().m_text.toStdString(); }
+
+	QString										m_dir;
+	std::unique_ptr<OVP::DataSetOptions>		m_options;
+	std::unique_ptr<OVP::ChartCreator>			m_creator;
+};
+
+/*! The values of a line series. */
+std::vector<double> yValues(const OVP::SeriesLineExtractorModel & model, int series) {
+	return std::vector<double>(model.yValues(series), model.yValues(series) + model.size(series));
+}
+
+/*! True when the values agree within 1e-9. */
+::testing::AssertionResult near(const std::vector<double> & actual, const std::vector<double> & expected) {
+	if (actual.size() != expected.size())
+		return ::testing::AssertionFailure() << "size " << actual.size() << " != " << expected.size();
+	for (std::size_t i = 0; i < actual.size(); ++i)
+		if (std::fabs(actual[i] - expected[i]) > 1e-9)
+			return ::testing::AssertionFailure() << "value #" << i << ": " << actual[i] << " != " << expected[i];
+	return ::testing::AssertionSuccess();
+}
+
+} // namespace
+
+
+TEST_F(ChartCreatorTest, LineChartCreateAndAdd) {
+	QSignalSpy modified(&handler(), &OVP::ProjectHandler::modified);
+	select({ "T.out", "TK.out" });
+	ASSERT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_TwoSeries);
+	ASSERT_EQ(m_creator->createChart(*m_options), 0);
+	EXPECT_TRUE(handler().isModified());
+	ASSERT_EQ(modified.count(), 1);
+	EXPECT_EQ(modified[0][0].toInt(), static_cast<int>(OVP::ProjectHandler::MapperInserted));
+	EXPECT_EQ(mapper(0).name(), "Temperature");
+	ASSERT_EQ(lines(0).seriesCount(), 2u);
+	EXPECT_TRUE(near(yValues(lines(0), 1), { 20, 21, 22, 23 }));
+
+	// a third series with another unit goes to the right axis
+	select({ "RH.out" });
+	ASSERT_TRUE(m_creator->addToChart(0, *m_options));
+	EXPECT_EQ(modified.last()[0].toInt(), static_cast<int>(OVP::ProjectHandler::MapperContentModified));
+	ASSERT_EQ(lines(0).seriesCount(), 3u);
+	EXPECT_FALSE(lines(0).seriesData(2, SCI::AbstractLineSeriesModel::SeriesLeftAxis).toBool());
+	EXPECT_TRUE(near(yValues(lines(0), 2), { 80, 85, 90, 95 }));
+
+	// refused data sets are shown with the mapper's message and change nothing
+	const int changes = modified.count();
+	select({ "profile.out" });
+	EXPECT_FALSE(m_creator->addToChart(0, *m_options));
+	EXPECT_EQ(shown(), "Mismatching data format of selected datasets and datasets in chart. Selected data set hat format "
+					   "'3D [time, vector of values]', whereas data set in diagram/mapper has '2D [time, value]'.");
+	select({ "P.out" });
+	EXPECT_FALSE(m_creator->addToChart(0, *m_options));
+	EXPECT_EQ(shown(), "Unit [Pa] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit [%]");
+	EXPECT_EQ(lines(0).seriesCount(), 3u);
+	EXPECT_EQ(m_ui->m_shown.back().m_kind, "critical");
+
+	// of several data sets one is refused: none is added, the free right axis stays free
+	select({ "T.out" });
+	ASSERT_EQ(m_creator->createChart(*m_options), 1);
+	select({ "RH.out", "P.out" });
+	EXPECT_FALSE(m_creator->addToChart(1, *m_options));
+	EXPECT_EQ(shown(), "Unit [Pa] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit [%]");
+	EXPECT_EQ(lines(1).seriesCount(), 1u);
+	EXPECT_EQ(lines(1).axisData(CM::RightAxis, CM::AxisUnit).toUInt(), 0u);
+	EXPECT_EQ(modified.count(), changes + 1);
+
+	// selections that make no chart: a file that cannot be read, a field among other files
+	select({ "missing.out" });
+	EXPECT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Unsupported);
+	EXPECT_FALSE(m_options->selectionMessage().isEmpty());
+	EXPECT_EQ(m_creator->createChart(*m_options), -1);
+	EXPECT_EQ(shown(), m_options->selectionMessage().toStdString());
+	select({ "T.out", "plane.out" });
+	EXPECT_EQ(m_options->selectionMessage(), "A chart of field or flux data shows one data set; select only one.");
+	EXPECT_THROW(m_options->setCutIndex(EM::CD_Time, 0), ZEB::Exception);
+	EXPECT_EQ(mapperCount(), 2);
+}
+
+
+TEST_F(ChartCreatorTest, Manipulators) {
+	select({ "T.out" });
+	m_options->setManipulator(OVP::ManipulatorOptions::MC_Offset);
+	EXPECT_EQ(m_options->manipulator().parameter(), "0");
+	m_options->setManipulatorParameter("abc");
+	EXPECT_EQ(m_options->manipulator().errorText(), "Invalid parameter for manipulator.");
+	EXPECT_FALSE(m_options->isComplete());
+	EXPECT_EQ(m_creator->createChart(*m_options), -1);
+	EXPECT_EQ(m_ui->m_shown.back().m_text.split("\n").last(), "Invalid parameter for manipulator.");
+	EXPECT_EQ(mapperCount(), 0);
+
+	m_options->setManipulatorParameter(" 2.5");
+	EXPECT_TRUE(m_options->manipulator().errorText().isEmpty());
+	ASSERT_EQ(m_creator->createChart(*m_options), 0);
+	EXPECT_TRUE(near(yValues(lines(0), 0), { 22.5, 23.5, 24.5, 25.5 }));
+
+	// a factor applies to each series in its file's unit, before conversion to the axis unit
+	select({ "T.out", "TK.out", "T.out" });
+	EXPECT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Series);
+	m_options->setManipulator(OVP::ManipulatorOptions::MC_Scaling);
+	m_options->setManipulatorParameter("2");
+	ASSERT_EQ(m_creator->createChart(*m_options), 1);
+	ASSERT_EQ(lines(1).seriesCount(), 3u);
+	EXPECT_TRUE(near(yValues(lines(1), 0), { 40, 42, 44, 46 }));
+	EXPECT_TRUE(near(yValues(lines(1), 1), { 313.15, 315.15, 317.15, 319.15 }));
+}
+
+
+TEST_F(ChartCreatorTest, ColourGridWithTimeCut) {
+	select({ "plane.out" });
+	ASSERT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Field);
+	const OVP::CutOptions & cut = m_options->cut();
+	const std::vector<EM::CutType> cutTypes = { EM::CT_TimeCut, EM::CT_XCut, EM::CT_YCut, EM::CT_XYCut, EM::CT_XTCut,
+												EM::CT_YTCut };
+	EXPECT_EQ(cut.cutTypes(), cutTypes);
+	EXPECT_EQ(cut.cutType(), EM::CT_TimeCut);
+	EXPECT_TRUE(near(cut.coordinates(EM::CD_X), { 0.05, 0.15, 0.25 }));
+	EXPECT_TRUE(near(cut.coordinates(EM::CD_Y), { 0.1, 0.3 }));
+	EXPECT_TRUE(near(cut.coordinates(EM::CD_Time), { 0, 1, 2 }));
+	EXPECT_EQ(cut.unit(EM::CD_X), "m");
+	EXPECT_EQ(cut.unit(EM::CD_Time), "h");
+	EXPECT_TRUE(cut.followLastTimePoint());
+	EXPECT_EQ(cut.index(EM::CD_Time), 2u);
+	EXPECT_THROW(m_options->setCutType(EM::CT_XYZCut), ZEB::Exception);
+	EXPECT_THROW(m_options->setCutIndex(EM::CD_Time, 3), ZEB::Exception);
+
+	// one chart follows the last time point, the other stays at hour 1
+	ASSERT_EQ(m_creator->createChart(*m_options), 0);
+	m_options->setCutIndex(EM::CD_Time, 1);
+	EXPECT_FALSE(m_options->cut().followLastTimePoint());
+	ASSERT_EQ(m_creator->createChart(*m_options), 1);
+	EXPECT_EQ(mapper(0).type(), OVP::Mapper::MT_3D);
+	EXPECT_EQ(mapper(0).name(), "Temperature");
+	writePlane(4);
+	handler().refreshAllMappers();
+	for (int m = 0; m < 2; ++m) {
+		const EM::Extractor3DOutputBase & grid = static_cast<const EM::Extractor3DOutputBase &>(*mapper(m).extractor3D().m_extractor);
+		const double hour = m == 0 ? 3 : 1;
+		ASSERT_EQ(grid.xCellCount(), 3u);
+		ASSERT_EQ(grid.yCellCount(), 2u);
+		for (std::size_t i = 0; i < 3; ++i)
+			for (std::size_t j = 0; j < 2; ++j)
+				EXPECT_DOUBLE_EQ(grid.value(i, j), 100*hour + 3*j + i) << m << " " << i << " " << j;
+	}
+
+	// the space indices of a cut reach the chart: x index 2, y index 1 is element 5 over time
+	select({ "plane.out" });
+	m_options->setCutType(EM::CT_XYCut);
+	m_options->setCutIndex(EM::CD_X, 2);
+	m_options->setCutIndex(EM::CD_Y, 1);
+	ASSERT_EQ(m_creator->createChart(*m_options), 2);
+	EXPECT_TRUE(near(yValues(lines(2), 0), { 5, 105, 205, 305 }));
+}
+
+
+TEST_F(ChartCreatorTest, VectorChartOfFluxes) {
+	select({ "flux.out" });
+	ASSERT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Field);
+	EXPECT_EQ(m_options->cut().cutTypes(), std::vector<EM::CutType>{ EM::CT_TimeCut });
+	ASSERT_EQ(m_creator->createChart(*m_options), 0);
+	m_options->setCutIndex(EM::CD_Time, 0);
+	ASSERT_EQ(m_creator->createChart(*m_options), 1);
+	for (int m = 0; m < 2; ++m) {
+		ASSERT_EQ(mapper(m).type(), OVP::Mapper::MT_Vector);
+		const EM::ExtractorVecOutputBase & field = static_cast<const EM::ExtractorVecOutputBase &>(*mapper(m).extractor3D().m_extractor);
+		EXPECT_EQ(field.cutIndex(EM::CD_Time), m == 0 ? EM::ExtractorBase::LAST_INDEX : 0u);
+		ASSERT_EQ(field.xComponents().m_data.size(), 6u);
+		for (std::size_t k = 0; k < 6; ++k) {
+			EXPECT_DOUBLE_EQ(field.xComponents().m_data[k], m == 0 ? 3 : 1);
+			EXPECT_DOUBLE_EQ(field.yComponents().m_data[k], m == 0 ? 4 : 2);
+		}
+	}
+}
+
+
+TEST_F(ChartCreatorTest, MouldIndexFromTwoFiles) {
+	std::vector<double> hours;
+	for (int h = 0; h <= 48; ++h)
+		hours.push_back(h);
+	writeTimeSeries(m_dir + "/Tm.out", hours, std::vector<double>(hours.size(), 25));
+	writeTimeSeries(m_dir + "/RHm.out", hours, std::vector<double>(hours.size(), 95), "Relative humidity", "%");
+	select({ "RHm.out", "Tm.out" });
+	m_options->setModelType("VTTMouldModel");
+	const OVP::ModelOptions & model = m_options->model();
+	ASSERT_EQ(model.parameters().size(), 3u);
+	EXPECT_EQ(QStringList({ model.value(0), model.value(1), model.value(2) }), QStringList({ "1", "1", "4" }));
+
+	m_options->setModelValue(0, "5");
+	EXPECT_EQ(model.errorText(), "Invalid parameter, expected int number between 1 and 4.");
+	EXPECT_EQ(m_creator->createChart(*m_options), -1);
+	EXPECT_EQ(shown(), "Invalid parameter, expected int number between 1 and 4.");
+	EXPECT_EQ(mapperCount(), 0);
+
+	m_options->setModelValue(0, "2");
+	m_options->setModelValue(1, "3");
+	m_options->setModelValue(2, "1");
+	ASSERT_EQ(m_creator->createChart(*m_options), 0);
+	EXPECT_EQ(mapper(0).name(), "VTT Mould Index");
+	const std::vector<double> index = yValues(lines(0), 0);
+	ASSERT_GE(index.size(), 48u);
+	EM::ModelTwo2DViitanenMould expected;
+	expected.setFromParameter("SC 3 DC 1 MC 2");
+	std::vector<double> M;
+	expected.mouldIndex(std::vector<double>(index.size(), 25), std::vector<double>(index.size(), 95), M);
+	EXPECT_TRUE(near(index, M));
+	EXPECT_GT(index.back(), 0);
+}
+
+
+TEST_F(ChartCreatorTest, OptionsWidget) {
+	OVP::DataSetOptionsWidget widget(*m_options);
+	widget.show();
+	QComboBox * models = widget.findChild<QComboBox *>("modelCombo");
+	QComboBox * manipulators = widget.findChild<QComboBox *>("manipulatorCombo");
+	QLineEdit * parameter = widget.findChild<QLineEdit *>("manipulatorParameter");
+	QPushButton * create = widget.findChild<QPushButton *>("createChart");
+	ASSERT_TRUE(models && manipulators && parameter && create);
+	EXPECT_FALSE(create->isEnabled());
+
+	// two time series: the model choice with the mould model's fields
+	select({ "T.out", "RH.out" });
+	EXPECT_TRUE(models->isVisible());
+	models->setCurrentIndex(models->findText("VTT Mould Index"));
+	EXPECT_EQ(m_options->model().modelType(), "VTTMouldModel");
+	QList<QLineEdit *> fields = widget.findChildren<QLineEdit *>("modelParameter");
+	ASSERT_EQ(fields.size(), 3);
+	EXPECT_EQ(fields[2]->text(), "4");
+	fields[0]->setFocus();
+	fields[0]->selectAll();
+	QTest::keyClicks(fields[0], "x5");
+	QTest::keyClick(fields[0], Qt::Key_Return);
+	EXPECT_EQ(m_options->model().value(0), "5");
+	EXPECT_EQ(widget.findChild<QLabel *>("modelError")->text(), "Invalid parameter, expected int number between 1 and 4.");
+	EXPECT_FALSE(create->isEnabled());
+
+	manipulators->setCurrentIndex(manipulators->findText("Add offset (value shift)"));
+	EXPECT_EQ(m_options->manipulator().choice(), OVP::ManipulatorOptions::MC_Offset);
+	EXPECT_EQ(widget.findChild<QLabel *>("manipulatorLabel")->text(), "Offset:");
+	parameter->setFocus();
+	parameter->selectAll();
+	QTest::keyClicks(parameter, "1e");
+	QTest::keyClick(parameter, Qt::Key_Return);
+	EXPECT_EQ(m_options->manipulator().parameter(), "1e");
+	EXPECT_EQ(widget.findChild<QLabel *>("manipulatorError")->text(), "Invalid parameter for manipulator.");
+
+	// a field: the cut fields, the time index only without following the last time point
+	select({ "plane.out" });
+	EXPECT_FALSE(models->isVisible());
+	QList<QSpinBox *> indexes = widget.findChildren<QSpinBox *>("cutIndex");
+	ASSERT_EQ(indexes.size(), 1);
+	EXPECT_FALSE(indexes[0]->isEnabled());
+	EXPECT_EQ(indexes[0]->value(), 2);
+	widget.findChild<QCheckBox *>("followLastTimePoint")->setChecked(false);
+	ASSERT_TRUE(indexes[0]->isEnabled());
+	EXPECT_EQ(indexes[0]->value(), 2);
+	indexes[0]->setValue(1);
+	EXPECT_EQ(m_options->cut().index(EM::CD_Time), 1u);
+	EXPECT_FALSE(m_options->cut().followLastTimePoint());
+	EXPECT_TRUE(create->isEnabled());
+	QSignalSpy requested(&widget, &OVP::DataSetOptionsWidget::createChartRequested);
+	QTest::mouseClick(create, Qt::LeftButton);
+	EXPECT_EQ(requested.count(), 1);
+}

@@ -1,5 +1,7 @@
 #include "DataManagerPanel.h"
 
+#include <algorithm>
+
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -28,6 +30,8 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 	m_tableView->setDragDropMode(QAbstractItemView::DragOnly);
 	m_tableView->setWordWrap(false);
 	m_tableView->setTextElideMode(Qt::ElideMiddle);
+	m_tableView->verticalHeader()->setMinimumSectionSize(0);
+	m_tableView->verticalHeader()->setDefaultSectionSize(m_tableView->fontMetrics().lineSpacing() + 2*ROW_MARGIN);
 	m_tableView->horizontalHeader()->setStretchLastSection(true);
 	// no sort column until the user clicks a header: the files keep their insertion order
 	m_tableView->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -47,4 +51,7 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 
 void DataManagerPanel::fitColumns() {
 	m_tableView->resizeColumnsToContents();
+	QHeaderView * header = m_tableView->horizontalHeader();
+	for (int column = 0; column < header->count(); ++column)
+		header->resizeSection(column, std::min(header->sectionSize(column), MAX_COLUMN_WIDTH));
 }

@@ -22,6 +22,12 @@ class DataManagerTableModel;
 class DataManagerPanel : public QWidget {
 	Q_OBJECT
 public:
+	/*! Space above and below the text of a table row, in pixels. */
+	static constexpr int ROW_MARGIN = 4;
+
+	/*! Widest a column gets when fitted to its contents, in pixels; longer texts are elided. */
+	static constexpr int MAX_COLUMN_WIDTH = 220;
+
 	/*! A panel over model, which must outlive it. */
 	explicit DataManagerPanel(OVP::DataManagerTableModel * model, QWidget * parent = nullptr);
 
@@ -29,7 +35,7 @@ public:
 	QTableView * tableView() const { return m_tableView; }
 
 private:
-	/*! Fits the columns to their contents, the path column taking the rest. */
+	/*! Fits the columns to their contents up to MAX_COLUMN_WIDTH, the path column taking the rest. */
 	void fitColumns();
 
 	OVP::DataManagerFilterModel *	m_filterModel;

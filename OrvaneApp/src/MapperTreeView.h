@@ -14,7 +14,7 @@ class MapperTreeView : public QTreeView {
 	Q_OBJECT
 public:
 	/*! Width of the chart name column, in pixels. */
-	static constexpr int NAME_COLUMN_WIDTH = 180;
+	static constexpr int NAME_COLUMN_WIDTH = 240;
 
 	explicit MapperTreeView(QWidget * parent = nullptr);
 

@@ -70,6 +70,8 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	}
 	if (!state.isEmpty())
 		restoreState(state);
+	else
+		resizeDocks({ m_sessionDock }, { SESSION_PANEL_WIDTH }, Qt::Horizontal);
 	// the setting decides, also when the stored window state says otherwise
 	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
 	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {

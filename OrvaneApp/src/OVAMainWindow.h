@@ -18,6 +18,9 @@ class SessionPanel;
 class OVAMainWindow : public QMainWindow {
 	Q_OBJECT
 public:
+	/*! Width of the session panel on the first start, in pixels. */
+	static constexpr int SESSION_PANEL_WIDTH = 460;
+
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);
 	~OVAMainWindow() override;

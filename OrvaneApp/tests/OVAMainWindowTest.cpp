@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -189,8 +190,17 @@ TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
 
 
 TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
+	// the panel follows its setting, and the View menu entry changes it
+	m_settings->m_panelWestVisible = false;
 	OVAMainWindow window;
+	window.show();
 	QCoreApplication::processEvents();
+	QAction * toggle = window.findChild<QDockWidget *>("SessionPanel")->toggleViewAction();
+	EXPECT_FALSE(window.sessionPanel()->isVisible());
+	EXPECT_FALSE(toggle->isChecked());
+	toggle->trigger();
+	EXPECT_TRUE(window.sessionPanel()->isVisible());
+	EXPECT_TRUE(m_settings->m_panelWestVisible);
 	const QString dir = OVATest::scratchDir("mw-panel");
 	createSession(dir, { "T", "RH", "TSurface" });
 	SessionPanel * panel = window.sessionPanel();

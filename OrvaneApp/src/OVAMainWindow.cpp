@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -19,6 +20,9 @@
 
 #include "ChartExportProperties.h"
 #include "MainView.h"
+#include "MapperTreeView.h"
+#include "SessionPanel.h"
+#include "ViewManager.h"
 
 namespace {
 
@@ -46,6 +50,7 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 
 	m_mainView = new MainView(this);
 	setCentralWidget(m_mainView);
+	setupSessionPanel();
 	setupMenus();
 
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
@@ -65,6 +70,13 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	}
 	if (!state.isEmpty())
 		restoreState(state);
+	else
+		resizeDocks({ m_sessionDock }, { SESSION_PANEL_WIDTH }, Qt::Horizontal);
+	// the setting decides, also when the stored window state says otherwise
+	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
+	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
+		OVP::Settings::instance().m_panelWestVisible = visible;
+	});
 }
 
 
@@ -210,11 +222,27 @@ void OVAMainWindow::setupMenus() {
 	viewMenu->addAction(a.m_removeAllSplits);
 	viewMenu->addAction(a.m_gotoNextSplit);
 	viewMenu->addSeparator();
+	viewMenu->addAction(m_sessionDock->toggleViewAction());
+	viewMenu->addSeparator();
 	viewMenu->addAction(a.m_refreshMappers);
 	viewMenu->addAction(a.m_autoRefresh);
 
 	QMenu * chartMenu = menuBar()->addMenu(tr("&Chart"));
 	chartMenu->addAction(a.m_exportCurrentChart);
+}
+
+
+void OVAMainWindow::setupSessionPanel() {
+	m_sessionPanel = new SessionPanel;
+	m_sessionDock = new QDockWidget(tr("Session"), this);
+	// the name identifies the dock in the stored window state
+	m_sessionDock->setObjectName("SessionPanel");
+	m_sessionDock->setWidget(m_sessionPanel);
+	m_sessionDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+	addDockWidget(Qt::LeftDockWidgetArea, m_sessionDock);
+	m_sessionDock->toggleViewAction()->setText(tr("Session panel"));
+	connect(m_sessionPanel->mapperView(), &MapperTreeView::mapperSelected,
+			m_mainView->viewManager(), &ViewManager::showMapper);
 }
 
 

@@ -4,7 +4,9 @@
 #include <QMainWindow>
 #include <QString>
 
+class QDockWidget;
 class MainView;
+class SessionPanel;
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
 	bar, names the open session in the window title, asks to save a modified session when it is
@@ -16,6 +18,9 @@ class MainView;
 class OVAMainWindow : public QMainWindow {
 	Q_OBJECT
 public:
+	/*! Width of the session panel on the first start, in pixels. */
+	static constexpr int SESSION_PANEL_WIDTH = 460;
+
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);
 	~OVAMainWindow() override;
@@ -24,6 +29,8 @@ public:
 	static OVAMainWindow & instance();
 
 	MainView * mainView() const { return m_mainView; }
+	/*! The west panel with directories, data manager and charts. */
+	SessionPanel * sessionPanel() const { return m_sessionPanel; }
 
 	/*! Queues the one chart export of option --generate-chart (see ChartExportProperties). A
 		malformed request is logged and the window closes without asking.
@@ -60,12 +67,16 @@ private slots:
 private:
 	/*! Builds the menu bar from the main view's actions. */
 	void setupMenus();
+	/*! Puts the session panel into a dock on the left. */
+	void setupSessionPanel();
 	/*! Asks whether to reload a session file that has been changed by another program. */
 	void checkForExternalChanges();
 
 	static OVAMainWindow *	m_self;
 
 	MainView *				m_mainView;
+	SessionPanel *			m_sessionPanel;
+	QDockWidget *			m_sessionDock;
 	/*! Set by onCloseWithoutQuestion(). */
 	bool					m_closeWithoutQuestion = false;
 	/*! True while the reload question is shown, so that it is not asked twice. */

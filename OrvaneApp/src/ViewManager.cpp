@@ -103,6 +103,14 @@ void ViewManager::onGotoNextSplit() {
 }
 
 
+void ViewManager::showMapper(int mapperIndex) {
+	const ChartView * v = focusedView();
+	if (v == nullptr || v->mapperIndex() == mapperIndex || mapperIndex < 0 || mapperIndex >= mapperCount())
+		return;
+	editLayout([mapperIndex](SplitTree & tree) { tree.showMapper(tree.focusedView(), mapperIndex); });
+}
+
+
 void ViewManager::onExportChartsScripted() {
 	FUNCID(ViewManager::onExportChartsScripted);
 	if (!m_scriptedExports.isEmpty()) {

@@ -49,6 +49,8 @@ public:
 	bool hasScriptedExports() const { return !m_scriptedExports.isEmpty(); }
 
 public slots:
+	/*! Shows the chart of the mapper at mapperIndex in the focused view. */
+	void showMapper(int mapperIndex);
 	/*! Splits the focused view into two views side by side. */
 	void onSplitHorizontal();
 	/*! Splits the focused view into two views on top of each other. */

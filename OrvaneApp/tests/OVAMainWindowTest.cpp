@@ -4,13 +4,19 @@
 #include <QAction>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
+#include <QTableView>
 #include <QTimer>
 
+#include <OVP_DataManagerTableModel.h>
+#include <OVP_DirectoryTreeModel.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
@@ -18,9 +24,14 @@
 #include <EM_Extractor2DOutputBase.h>
 #include <ZEB_UnitVector.h>
 
+#include "ChartView.h"
+#include "DataManagerPanel.h"
 #include "MainView.h"
+#include "MapperTreeView.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
+#include "SessionPanel.h"
+#include "ViewManager.h"
 
 namespace {
 
@@ -175,6 +186,58 @@ TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
 	window.mainView()->actions().m_refreshMappers->trigger();
 	ASSERT_EQ(y.size(), 70u);
 	EXPECT_EQ(y[0], 42);
+}
+
+
+TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
+	// the panel follows its setting, and the View menu entry changes it
+	m_settings->m_panelWestVisible = false;
+	OVAMainWindow window;
+	window.show();
+	QCoreApplication::processEvents();
+	QAction * toggle = window.findChild<QDockWidget *>("SessionPanel")->toggleViewAction();
+	EXPECT_FALSE(window.sessionPanel()->isVisible());
+	EXPECT_FALSE(toggle->isChecked());
+	toggle->trigger();
+	EXPECT_TRUE(window.sessionPanel()->isVisible());
+	EXPECT_TRUE(m_settings->m_panelWestVisible);
+	const QString dir = OVATest::scratchDir("mw-panel");
+	createSession(dir, { "T", "RH", "TSurface" });
+	SessionPanel * panel = window.sessionPanel();
+
+	// a checked folder lists its files in the table, with the folder's colour; unchecked, none
+	OVP::DirectoryTreeModel * folders = panel->directoryModel();
+	ASSERT_TRUE(folders->addDirectory(dir));
+	const QModelIndex top = folders->index(0, 0);
+	folders->setColor(top, QColor("#ff8000"));
+	ASSERT_TRUE(folders->setData(top, Qt::Checked, Qt::CheckStateRole));
+	panel->fileModel()->readPendingHeaders();
+	const QAbstractItemModel * table = panel->dataManager()->tableView()->model();
+	QStringList names;
+	for (int row = 0; row < table->rowCount(); ++row) {
+		names.append(table->index(row, OVP::DataManagerTableModel::ColName).data().toString());
+		EXPECT_EQ(table->index(row, OVP::DataManagerTableModel::ColColor).data(Qt::DecorationRole).value<QColor>(),
+				  QColor("#ff8000"));
+	}
+	names.sort();
+	EXPECT_EQ(names, QStringList({ "RH.out", "T.out", "TSurface.out" }));
+	panel->dataManager()->filterEdit()->setText("rh");
+	EXPECT_EQ(table->rowCount(), 1);
+	ASSERT_TRUE(folders->setData(top, Qt::Unchecked, Qt::CheckStateRole));
+	panel->dataManager()->filterEdit()->clear();
+	EXPECT_EQ(table->rowCount(), 0);
+
+	// a chart made current in the tree goes into the focused view; Delete asks first
+	MapperTreeView * charts = panel->mapperView();
+	charts->setCurrentIndex(charts->model()->index(2, 0));
+	ViewManager * views = window.mainView()->viewManager();
+	ASSERT_NE(views->focusedView(), nullptr);
+	EXPECT_EQ(views->focusedView()->mapperIndex(), 2);
+	QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+	QCoreApplication::sendEvent(charts, &del);
+	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "Delete charts: Delete the chart 'TSurface.out'? -> refused in a scripted run.",
+								"[LogUserInteraction::askConfirmation]"), 1);
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 3);
 }
 
 

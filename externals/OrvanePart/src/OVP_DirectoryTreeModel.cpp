@@ -312,6 +312,19 @@ void DirectoryTreeModel::removeDirectories(int row, int count) {
 }
 
 
+QColor DirectoryTreeModel::colorOf(const QString & absolutePath) const {
+	if (!m_handler.isValid())
+		return QColor();
+	for (const Directory & d : m_handler.project().m_directories) {
+		for (auto it = d.m_subDirectories.constBegin(); it != d.m_subDirectories.constEnd(); ++it) {
+			if (it.value().m_color.isValid() && joinedPath(d.m_path, it.key()) == absolutePath)
+				return it.value().m_color;
+		}
+	}
+	return QColor();
+}
+
+
 void DirectoryTreeModel::refresh() {
 	for (const std::unique_ptr<Node> & top : m_root->m_children)
 		relistTree(top.get());

@@ -100,6 +100,11 @@ public:
 	*/
 	void removeDirectories(int row, int count);
 
+	/*! The user colour of a folder given by its absolute path (invalid when it has none or is
+		not in the session), for the data manager to show with the folder's files.
+	*/
+	QColor colorOf(const QString & absolutePath) const;
+
 	/*! Absolute paths of the checked folders that exist, in session order. */
 	const QStringList & checkedDirectories() const { return m_checked; }
 

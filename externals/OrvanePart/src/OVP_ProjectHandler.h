@@ -69,6 +69,8 @@ public:
 
 	/*! Replaces the user interaction (dialogs, questions); null restores the dialog-based one. */
 	void setUserInteraction(std::unique_ptr<UserInteraction> userInteraction);
+	/*! The user interaction in use, for the panels that ask the user on the session's behalf. */
+	UserInteraction & userInteraction() const { return *m_userInteraction; }
 
 	/*! True when a project is open. */
 	bool isValid() const { return m_project != nullptr; }

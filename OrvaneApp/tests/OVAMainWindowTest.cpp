@@ -235,7 +235,7 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	EXPECT_EQ(views->focusedView()->mapperIndex(), 2);
 	QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
 	QCoreApplication::sendEvent(charts, &del);
-	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "Delete charts: Delete the chart 'TSurface.out'? -> refused in a scripted run.",
+	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "Delete charts: Delete the chart 'TSurface'? -> refused in a scripted run.",
 								"[LogUserInteraction::askConfirmation]"), 1);
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 3);
 }

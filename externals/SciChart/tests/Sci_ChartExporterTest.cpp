@@ -18,11 +18,11 @@
 
 #include <ZEB_Exception.h>
 
-#include <Sci_AbstractLineSeriesModel.h>
 #include <Sci_Chart.h>
 #include <Sci_ChartExporter.h>
 #include <Sci_ExportDialog.h>
 
+#include "Sci_ChartTestModels.h"
 #include "Sci_ExportTestSupport.h"
 #include "Sci_TestSupport.h"
 
@@ -406,26 +406,6 @@ TEST_F(SciChartExporter, CommandLineExportRules) {
 
 namespace {
 
-/*! One long smooth series (20000 points), long enough for the data reduction. */
-class LongLineModel : public SCI::AbstractLineSeriesModel {
-public:
-	LongLineModel() {
-		for (int i = 0; i < 20000; ++i) {
-			m_x.push_back(i);
-			m_y.push_back(20 + 5*std::sin(i*0.001));
-		}
-	}
-	unsigned int seriesCount() const override { return 1; }
-	unsigned int size(int) const override { return static_cast<unsigned int>(m_x.size()); }
-	const double * xValues(int) const override { return m_x.data(); }
-	const double * yValues(int) const override { return m_y.data(); }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("h"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("C"); }
-private:
-	std::vector<double> m_x;
-	std::vector<double> m_y;
-};
-
 /*! Number of data reduction reports in the capture. */
 int reductionReports(const MessageCapture & capture) {
 	int n = 0;
@@ -439,7 +419,14 @@ int reductionReports(const MessageCapture & capture) {
 
 
 TEST_F(SciChartExporter, DataReductionSwitchThinsLineSeriesDuringExportOnly) {
-	LongLineModel model;
+	// one long smooth series, long enough for the data reduction
+	VectorLineModel model;
+	VectorLineModel::Series s;
+	for (int i = 0; i < 20000; ++i) {
+		s.m_x.push_back(i);
+		s.m_y.push_back(20 + 5*std::sin(i*0.001));
+	}
+	model.addSeries(s);
 	SCI::Chart chart;
 	chart.setModel(&model);
 	chart.resize(600, 400);

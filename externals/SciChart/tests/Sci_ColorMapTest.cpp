@@ -57,17 +57,22 @@ TEST(SciColorMap, LinearMapStepsPositionsAndHsvInterpolation) {
 
 
 TEST(SciColorMap, GreyEndTakesTheHueOfTheOtherEnd) {
-	ColorMap m;
-	m.setLinearMap(QColor(128, 128, 128), QColor(0, 255, 0), 4);
-	ASSERT_EQ(m.m_linearColorStops.size(), 5);
-	for (int i = 1; i < 4; ++i) {
-		const QColor c = m.m_linearColorStops[i].m_color;
-		// hue of green throughout, saturation rising from 0 to 1, value from 128/255 to 1
-		EXPECT_NEAR(c.hsvHueF()*360, 120.0, 1.0) << i;
-		EXPECT_NEAR(c.hsvSaturationF(), i/4.0, 0.01) << i;
-		EXPECT_NEAR(c.valueF(), 128/255.0 + i/4.0*(1 - 128/255.0), 0.01) << i;
+	// grey first or last: hue of green throughout, saturation and value linear between the ends
+	const QColor grey(128, 128, 128), green(0, 255, 0);
+	for (bool greyFirst : { true, false }) {
+		ColorMap m;
+		m.setLinearMap(greyFirst ? grey : green, greyFirst ? green : grey, 4);
+		ASSERT_EQ(m.m_linearColorStops.size(), 5);
+		for (int i = 1; i < 4; ++i) {
+			const QColor c = m.m_linearColorStops[i].m_color;
+			const double t = greyFirst ? i/4.0 : 1 - i/4.0;		// share of green
+			EXPECT_NEAR(c.hsvHueF()*360, 120.0, 1.0) << greyFirst << i;
+			EXPECT_NEAR(c.hsvSaturationF(), t, 0.01) << greyFirst << i;
+			EXPECT_NEAR(c.valueF(), 128/255.0 + t*(1 - 128/255.0), 0.01) << greyFirst << i;
+		}
 	}
 	// both ends grey: a plain grey ramp
+	ColorMap m;
 	m.setLinearMap(Qt::black, Qt::white, 2);
 	EXPECT_EQ(m.m_linearColorStops[1].m_color.red(), m.m_linearColorStops[1].m_color.blue());
 	EXPECT_NEAR(m.m_linearColorStops[1].m_color.valueF(), 0.5, 0.01);

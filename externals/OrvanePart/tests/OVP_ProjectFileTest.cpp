@@ -114,7 +114,7 @@ QStringList dataFilePaths(const QString & projectFile) {
 class ProjectFileTest : public ProjectTest {
 protected:
 	/*! Writes the sample files into dir/results. */
-	void writeSampleData(const QString & dir) {
+	void writeResultsFolder(const QString & dir) {
 		const QString results = dir + "/results";
 		QDir().mkpath(results);
 		const std::vector<double> t = { 0, 1, 2, 3, 4, 5 };
@@ -128,7 +128,7 @@ protected:
 
 	/*! A project with directories, five mappers of every kind and a split layout. */
 	void buildSampleProject(const QString & dir) {
-		writeSampleData(dir);
+		writeResultsFolder(dir);
 		const QString results = dir + "/results";
 		OVP::ProjectHandler & h = handler();
 		h.newProject();
@@ -269,7 +269,7 @@ TEST_F(ProjectFileTest, FileContentOrderAndComments) {
 TEST_F(ProjectFileTest, RelativePathsAndMovedFolder) {
 	const QString base = scratchDir("move");
 	const QString projectDir = base + "/project";
-	writeSampleData(projectDir);
+	writeResultsFolder(projectDir);
 	QDir().mkpath(projectDir + "/data/deep");
 	QDir().mkpath(base + "/beside");
 	writeTimeSeries(base + "/beside/outside.out", { 0, 1 }, { 1, 2 });
@@ -309,7 +309,7 @@ TEST_F(ProjectFileTest, RelativePathsAndMovedFolder) {
 
 TEST_F(ProjectFileTest, SkippedMapperClosesUpIndices) {
 	const QString dir = scratchDir("skip");
-	writeSampleData(dir);
+	writeResultsFolder(dir);
 	const QString mapper = "<Mapper name=\"%1\"><Extractors><Extractor><DataIOFileName>./results/%2</DataIOFileName>"
 						   "<CutType>NoCut</CutType><DataFormat>DF_2D</DataFormat></Extractor></Extractors></Mapper>";
 	writeText(dir + "/s.o2", "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<Orvane version=\"2.2.3\"><Mappers>"
@@ -377,7 +377,7 @@ TEST_F(ProjectFileTest, OptionalSectionsAndVersion) {
 
 TEST_F(ProjectFileTest, CorruptFilesAreRefused) {
 	const QString dir = scratchDir("corrupt");
-	writeSampleData(dir);
+	writeResultsFolder(dir);
 	OVP::ProjectHandler & h = handler();
 	h.newProject();
 	h.addDirectory(dir);

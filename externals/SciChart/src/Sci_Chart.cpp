@@ -617,6 +617,8 @@ void Chart::applyChartProperty(int role) {
 	if (all || role == CDM::TitleText || role == CDM::TitleFont) {
 		QwtText title(m_model->chartData(CDM::TitleText).toString());
 		title.setFont(m_model->chartData(CDM::TitleFont).value<QFont>());
+		// a title wider than the chart wraps instead of being cut off at both ends
+		title.setRenderFlags(Qt::AlignCenter | Qt::TextWordWrap);
 		setTitle(title);
 	}
 	if (all || (role >= CDM::LegendVisible && role <= CDM::LegendFont))

@@ -96,6 +96,11 @@ TEST(SciChart, TwoNestedChangeBracketsRedrawOnceAfterTheSecond) {
 	EXPECT_EQ(chart.m_replots, 1);
 	model.setChartData("Fourth title", CDM::TitleText);
 	EXPECT_EQ(chart.m_replots, 2);
+
+	// a long title wraps in a narrow chart rather than being cut off
+	model.setChartData("Temperature and relative humidity at the inner surface of the corner", CDM::TitleText);
+	const QFont font = chart.title().font();
+	EXPECT_GT(chart.title().heightForWidth(150, font), 2*chart.title().heightForWidth(10000, font));
 }
 
 

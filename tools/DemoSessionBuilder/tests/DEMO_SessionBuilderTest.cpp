@@ -363,7 +363,7 @@ TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
 		options.setCutIndex(EM::CD_Time, static_cast<unsigned int>(it - times.begin()));
 	};
 
-	// 1: outdoor temperature and relative humidity, two of the data sets of the climate file
+	// 1: outdoor temperature and relative humidity, the first two of the climate file's data sets
 	const std::vector<OVP::Mapper::DataSet> climate = dataSetsOfRows(files, { "climate.s6b" });
 	ASSERT_GE(climate.size(), 2u);
 	options.setSelection({ climate[0] });

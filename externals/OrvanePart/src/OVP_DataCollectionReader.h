@@ -24,9 +24,12 @@ public:
 	/*! Forgets geometries that no collection holds any longer. */
 	void dropUnusedGeometries() { m_geometries.dropUnused(); }
 
-private:
-	/*! Checks value unit, time unit and quantity of a header; throws ZEB::Exception. */
+	/*! Checks value unit, time unit and quantity of a header, as every data set that is listed or
+		charted must have them; throws ZEB::Exception.
+	*/
 	static void checkHeader(const DATAIO::DataIO & header);
+
+private:
 
 	GeometryCache	m_geometries;
 };

@@ -11,7 +11,6 @@
 #include <ZEB_MessageHandler.h>
 
 #include "OVP_DataSetMimeData.h"
-#include "OVP_DirectoryLister.h"
 #include "OVP_Settings.h"
 
 namespace OVP {
@@ -50,14 +49,7 @@ QString failureText(const ZEB::Exception & ex) {
 
 
 DataManagerTableModel::DataManagerTableModel(QObject * parent) :
-	DataManagerTableModel(std::unique_ptr<DirectoryLister>(new DirectoryLister), parent)
-{
-}
-
-
-DataManagerTableModel::DataManagerTableModel(std::unique_ptr<DirectoryLister> lister, QObject * parent) :
-	QAbstractTableModel(parent),
-	m_lister(std::move(lister))
+	QAbstractTableModel(parent)
 {
 	m_changeTimer.setSingleShot(true);
 	m_changeTimer.setInterval(CHANGE_DELAY_MS);
@@ -321,7 +313,7 @@ QStringList DataManagerTableModel::listDirectory(ListedDirectory & directory) {
 	FUNCID(DataManagerTableModel::listDirectory);
 	QStringList found;
 	try {
-		found = m_lister->files(directory.m_path, Settings::instance().m_fileNameFilter);
+		found = m_lister.files(directory.m_path, Settings::instance().m_fileNameFilter);
 	}
 	catch (ZEB::Exception & ex) {
 		const QString message = failureText(ex);

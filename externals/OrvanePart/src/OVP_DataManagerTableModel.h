@@ -3,7 +3,6 @@
 
 #include <deque>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include <QAbstractTableModel>
@@ -18,14 +17,13 @@
 
 #include "OVP_DataCollection.h"
 #include "OVP_DataCollectionReader.h"
+#include "OVP_DirectoryLister.h"
 
 namespace ZEB {
 class Exception;
 }
 
 namespace OVP {
-
-class DirectoryLister;
 
 /*! The data manager's file table: one row per data file found in the listed folders (each
 	folder without its sub-folders), for the files that match the FileNameFilter patterns of the
@@ -67,8 +65,6 @@ public:
 	static constexpr int BATCH_MS = 30;
 
 	explicit DataManagerTableModel(QObject * parent = nullptr);
-	/*! A model that lists folders through the given lister (one standing in for the file system). */
-	explicit DataManagerTableModel(std::unique_ptr<DirectoryLister> lister, QObject * parent = nullptr);
 	~DataManagerTableModel() override;
 
 	int rowCount(const QModelIndex & parent = QModelIndex()) const override;
@@ -176,7 +172,7 @@ private:
 	ListedDirectory * findDirectory(const QString & path);
 	const ListedDirectory * findDirectory(const QString & path) const;
 
-	std::unique_ptr<DirectoryLister>	m_lister;
+	DirectoryLister						m_lister;
 	DataCollectionReader				m_reader;
 	std::vector<ListedDirectory>		m_directories;
 	/*! Files found in the listed folders, by absolute path. */

@@ -5,6 +5,7 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include "OVP_DataCollectionReader.h"
 #include "OVP_DataManager.h"
 #include "OVP_UserInteraction.h"
 
@@ -45,6 +46,14 @@ void DataSetOptions::classifySelection() {
 	bool all2D = true;
 	for (const Mapper::DataSet & ds : m_selection) {
 		m_dataIOs.push_back(m_dataManager.container(ds.m_fileName));
+		// the file may have changed since the table listed it
+		try {
+			DataCollectionReader::checkHeader(*m_dataIOs.back());
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, ZEB::MessageFormat("File '%1' holds no data set that can be shown.")
+								 .arg(ds.m_fileName.toStdString()), FUNC_ID);
+		}
 		all2D = all2D && m_dataIOs.back()->dataFormat() == DATAIO::DataIO::DF_2D;
 	}
 	if (all2D) {

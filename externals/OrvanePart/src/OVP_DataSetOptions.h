@@ -55,7 +55,8 @@ public:
 	~DataSetOptions() override;
 
 	/*! Takes the data sets selected in the table (file and column); their files are opened
-		(header and time points). The cut is set up anew for a field or flux data set; the
+		(header and time points) and their headers checked as the table checks them (a file may
+		have changed since it was listed): one that fails makes the selection unsupported. The cut is set up anew for a field or flux data set; the
 		manipulator and model choices stay.
 	*/
 	void setSelection(const std::vector<Mapper::DataSet> & dataSets);

@@ -538,7 +538,8 @@ void DirectoryTreeModel::relist(Node * node) {
 		reportOnce(ZEB::MessageFormat("Directory '%1' does not exist.").arg(node->m_absolutePath.toStdString()).str(),
 				   FUNC_ID);
 	}
-	else if (!info.isReadable()) {
+	// without execute permission the names can be read, but not what they are
+	else if (!info.isReadable() || !info.isExecutable()) {
 		reportOnce(ZEB::MessageFormat("Directory '%1' cannot be read (missing permissions).")
 				   .arg(node->m_absolutePath.toStdString()).str(), FUNC_ID);
 	}

@@ -1,10 +1,13 @@
 #include "OVP_ProjectTestUtils.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include <functional>
+#include <tuple>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -20,10 +23,13 @@
 #include <DATAIO_DataIO.h>
 #include <DATAIO_DataIOWriter.h>
 
+#include <OVP_ChartCreator.h>
 #include <OVP_DataManagerFilterModel.h>
 #include <OVP_DataManagerTableModel.h>
 #include <OVP_DataSetMimeData.h>
-#include <OVP_DirectoryLister.h>
+#include <OVP_DataSetOptions.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
 
 using OVP::DataCollection;
 using OVP::DataManagerTableModel;
@@ -66,44 +72,25 @@ QStringList rowNames(const DataManagerTableModel & model) {
 	return names;
 }
 
-/*! A lister that refuses one folder, as the file system does for a folder without read
-	permission (the tests run as root, which reads every folder).
-*/
-class RefusingLister : public OVP::DirectoryLister {
-public:
-	explicit RefusingLister(const QString & refused) : m_refused(refused) {}
-	QStringList files(const QString & directory, const QStringList & patterns) const override {
-		if (directory == m_refused)
-			throw ZEB::Exception("Directory '" + directory.toStdString() + "' cannot be read (missing permissions).",
-								 "[RefusingLister::files]");
-		return DirectoryLister::files(directory, patterns);
-	}
-	QString m_refused;
-};
-
-/*! Settings with the default file name filter, a message recorder and a fresh folder. */
-class DataManagerTableModelTest : public ::testing::Test {
+/*! A fresh session, a message recorder and a data folder. */
+class DataManagerTableModelTest : public OVPTest::ProjectTest {
 protected:
 	void SetUp() override {
-		m_dir = OVPTest::testScratchDir();
-		m_settings.reset(new OVP::Settings("ZEB", "OrvanePart", m_dir + "/settings.ini"));
-		m_dataDir = m_dir + "/data";
+		ProjectTest::SetUp();
+		m_dataDir = m_testDir + "/data";
 		QDir().mkpath(m_dataDir);
 	}
 
 	/*! The warnings that mention the text. */
 	int warningsAbout(const QString & text) const {
 		int n = 0;
-		for (const OVPTest::RecordedMessage & m : m_messages.m_messages)
+		for (const OVPTest::RecordedMessage & m : m_messages->m_messages)
 			if (m.m_type == ZEB::MSG_WARNING && QString::fromStdString(m.m_text).contains(text))
 				++n;
 		return n;
 	}
 
-	OVPTest::MessageRecorder			m_messages;
-	QString								m_dir;
 	QString								m_dataDir;
-	std::unique_ptr<OVP::Settings>		m_settings;
 };
 
 } // namespace
@@ -230,14 +217,14 @@ TEST_F(DataManagerTableModelTest, ListsCheckedHeadersInInsertionOrder) {
 		EXPECT_EQ(warningsAbout("'" + path + "'"), 1) << f.first.toStdString();
 	}
 	EXPECT_TRUE(model.rejectedFiles().value(d + "/no_geometry.s6o").contains("missing.g6a"));
-	EXPECT_EQ(int(m_messages.m_messages.size()), int(failing.size()));
+	EXPECT_EQ(int(m_messages->m_messages.size()), int(failing.size()));
 }
 
 
 TEST_F(DataManagerTableModelTest, ListsEachFileOnceAndRemovesFolders) {
 	const QString a = m_dataDir;
-	const QString b = m_dir + "/second";
-	const QString link = m_dir + "/link";
+	const QString b = m_testDir + "/second";
+	const QString link = m_testDir + "/link";
 	QDir().mkpath(b);
 	writeSeries(a + "/x.s6o");
 	writeSeries(a + "/y.s6o");
@@ -262,7 +249,7 @@ TEST_F(DataManagerTableModelTest, ListsEachFileOnceAndRemovesFolders) {
 
 	model.setListedDirectories({ b });
 	EXPECT_EQ(rowNames(model), QStringList({ "a.s6o" }));
-	EXPECT_TRUE(m_messages.m_messages.empty());
+	EXPECT_TRUE(m_messages->m_messages.empty());
 }
 
 
@@ -313,35 +300,87 @@ TEST_F(DataManagerTableModelTest, FollowsFilesAppearingGrowingAndDisappearing) {
 	file.close();
 	QTest::qWait(2*DataManagerTableModel::CHANGE_DELAY_MS);
 	EXPECT_EQ(warningsAbout(late), 2);
-
-	// deleted: the row goes, with one message
-	ASSERT_TRUE(QFile::remove(d + "/a.s6o"));
-	ASSERT_TRUE(waitUntil([&]() { return model.rowCount() == 0; }));
-	EXPECT_EQ(warningsAbout(d + "/a.s6o"), 1);
-	QTest::qWait(2*DataManagerTableModel::CHANGE_DELAY_MS);
-	EXPECT_EQ(int(m_messages.m_messages.size()), 3);
+	EXPECT_EQ(int(m_messages->m_messages.size()), 2);
 }
 
 
 TEST_F(DataManagerTableModelTest, FoldersThatCannotBeReadGiveOneMessage) {
-	const QString locked = m_dir + "/locked";
+	const QString locked = m_testDir + "/locked";
 	QDir().mkpath(locked);
 	writeSeries(locked + "/hidden.s6o");
 	writeSeries(m_dataDir + "/a.s6o");
-	DataManagerTableModel model(std::unique_ptr<OVP::DirectoryLister>(new RefusingLister(locked)));
-	model.addDirectory(locked);
-	model.addDirectory(m_dir + "/none");
-	model.addDirectory(m_dataDir);
-	model.readPendingHeaders();
-	EXPECT_EQ(rowNames(model), QStringList({ "a.s6o" }));
-	EXPECT_EQ(warningsAbout("'" + locked + "' cannot be read (missing permissions)."), 1);
-	EXPECT_EQ(warningsAbout("Directory '" + m_dir + "/none' does not exist."), 1);
-	EXPECT_TRUE(model.rejectedFiles().isEmpty());
+	ASSERT_TRUE(QFile::setPermissions(locked, QFile::Permissions()));
+	// permission bits do not stop root: then the folders are listed by a child process as "nobody"
+	const auto listAsNobody = [&]() {
+		if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
+			std::exit(2);
+		DataManagerTableModel model;
+		model.addDirectory(locked);
+		model.addDirectory(m_testDir + "/none");
+		model.addDirectory(m_dataDir);
+		model.readPendingHeaders();
+		const bool ok = rowNames(model) == QStringList({ "a.s6o" }) && model.rejectedFiles().isEmpty()
+			&& warningsAbout("Directory '" + locked + "' cannot be read (missing permissions).") == 1
+			&& warningsAbout("Directory '" + m_testDir + "/none' does not exist.") == 1
+			&& m_messages->m_messages.size() == 2;
+		std::exit(ok ? 0 : 1);
+	};
+	EXPECT_EXIT(listAsNobody(), ::testing::ExitedWithCode(0), "");
+	QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 
 	// a listed folder deleted from the disk takes its rows with it
+	DataManagerTableModel model;
+	model.addDirectory(m_dataDir);
+	model.readPendingHeaders();
 	ASSERT_TRUE(QDir(m_dataDir).removeRecursively());
 	ASSERT_TRUE(waitUntil([&]() { return model.rowCount() == 0; }));
 	EXPECT_EQ(warningsAbout("Directory '" + m_dataDir + "' does not exist."), 1);
+}
+
+
+// A listed file broken on disk: its row goes with one message, the others stay. Selected before
+// the table noticed, it makes no chart and the user is told why, once; later changes in the
+// folder give no second message.
+TEST_F(DataManagerTableModelTest, ListedFileBrokenOnDisk) {
+	// file name, how it breaks, the table's message
+	typedef std::function<void(const QString &)> Break;
+	const std::vector<std::tuple<QString, Break, QString> > cases = {
+		{ "deleted", [](const QString & p) { QFile::remove(p); }, "' no longer exists and is removed from the list." },
+		{ "emptied", [](const QString & p) { writeText(p, ""); }, QString("' is not listed: ") + UNREADABLE },
+		{ "no_unit", [](const QString & p) { writeText(p, header("Temperature", "", "h") + "1\t20\n"); },
+		  "' is not listed: Value unit empty in DataIO container." },
+		{ "broken_link", [](const QString & p) { QFile::remove(p); QFile::link(p + ".gone", p); },
+		  QString("' is not listed: ") + UNREADABLE } };
+	handler().newProject();
+	writeSeries(m_dataDir + "/a.s6o");
+	for (const auto & c : cases)
+		writeSeries(m_dataDir + "/" + std::get<0>(c) + ".s6o");
+	DataManagerTableModel model;
+	model.addDirectory(m_dataDir);
+	model.readPendingHeaders();
+	ASSERT_EQ(model.rowCount(), 5);
+	OVP::DataSetOptions options(handler().dataManager());
+	OVP::ChartCreator creator(handler(), *m_ui);
+
+	for (std::size_t i = 0; i < cases.size(); ++i) {
+		const QString path = m_dataDir + "/" + std::get<0>(cases[i]) + ".s6o";
+		SCOPED_TRACE(path.toStdString());
+		std::get<1>(cases[i])(path);
+		options.setSelection({ OVP::Mapper::DataSet{ path } });
+		EXPECT_EQ(options.selectionKind(), OVP::DataSetOptions::SK_Unsupported);
+		EXPECT_TRUE(options.selectionMessage().contains(path)) << options.selectionMessage().toStdString();
+		EXPECT_EQ(creator.createChart(options), -1);
+		EXPECT_EQ(m_ui->m_shown.size(), i + 1);
+		ASSERT_TRUE(waitUntil([&]() { return model.rowOfFile(path) < 0; }));
+		EXPECT_EQ(warningsAbout("'" + path + std::get<2>(cases[i])), 1);
+	}
+	writeSeries(m_dataDir + "/b.s6o");
+	ASSERT_TRUE(waitUntil([&]() { return model.rowCount() == 2; }));
+	QTest::qWait(2*DataManagerTableModel::CHANGE_DELAY_MS);
+	EXPECT_EQ(rowNames(model), QStringList({ "a.s6o", "b.s6o" }));
+	EXPECT_EQ(warningsAbout("'" + m_dataDir), int(cases.size()));
+	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+	EXPECT_FALSE(handler().isModified());
 }
 
 

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
@@ -303,20 +304,29 @@ TEST_F(DirectoryTreeModelTest, FollowsFileSystem) {
 
 
 TEST_F(DirectoryTreeModelTest, UnreadableFolder) {
-	makeDirs({ "data/locked/inner" });
+	// a folder without read permission, and one that can be read but not entered
+	makeDirs({ "data/locked/inner", "data/closed/inner" });
 	const QString locked = m_testDir + "/data/locked";
-	ASSERT_TRUE(QFile::setPermissions(locked, QFile::WriteOwner | QFile::ExeOwner));
+	const QString closed = m_testDir + "/data/closed";
+	ASSERT_TRUE(QFile::setPermissions(locked, QFile::WriteOwner | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther));
+	ASSERT_TRUE(QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
 	handler().newProject();
 	ASSERT_TRUE(m_model->addDirectory(m_testDir + "/data"));
-	const QModelIndex index = child(m_model->index(0, 0), "locked");
-	// permission bits do not stop root: the folder is listed by a child process as "nobody"
+	const QModelIndex top = m_model->index(0, 0);
+	// permission bits do not stop root: the folders are listed by a child process as "nobody"
 	const auto listAsNobody = [&]() {
 		if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
 			std::exit(2);
-		m_model->fetchMore(index);
-		const bool reported = warnings("Directory '" + locked + "' cannot be read (missing permissions).") == 1;
-		std::exit(reported && m_model->rowCount(index) == 0 ? 0 : 1);
+		bool ok = true;
+		for (const QString & folder : { locked, closed }) {
+			const QModelIndex index = child(top, QFileInfo(folder).fileName());
+			m_model->fetchMore(index);
+			ok = ok && m_model->rowCount(index) == 0
+				&& warnings("Directory '" + folder + "' cannot be read (missing permissions).") == 1;
+		}
+		std::exit(ok ? 0 : 1);
 	};
 	EXPECT_EXIT(listAsNobody(), ::testing::ExitedWithCode(0), "");
-	QFile::setPermissions(locked, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+	for (const QString & folder : { locked, closed })
+		QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }

@@ -5,14 +5,21 @@
 #include <vector>
 
 #include <QDir>
+#include <QMimeData>
 #include <QSet>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 #include <EM_ExtractorBase.h>
 
+#include <OVP_ChartCreator.h>
 #include <OVP_DataManager.h>
+#include <OVP_DataManagerTableModel.h>
+#include <OVP_DataSetMimeData.h>
+#include <OVP_DataSetOptions.h>
+#include <OVP_DirectoryTreeModel.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
@@ -27,6 +34,8 @@
 #include <ZEB_UnitList.h>
 
 #include <SD_SampleDataSet.h>
+
+#include <OVP_ProjectTestUtils.h>
 
 #include "DEMO_SessionBuilder.h"
 
@@ -75,6 +84,74 @@ bool same(const QVariant & a, const QVariant & b) {
 /*! The first extractor of a mapper with its containers. */
 const OVP::Mapper::ExtractorEntry & firstExtractor(const OVP::Mapper & mapper) {
 	return mapper.type() == OVP::Mapper::MT_2D ? mapper.extractors2D().front() : mapper.extractor3D();
+}
+
+/*! The numbers a chart shows, each list named after what it is. */
+typedef std::vector<std::pair<std::string, std::vector<double> > > ChartNumbers;
+
+ChartNumbers chartNumbers(const OVP::Mapper & mapper) {
+	const auto list = [](const double * values, std::size_t n) {
+		return values == nullptr ? std::vector<double>() : std::vector<double>(values, values + n);
+	};
+	ChartNumbers numbers;
+	if (mapper.type() == OVP::Mapper::MT_2D) {
+		const LM & m = static_cast<const LM &>(*mapper.chartModel());
+		for (int s = 0; s < static_cast<int>(m.seriesCount()); ++s) {
+			numbers.emplace_back("x of series " + std::to_string(s), list(m.xValues(s), m.size(s)));
+			numbers.emplace_back("y of series " + std::to_string(s), list(m.yValues(s), m.size(s)));
+		}
+	}
+	else if (mapper.type() == OVP::Mapper::MT_3D) {
+		const GM & m = static_cast<const GM &>(*mapper.chartModel());
+		numbers.emplace_back("x grid", list(m.xGrid(0), m.xGridSize(0)));
+		numbers.emplace_back("y grid", list(m.yGrid(0), m.yGridSize(0)));
+		numbers.emplace_back("values", list(m.values(0), std::size_t(m.xValueSize(0))*m.yValueSize(0)));
+	}
+	else if (mapper.type() == OVP::Mapper::MT_Vector) {
+		const VM & m = static_cast<const VM &>(*mapper.chartModel());
+		const std::size_t n = std::size_t(m.xGridSize(0))*m.yGridSize(0);
+		numbers.emplace_back("x grid", list(m.xGrid(0), m.xGridSize(0)));
+		numbers.emplace_back("y grid", list(m.yGrid(0), m.yGridSize(0)));
+		numbers.emplace_back("x components", list(m.xComponents(0), n));
+		numbers.emplace_back("y components", list(m.yComponents(0), n));
+	}
+	return numbers;
+}
+
+/*! Exact equality of the numbers of two charts; NaN (no value, as outside the corner) equals NaN. */
+::testing::AssertionResult sameNumbers(const ChartNumbers & expected, const ChartNumbers & actual) {
+	if (expected.size() != actual.size())
+		return ::testing::AssertionFailure() << actual.size() << " lists of numbers instead of " << expected.size();
+	for (std::size_t i = 0; i < expected.size(); ++i) {
+		const std::vector<double> & e = expected[i].second;
+		const std::vector<double> & a = actual[i].second;
+		if (e.empty() || e.size() != a.size())
+			return ::testing::AssertionFailure() << expected[i].first << ": " << a.size() << " numbers instead of "
+												 << e.size();
+		for (std::size_t k = 0; k < e.size(); ++k)
+			if (!(e[k] == a[k] || (std::isnan(e[k]) && std::isnan(a[k]))))
+				return ::testing::AssertionFailure() << expected[i].first << " #" << k << ": " << a[k] << " instead of "
+													 << e[k];
+	}
+	return ::testing::AssertionSuccess();
+}
+
+/*! The data sets of the rows of the file table with these file names, as the table drags them. */
+std::vector<OVP::Mapper::DataSet> dataSetsOfRows(const OVP::DataManagerTableModel & files, const QStringList & names) {
+	QModelIndexList rows;
+	for (int r = 0; r < files.rowCount(); ++r)
+		if (names.contains(files.index(r, OVP::DataManagerTableModel::ColName).data().toString()))
+			rows.append(files.index(r, OVP::DataManagerTableModel::ColName));
+	EXPECT_EQ(rows.size(), names.size()) << names.join(", ").toStdString();
+	const std::unique_ptr<QMimeData> mime(files.mimeData(rows));
+	std::vector<OVP::Mapper::DataSet> dataSets;
+	for (const OVP::DataSetMimeData::DataSet & d : OVP::DataSetMimeData::read(mime.get())) {
+		OVP::Mapper::DataSet ds;
+		ds.m_fileName = d.m_path;
+		ds.m_column = d.m_column == OVP::DataSetMimeData::NO_COLUMN ? 0 : static_cast<std::uint32_t>(d.m_column);
+		dataSets.push_back(ds);
+	}
+	return dataSets;
 }
 
 } // namespace
@@ -239,4 +316,100 @@ TEST_F(DemoSessionTest, DefaultFileNameFilterListsEveryDataFile) {
 		EXPECT_NE(listed, geometry) << name.toStdString();
 	}
 	EXPECT_EQ(patternsMatched, (QSet<QString>{ "*.out", "*.s6o", "*.s6b", "*.ccd" }));
+}
+
+
+// A new user makes the seven demo charts from an empty session: registers and checks the data
+// folder, picks the files in the table, sets cut and model beside it and creates the charts, all
+// through the models the panels use. Each chart shows exactly the numbers of the demo chart (in
+// the axis units the demo chose, which the user sets in the axis panel), also after the session
+// was saved and opened again.
+TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
+	std::vector<ChartNumbers> demo;
+	std::vector<std::vector<QVariant> > demoAxisUnits;
+	for (int i = 0; i < DEMO::SessionBuilder::CHART_COUNT; ++i) {
+		const OVP::Mapper & m = *m_handler.project().mapperModel()->mapper(i);
+		demo.push_back(chartNumbers(m));
+		demoAxisUnits.emplace_back();
+		for (int axis = 0; axis < CM::NUM_AXES; ++axis)
+			demoAxisUnits.back().push_back(m.chartModel()->axisData(axis, CM::AxisUnit));
+	}
+
+	const OVP::Settings settings("ZEB", "DemoSessionTests", QDir(m_root->path()).filePath("settings.ini"));
+	OVPTest::TestUserInteraction * ui = new OVPTest::TestUserInteraction;
+	m_handler.setUserInteraction(std::unique_ptr<OVP::UserInteraction>(ui));
+	m_handler.newProject();
+	OVP::DirectoryTreeModel directories(m_handler);
+	OVP::DataManagerTableModel files;
+	QObject::connect(&directories, &OVP::DirectoryTreeModel::directoryChecked, &files,
+					 [&](const QString & path) { files.addDirectory(path, directories.colorOf(path)); });
+	QSignalSpy headersRead(&files, &OVP::DataManagerTableModel::headersRead);
+	ASSERT_TRUE(directories.addDirectory(dataFile("")));
+	ASSERT_TRUE(directories.setData(directories.index(0, 0), Qt::Checked, Qt::CheckStateRole));
+	ASSERT_TRUE(headersRead.wait(10000));
+	// every file is listed but the climate data file, for which Orvane has no reader yet
+	EXPECT_EQ(files.rejectedFiles().keys(), QStringList({ dataFile("climate_outdoor_temperature.ccd") }));
+
+	OVP::DataSetOptions options(m_handler.dataManager());
+	OVP::ChartCreator creator(m_handler, *ui);
+	const auto select = [&](const QStringList & names) { options.setSelection(dataSetsOfRows(files, names)); };
+	const auto cutAtColdTime = [&]() {
+		options.setCutType(EM::CT_TimeCut);
+		double t = m_builder->coldTime();
+		ZEB::UnitList::instance().convert(ZEB::Unit("h"), ZEB::Unit(options.cut().unit(EM::CD_Time).toStdString()), t);
+		const std::vector<double> & times = options.cut().coordinates(EM::CD_Time);
+		const auto it = std::lower_bound(times.begin(), times.end(), t);
+		ASSERT_TRUE(it != times.end() && *it == t) << t;
+		options.setCutIndex(EM::CD_Time, static_cast<unsigned int>(it - times.begin()));
+	};
+
+	// 1: outdoor temperature and relative humidity, the first two of the climate file's data sets
+	const std::vector<OVP::Mapper::DataSet> climate = dataSetsOfRows(files, { "climate.s6b" });
+	ASSERT_GE(climate.size(), 2u);
+	options.setSelection({ climate[0] });
+	ASSERT_EQ(creator.createChart(options), 0);
+	options.setSelection({ climate[1] });
+	EXPECT_TRUE(creator.addToChart(0, options));
+	// 2: wall temperature profile at the cold time
+	select({ "wall_temperature.s6b" });
+	ASSERT_EQ(options.selectionKind(), OVP::DataSetOptions::SK_Field);
+	cutAtColdTime();
+	EXPECT_EQ(creator.createChart(options), 1);
+	// 3: wall temperature over depth and time
+	options.setCutType(EM::CT_NoCut);
+	EXPECT_EQ(creator.createChart(options), 2);
+	// 4, 5: corner temperature field and heat flux at the cold time
+	select({ "corner_temperature.s6b" });
+	cutAtColdTime();
+	EXPECT_EQ(creator.createChart(options), 3);
+	select({ "corner_heatflux.s6b" });
+	cutAtColdTime();
+	EXPECT_EQ(creator.createChart(options), 4);
+	// 6, 7: the models, each from a temperature and a relative humidity file
+	select({ "corner_surface_temperature.s6b", "corner_surface_relhum.s6b" });
+	ASSERT_EQ(options.selectionKind(), OVP::DataSetOptions::SK_TwoSeries);
+	options.setModelType("VTTMouldModel");
+	EXPECT_EQ(creator.createChart(options), 5);
+	select({ "wall_interface_temperature.s6b", "wall_interface_relhum.s6b" });
+	options.setModelType("VTTWoodDegradation");
+	EXPECT_EQ(creator.createChart(options), 6);
+	for (const OVPTest::TestUserInteraction::Shown & s : ui->m_shown)
+		ADD_FAILURE() << s.m_title.toStdString() << ": " << s.m_text.toStdString();
+	ASSERT_EQ(m_handler.project().mapperModel()->mapperCount(), DEMO::SessionBuilder::CHART_COUNT);
+
+	const auto compare = [&](const char * when) {
+		for (int i = 0; i < DEMO::SessionBuilder::CHART_COUNT; ++i)
+			EXPECT_TRUE(sameNumbers(demo[i], chartNumbers(*m_handler.project().mapperModel()->mapper(i))))
+					<< "chart " << i + 1 << " " << when;
+	};
+	for (int i = 0; i < DEMO::SessionBuilder::CHART_COUNT; ++i)
+		for (int axis = 0; axis < CM::NUM_AXES; ++axis)
+			m_handler.project().mapperModel()->mapper(i)->chartModel()->setAxisData(demoAxisUnits[i][axis], axis,
+																					 CM::AxisUnit);
+	compare("as made");
+	const QString file = QDir(m_root->path()).filePath("session/new.o2");
+	ASSERT_EQ(m_handler.saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(m_handler.loadProject(nullptr, file, false));
+	ASSERT_EQ(m_handler.project().mapperModel()->mapperCount(), DEMO::SessionBuilder::CHART_COUNT);
+	compare("after saving and opening");
 }

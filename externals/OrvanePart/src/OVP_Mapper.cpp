@@ -715,8 +715,9 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 			throw ZEB::Exception("Invalid data format type", FUNC_ID);
 		entry.m_extractor = createExtractor(dataIO, entry.m_dataFormat, dataSets[0].m_cutType, dataSets[0].m_column);
 		for (const std::pair<unsigned int, unsigned int> & cut : dataSets[0].m_cutIndices) {
+			// a time point the user picked stays picked, even while a rerun has not reached it yet
 			if (cut.first == EM::CD_Time)
-				entry.m_extractor->setTimeCutIndex(cut.second, false, false);
+				entry.m_extractor->setTimeCutIndex(cut.second, cut.second != EM::ExtractorBase::LAST_INDEX, false);
 			else
 				entry.m_extractor->setCutIndex(cut.first, cut.second, false);
 		}

@@ -222,6 +222,8 @@ TEST_F(ChartCreatorTest, ColourGridWithTimeCut) {
 	for (int m = 0; m < 2; ++m) {
 		const EM::Extractor3DOutputBase & grid = static_cast<const EM::Extractor3DOutputBase &>(*mapper(m).extractor3D().m_extractor);
 		const double hour = m == 0 ? 3 : 1;
+		// the picked hour is locked, so that a shorter rerun of the simulation does not lose it
+		EXPECT_EQ(grid.isTimeIndexLocked(), m == 1);
 		ASSERT_EQ(grid.xCellCount(), 3u);
 		ASSERT_EQ(grid.yCellCount(), 2u);
 		for (std::size_t i = 0; i < 3; ++i)

@@ -16,6 +16,8 @@ ReadProgressWidget::ReadProgressWidget(const OVP::ProgressNotifier * notifier, Q
 	layout->setContentsMargins(0, 0, 0, 0);
 	layout->addWidget(m_label);
 	layout->addWidget(m_bar);
+	// the name stays next to the bar when the status bar gives the widget more room
+	m_label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 	m_bar->setRange(0, 100);
 	m_bar->setFixedWidth(200);
 	hide();

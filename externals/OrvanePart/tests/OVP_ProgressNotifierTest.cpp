@@ -5,8 +5,6 @@
 #include <QFile>
 #include <QSignalSpy>
 
-#include <DATAIO_DataIO.h>
-
 #include <Sci_AbstractLineSeriesModel.h>
 
 #include <OVP_DataManager.h>
@@ -46,13 +44,12 @@ protected:
 		});
 	}
 
-	/*! Posts a call that runs when the event loop runs next and records the percentage then. */
-	void postCall(std::function<void()> call = std::function<void()>()) {
+	/*! Posts a call for the next turn of the event loop, recording the percentage then. */
+	void postCall(std::function<void()> call) {
 		m_percentAtCall = -1;
 		QMetaObject::invokeMethod(&m_notifier, [this, call]() {
 			m_percentAtCall = m_percents.empty() ? 0 : m_percents.back();
-			if (call)
-				call();
+			call();
 		}, Qt::QueuedConnection);
 	}
 
@@ -81,11 +78,10 @@ TEST_F(ProgressNotifierTest, ReadsReportProgressAndKeepTheWindowAlive) {
 	QSignalSpy finished(&m_notifier, &OVP::ProgressNotifier::finished);
 
 	// opening: a posted call runs while the file is read, that is before its end
-	postCall();
+	postCall([]() {});
 	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_file } });
 	expectRisingToFull();
-	EXPECT_GE(m_percentAtCall, 0);
-	EXPECT_LT(m_percentAtCall, 100);
+	EXPECT_TRUE(m_percentAtCall >= 0 && m_percentAtCall < 100) << m_percentAtCall;
 	ASSERT_EQ(started.count(), 1);
 	EXPECT_EQ(started[0][0].toString(), m_file);
 	EXPECT_EQ(finished.count(), 1);
@@ -96,14 +92,10 @@ TEST_F(ProgressNotifierTest, ReadsReportProgressAndKeepTheWindowAlive) {
 	postCall([mapper]() { mapper->refresh(); });
 	m->refresh();
 	expectRisingToFull();
-	EXPECT_LT(m_percentAtCall, 100);
-	const DATAIO::DataIO & data = *m->extractors2D()[0].m_dataIOs[0];
-	ASSERT_EQ(data.timePoints().size(), 2000001u);
-	EXPECT_EQ(data.timePoints().back(), 2000000);
+	EXPECT_TRUE(m_percentAtCall >= 0 && m_percentAtCall < 100) << m_percentAtCall;
+	EXPECT_EQ(m->extractors2D()[0].m_dataIOs[0]->timePoints().size(), 2000001u);
 	EXPECT_EQ(static_cast<const SCI::AbstractLineSeriesModel &>(*m->chartModel()).size(0), 2000001u);
-	EXPECT_EQ(started.count(), 2);
 	EXPECT_EQ(finished.count(), 2);
-	EXPECT_FALSE(handler().dataManager().isReading());
 }
 
 

@@ -9,18 +9,21 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
+#include <OVP_ProgressNotifier.h>
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
 
 #include "ChartExportProperties.h"
 #include "MainView.h"
 #include "MapperTreeView.h"
+#include "ReadProgressWidget.h"
 #include "SessionPanel.h"
 #include "ViewManager.h"
 
@@ -54,6 +57,9 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	setupMenus();
 
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	m_progressNotifier = new OVP::ProgressNotifier(this);
+	statusBar()->addPermanentWidget(new ReadProgressWidget(m_progressNotifier));
+	handler.dataManager().setProgressNotifier(m_progressNotifier);
 	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &OVAMainWindow::updateWindowTitle);
 	connect(&handler, &OVP::ProjectHandler::modified, this, &OVAMainWindow::updateWindowTitle);
 	// saving announces the new recent file; the title then shows the saved state
@@ -81,6 +87,7 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 
 
 OVAMainWindow::~OVAMainWindow() {
+	OVP::ProjectHandler::instance().dataManager().setProgressNotifier(nullptr);
 	m_self = nullptr;
 }
 
@@ -183,7 +190,8 @@ void OVAMainWindow::closeEvent(QCloseEvent * event) {
 
 void OVAMainWindow::changeEvent(QEvent * event) {
 	QMainWindow::changeEvent(event);
-	if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_askingForReload)
+	if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_askingForReload
+		&& !OVP::ProjectHandler::instance().dataManager().isReading())
 		checkForExternalChanges();
 }
 

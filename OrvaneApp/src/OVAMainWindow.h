@@ -8,9 +8,15 @@ class QDockWidget;
 class MainView;
 class SessionPanel;
 
+namespace OVP {
+class ProgressNotifier;
+}
+
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
 	bar, names the open session in the window title, asks to save a modified session when it is
 	closed, and offers to reload the session file when another program has changed it.
+
+	While the data manager reads a file, the status bar shows its progress.
 
 	It also takes the scripted chart exports of the command line. There is exactly one instance,
 	reached through instance().
@@ -57,7 +63,9 @@ protected:
 		session file, window geometry and state in the settings.
 	*/
 	void closeEvent(QCloseEvent * event) override;
-	/*! When the window becomes active, checks whether another program changed the session file. */
+	/*! When the window becomes active, checks whether another program changed the session file
+		(not in the middle of a read, whose files a reload would take away).
+	*/
 	void changeEvent(QEvent * event) override;
 
 private slots:
@@ -77,6 +85,8 @@ private:
 	MainView *				m_mainView;
 	SessionPanel *			m_sessionPanel;
 	QDockWidget *			m_sessionDock;
+	/*! Receives the progress of the data manager's reads. */
+	OVP::ProgressNotifier *	m_progressNotifier;
 	/*! Set by onCloseWithoutQuestion(). */
 	bool					m_closeWithoutQuestion = false;
 	/*! True while the reload question is shown, so that it is not asked twice. */

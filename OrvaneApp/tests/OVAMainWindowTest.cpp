@@ -19,6 +19,7 @@
 #include <OVP_DirectoryTreeModel.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
+#include <OVP_ProgressNotifier.h>
 #include <OVP_Project.h>
 
 #include <EM_Extractor2DOutputBase.h>
@@ -30,6 +31,7 @@
 #include "MapperTreeView.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
+#include "ReadProgressWidget.h"
 #include "SessionPanel.h"
 #include "ViewManager.h"
 
@@ -304,10 +306,35 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 		asked += m.m_where == where && m.m_text.find("asking for update.\n") != std::string::npos ? 1 : 0;
 	EXPECT_EQ(asked, 1);
 
-	// the next change, answered with "Yes", reloads the file and drops the change made here
+	// the next change: in the middle of reading a large file (the event loop running at every
+	// percent) the question waits, a reload would take the files away; the status bar shows the read
 	ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
 	ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addSecs(120), QFileDevice::FileModificationTime));
 	touched.close();
+	const QString large = QFileInfo(file).absolutePath() + "/large.out";
+	OVATest::writeTimeSeries(large, { 0 }, { 20 }, "T");
+	QFile append(large);
+	ASSERT_TRUE(append.open(QIODevice::Append));
+	for (int t = 1; t <= 1000000; ++t)
+		append.write(QByteArray::number(t) + " 20\n");
+	append.close();
+	window.findChild<OVP::ProgressNotifier *>()->setEventInterval(0);
+	const ReadProgressWidget * progress = window.findChild<ReadProgressWidget *>();
+	ASSERT_NE(progress, nullptr);
+	bool shownWhileReading = false;
+	{
+		BoxAnswerer yes(QMessageBox::Yes);
+		QMetaObject::invokeMethod(&window, [&]() {
+			shownWhileReading = progress->isVisible();
+			reactivate(window);
+		}, Qt::QueuedConnection);
+		EXPECT_EQ(handler().dataManager().container(large)->timePoints().size(), 1000001u);
+		EXPECT_TRUE(yes.m_titles.isEmpty());
+	}
+	EXPECT_TRUE(shownWhileReading);
+	EXPECT_FALSE(progress->isVisible());
+
+	// after the read, answered with "Yes", the file is reloaded and the change made here dropped
 	{
 		BoxAnswerer yes(QMessageBox::Yes);
 		reactivate(window);

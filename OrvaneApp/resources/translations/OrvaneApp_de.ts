@@ -289,6 +289,13 @@
     </message>
 </context>
 <context>
+    <name>ReadProgressWidget</name>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 wird gelesen</translation>
+    </message>
+</context>
+<context>
     <name>SCI::ColorMapEditWidget</name>
     <message>
         <source>Invalid color stop</source>

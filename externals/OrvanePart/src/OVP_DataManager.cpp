@@ -6,9 +6,31 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include "OVP_ProgressNotifier.h"
 #include "OVP_ProjectRelativePath.h"
 
 namespace OVP {
+
+/*! Marks the data manager as reading a file while it lives and announces the read to the
+	progress notifier; ends both also when the read throws.
+*/
+class DataManager::ReadingFile {
+public:
+	ReadingFile(DataManager & manager, const QString & fileName) :
+		m_manager(manager),
+		m_progress(manager.m_progress, fileName)
+	{
+		++m_manager.m_reading;
+	}
+	~ReadingFile() { --m_manager.m_reading; }
+	ReadingFile(const ReadingFile &) = delete;
+	ReadingFile & operator=(const ReadingFile &) = delete;
+
+private:
+	DataManager &				m_manager;
+	ProgressNotifier::Scope		m_progress;
+};
+
 
 DataManager::DataManager() = default;
 
@@ -29,7 +51,8 @@ std::shared_ptr<DATAIO::DataIO> DataManager::container(const QString & fileName)
 	std::shared_ptr<DATAIO::DataIO> dataIO = std::make_shared<DATAIO::DataIO>();
 	ContainerRecord record;
 	try {
-		dataIO->read(path.toStdString());
+		ReadingFile reading(*this, path);
+		dataIO->read(path.toStdString(), m_progress);
 		determineDataFormat(*dataIO, record);
 	}
 	catch (ZEB::Exception & ex) {
@@ -58,7 +81,8 @@ bool DataManager::refresh(DATAIO::DataIO * container, DATAIO::DataIO::RefreshMod
 	ContainerRecord * record = findRecord(container);
 	if (record == nullptr)
 		throw ZEB::Exception("Container was not opened by the data manager.", FUNC_ID);
-	const DATAIO::DataIO::RefreshResult result = container->refresh(mode);
+	ReadingFile reading(*this, QString::fromStdString(container->filename()));
+	const DATAIO::DataIO::RefreshResult result = container->refresh(mode, m_progress);
 	if (result == DATAIO::DataIO::RR_UNCHANGED)
 		return false;
 	if (result == DATAIO::DataIO::RR_RELOADED) {

@@ -16,6 +16,8 @@ class GeoFile;
 
 namespace OVP {
 
+class ProgressNotifier;
+
 /*! Holds the opened output containers: one DATAIO::DataIO per file, shared by all extractors
 	that read from that file, and one geometry per geometry file, shared by all containers that
 	refer to it. A container stays open as long as an extractor holds it.
@@ -23,6 +25,9 @@ namespace OVP {
 	Each container carries a revision number that grows whenever refresh() finds new data, so
 	that every mapper can tell whether its extractors still show the latest state, no matter
 	which mapper triggered the refresh.
+
+	Every file read (opening and refreshing) reports its progress to the progress notifier,
+	when one is set.
 */
 class DataManager {
 public:
@@ -57,7 +62,14 @@ public:
 	/*! Number of containers currently open. */
 	std::size_t openContainerCount() const;
 
+	/*! The notifier that the reads report their progress to; null for none. */
+	void setProgressNotifier(ProgressNotifier * notifier) { m_progress = notifier; }
+	/*! True while a file is being read (the event loop may run meanwhile, see ProgressNotifier). */
+	bool isReading() const { return m_reading > 0; }
+
 private:
+	class ReadingFile;
+
 	/*! Book-keeping of one opened container. */
 	struct ContainerRecord {
 		std::weak_ptr<DATAIO::DataIO>			m_container;
@@ -79,6 +91,9 @@ private:
 	std::map<QString, ContainerRecord>	m_containers;
 	/*! The geometries held by the open containers. */
 	GeometryCache						m_geometries;
+	ProgressNotifier *					m_progress = nullptr;
+	/*! Number of reads running (more than one when a read starts while the event loop runs). */
+	int									m_reading = 0;
 };
 
 } // namespace OVP

@@ -645,7 +645,9 @@ void Mapper::setSeriesTitle(unsigned int index, const QString & title) {
 
 
 void Mapper::refresh(DATAIO::DataIO::RefreshMode mode) {
-	if (!m_chartModel)
+	// a timer that fires while the window repaints during a read must not read the files again
+	// nor update from a container half read; its next refresh catches up
+	if (!m_chartModel || m_dataManager.isReading())
 		return;
 	// all files first, so that the chart redraws once and only when something changed
 	std::vector<unsigned int> changed;

@@ -183,7 +183,8 @@ public:
 	/*! Re-reads what changed in the files of the extractors and updates every extractor whose
 		data changed or that still waits for data; the chart model announces each changed
 		series. A file that cannot be refreshed is reported and its extractor keeps its data.
-		The mode is handed on to the data manager (DataManager::refresh()).
+		The mode is handed on to the data manager (DataManager::refresh()). Does nothing while
+		the data manager is reading a file.
 	*/
 	void refresh(DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 	/*! Updates one 2D extractor now (after a change of cut, manipulator or model parameter) and

@@ -71,11 +71,12 @@ void ValidatingLineEdit::setValue(double value) {
 					  : formatNumber(value, m_decimals, locale()));
 	m_lastValid = value;
 	m_hasLastValid = true;
+	m_showsLastValid = true;
 }
 
 
 double ValidatingLineEdit::value() const {
-	return isValid() ? m_value : m_lastValid;
+	return isValid() && !m_showsLastValid ? m_value : m_lastValid;
 }
 
 
@@ -169,6 +170,7 @@ QString ValidatingLineEdit::rangeMessage() const {
 void ValidatingLineEdit::validate() {
 	double number = 0;
 	m_reason = parse(text(), number);
+	m_showsLastValid = false;
 	if (m_reason.isEmpty())
 		m_value = number;
 

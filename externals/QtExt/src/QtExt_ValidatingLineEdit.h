@@ -43,7 +43,9 @@ public:
 	/*! Decimal places with which setValue() shows floating-point numbers (see formatNumber()). */
 	void setDecimals(int decimals);
 
-	/*! Shows a value; it becomes the value that Escape puts back. */
+	/*! Shows a value (rounded to the decimals); it becomes the value that Escape puts back and,
+		until the text changes, the exact value().
+	*/
 	void setValue(double value);
 	/*! The value of the text while it is valid, else the last valid value (0 when there was
 		none).
@@ -92,6 +94,8 @@ private:
 	/*! The value that Escape puts back, and whether there is one. */
 	double	m_lastValid = 0;
 	bool	m_hasLastValid = false;
+	/*! The text is the one setValue() wrote for m_lastValid, perhaps rounded. */
+	bool	m_showsLastValid = false;
 	/*! Why the text is invalid; empty while valid. */
 	QString	m_reason;
 	/*! The tool tip shown while the text is valid. */

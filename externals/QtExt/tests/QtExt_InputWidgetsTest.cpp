@@ -81,8 +81,9 @@ TEST(QtExtValidatingLineEdit, ConfirmsValidEditsOnlyAndEscapeRestores) {
 	QtExt::ValidatingLineEdit edit;
 	edit.setLocale(QLocale::c());
 	edit.setMaximum(10);
-	edit.setValue(2.5);
-	EXPECT_EQ(edit.text(), "2.5");
+	edit.setValue(1.0/3);
+	EXPECT_EQ(edit.text(), "0.333333");
+	EXPECT_EQ(edit.value(), 1.0/3);			// shown rounded, kept exact
 	QSignalSpy confirmed(&edit, &QtExt::ValidatingLineEdit::valueConfirmed);
 
 	type(edit, "7");

@@ -111,9 +111,11 @@ void DirectoryTreeView::keyPressEvent(QKeyEvent * event) {
 void DirectoryTreeView::contextMenuEvent(QContextMenuEvent * event) {
 	m_removeAction->setEnabled(currentTopLevel().isValid());
 	m_colorAction->setEnabled(currentIndex().isValid());
-	// the setting may have been changed elsewhere
-	const QSignalBlocker blocker(m_useColorsAction);
-	m_useColorsAction->setChecked(OVP::Settings::instance().m_userColoring);
+	{
+		// the setting may have been changed elsewhere
+		const QSignalBlocker blocker(m_useColorsAction);
+		m_useColorsAction->setChecked(OVP::Settings::instance().m_userColoring);
+	}
 	QMenu::exec(actions(), event->globalPos(), nullptr, this);
 }
 

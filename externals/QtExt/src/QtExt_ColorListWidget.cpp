@@ -48,7 +48,7 @@ ColorListWidget::ColorListWidget(QWidget * parent) :
 	setUniformItemSizes(true);
 	for (const auto & c : DEFAULT_COLORS)
 		addItem(newItem(tr(c.m_name), QColor(c.m_color)));
-	QListWidgetItem * other = new QListWidgetItem(tr("Other..."));
+	QListWidgetItem * other = new QListWidgetItem(otherSwatch(), tr("Other..."));
 	other->setData(EntryRole, E_Other);
 	addItem(other);
 	connect(this, &QListWidget::itemClicked, this, &ColorListWidget::choose);
@@ -70,6 +70,7 @@ void ColorListWidget::addColor(const QString & name, const QColor & color) {
 
 
 void ColorListWidget::setCurrentColor(const QColor & color) {
+	m_color = color;
 	int row = rowOf(color);
 	if (row < 0 && color.isValid()) {
 		addColor(color.name(), color);
@@ -88,7 +89,9 @@ QColor ColorListWidget::currentColor() const {
 
 void ColorListWidget::showPopup(const QPoint & globalPos) {
 	setWindowFlags(Qt::Popup);
-	resize(sizeHint());
+	// the rows as laid out, so that the popup ends below the last one
+	doItemsLayout();
+	resize(sizeHintForColumn(0) + 2*frameWidth() + 4, visualItemRect(item(count() - 1)).bottom() + 1 + 2*frameWidth());
 	// kept on the screen
 	QRect geometry(globalPos, size());
 	const QScreen * screen = QApplication::screenAt(globalPos);
@@ -135,15 +138,39 @@ void ColorListWidget::choose(QListWidgetItem * item) {
 	if (isWindow())
 		close();
 	if (entry != E_Other) {
-		emit colorChosen(entry == E_Color ? item->data(Qt::UserRole).value<QColor>() : QColor());
+		m_color = entry == E_Color ? item->data(Qt::UserRole).value<QColor>() : QColor();
+		emit colorChosen(m_color);
 		return;
 	}
-	const QColor color = QColorDialog::getColor(Qt::white, parentWidget() != nullptr ? parentWidget() : this,
-												tr("Choose colour"));
+	const QColor color = QColorDialog::getColor(m_color.isValid() ? m_color : QColor(Qt::white),
+												parentWidget() != nullptr ? parentWidget() : this, tr("Choose colour"));
 	if (!color.isValid())
 		return;
 	setCurrentColor(color);
 	emit colorChosen(color);
+}
+
+
+QPixmap ColorListWidget::emptySwatch() const {
+	QPixmap swatch(iconSize().isValid() ? iconSize() : QSize(16, 16));
+	swatch.fill(Qt::transparent);
+	return swatch;
+}
+
+
+QIcon ColorListWidget::otherSwatch() const {
+	// four colours for "any colour"
+	QPixmap swatch = emptySwatch();
+	QPainter p(&swatch);
+	const QRect frame = swatch.rect().adjusted(0, 0, -1, -1);
+	const int w = swatch.width()/2, h = swatch.height()/2;
+	p.fillRect(0, 0, w, h, QColor(DEFAULT_COLORS[0].m_color));
+	p.fillRect(w, 0, swatch.width() - w, h, QColor(DEFAULT_COLORS[2].m_color));
+	p.fillRect(0, h, w, swatch.height() - h, QColor(DEFAULT_COLORS[3].m_color));
+	p.fillRect(w, h, swatch.width() - w, swatch.height() - h, QColor(DEFAULT_COLORS[5].m_color));
+	p.setPen(palette().color(QPalette::Mid));
+	p.drawRect(frame);
+	return QIcon(swatch);
 }
 
 
@@ -161,15 +188,14 @@ int ColorListWidget::rowOf(const QColor & color) const {
 
 
 QListWidgetItem * ColorListWidget::newItem(const QString & name, const QColor & color) const {
-	const QSize size = iconSize().isValid() ? iconSize() : QSize(16, 16);
-	QPixmap swatch(size);
-	swatch.fill(Qt::transparent);
+	QPixmap swatch = emptySwatch();
 	QPainter p(&swatch);
+	const QRect frame = swatch.rect().adjusted(0, 0, -1, -1);
 	p.setPen(palette().color(QPalette::Mid));
 	p.setBrush(color.isValid() ? QBrush(color) : QBrush(Qt::NoBrush));
-	p.drawRect(QRect(QPoint(0, 0), size).adjusted(0, 0, -1, -1));
+	p.drawRect(frame);
 	if (!color.isValid())
-		p.drawLine(1, size.height() - 2, size.width() - 2, 1);
+		p.drawLine(frame.bottomLeft(), frame.topRight());
 	p.end();
 
 	QListWidgetItem * item = new QListWidgetItem(QIcon(swatch), name);

@@ -7,9 +7,10 @@
 namespace QtExt {
 
 /*! A list of named colours, each with a swatch, followed by "Other...", which opens the colour
-	dialog; optionally a first entry "No colour" chooses the invalid colour. A click, Enter or
-	Return chooses the entry and emits colorChosen(). A colour chosen in the dialog that is not
-	in the list is added before "Other...".
+	dialog (starting at the colour set or chosen last); optionally a first entry "No colour"
+	chooses the invalid colour. A click, Enter or Return chooses the entry and emits
+	colorChosen(). A colour chosen in the dialog that is not in the list is added before
+	"Other...".
 
 	showPopup() shows the list as a small popup window that closes once a colour is chosen or
 	on Escape.
@@ -47,8 +48,15 @@ private:
 	int rowOf(const QColor & color) const;
 	/*! The row of "Other...". */
 	int otherRow() const { return count() - 1; }
-	/*! A new entry with a swatch of color (an empty frame for the invalid colour). */
+	/*! A new entry with a swatch of color (a crossed-out frame for the invalid colour). */
 	QListWidgetItem * newItem(const QString & name, const QColor & color) const;
+	/*! A transparent pixmap of the icon size. */
+	QPixmap emptySwatch() const;
+	/*! The swatch of "Other...": four colours in one frame. */
+	QIcon otherSwatch() const;
+
+	/*! The colour set or chosen last; the colour dialog starts with it. */
+	QColor	m_color;
 };
 
 } // namespace QtExt

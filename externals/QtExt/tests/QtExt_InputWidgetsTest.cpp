@@ -184,10 +184,11 @@ TEST(QtExtColorListWidget, ChoosesByKeyboardMouseAndDialog) {
 	EXPECT_EQ(list.count(), entries + 1);
 	EXPECT_EQ(list.currentColor(), QColor(1, 2, 3));
 
-	// "Other..." asks the colour dialog
+	// "Other..." asks the colour dialog, which starts at the current colour
 	QTimer::singleShot(0, []() {
 		QColorDialog * dialog = qobject_cast<QColorDialog *>(QApplication::activeModalWidget());
 		ASSERT_NE(dialog, nullptr);
+		EXPECT_EQ(dialog->currentColor(), QColor(1, 2, 3));
 		dialog->setCurrentColor(QColor(10, 20, 30));
 		dialog->accept();
 	});

@@ -41,6 +41,14 @@ QLabel * errorLabel(QWidget * parent) {
 	return label;
 }
 
+/*! Shows the message of the options in an error label or, while they have none, why a field
+	refuses its text; hides the label when there is neither.
+*/
+void showMessage(QLabel * label, const QString & optionsMessage, const QString & refused) {
+	label->setText(optionsMessage.isEmpty() ? refused : optionsMessage);
+	label->setVisible(!label->text().isEmpty());
+}
+
 /*! Decimal places of the numbers shown in the panel (setting "DecimalPlaces"). */
 int decimalPlaces() {
 	return Settings::instance().m_decimalPlaces;
@@ -176,7 +184,7 @@ QWidget * DataSetOptionsWidget::create2DPage() {
 	connect(m_parameterEdit, &QtExt::ValidatingLineEdit::valueConfirmed, this, [this](double value) {
 		m_options.setManipulatorParameter(optionText(value, false));
 	});
-	connect(m_parameterEdit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateButtons);
+	connect(m_parameterEdit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateState);
 	m_manipulatorError = errorLabel(manipulatorBox);
 	m_manipulatorError->setObjectName("manipulatorError");
 	QGridLayout * manipulatorLayout = new QGridLayout(manipulatorBox);
@@ -270,7 +278,7 @@ void DataSetOptionsWidget::rebuildModelFields() {
 		connect(edit, &QtExt::ValidatingLineEdit::valueConfirmed, this, [this, i, integer](double value) {
 			m_options.setModelValue(i, optionText(value, integer));
 		});
-		connect(edit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateButtons);
+		connect(edit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateState);
 		m_modelForm->addRow(QString("%1 (%2):").arg(p.m_key, QString::fromUtf8(p.m_description)), edit);
 		m_modelEdits.push_back(edit);
 	}
@@ -310,8 +318,6 @@ void DataSetOptionsWidget::updateValues() {
 		selectItem(m_modelCombo, QString::fromStdString(model.modelType()));
 		for (unsigned int i = 0; i < m_modelEdits.size(); ++i)
 			showValue(m_modelEdits[i], model.value(i));
-		m_modelError->setText(model.errorText());
-		m_modelError->setVisible(!m_modelError->text().isEmpty());
 
 		const ManipulatorOptions & manipulator = m_options.manipulator();
 		selectItem(m_manipulatorCombo, static_cast<int>(manipulator.choice()));
@@ -320,8 +326,6 @@ void DataSetOptionsWidget::updateValues() {
 		m_parameterLabel->setVisible(!label.isEmpty());
 		m_parameterEdit->setVisible(!label.isEmpty());
 		showValue(m_parameterEdit, manipulator.parameter());
-		m_manipulatorError->setText(manipulator.errorText());
-		m_manipulatorError->setVisible(!m_manipulatorError->text().isEmpty());
 	}
 	else if (kind == DataSetOptions::SK_Field) {
 		const CutOptions & cut = m_options.cut();
@@ -339,18 +343,26 @@ void DataSetOptionsWidget::updateValues() {
 		const QSignalBlocker blocker(m_followLast);
 		m_followLast->setChecked(cut.followLastTimePoint());
 	}
-	updateButtons();
+	updateState();
 }
 
 
-void DataSetOptionsWidget::updateButtons() {
+void DataSetOptionsWidget::updateState() {
 	bool complete = m_options.isComplete();
 	const DataSetOptions::SelectionKind kind = m_options.selectionKind();
 	if (kind == DataSetOptions::SK_Series || kind == DataSetOptions::SK_TwoSeries) {
-		// hidden fields do not count (the state of the last show, as new fields show later)
+		QString refused;
 		for (const QtExt::ValidatingLineEdit * edit : m_modelEdits)
-			complete = complete && (m_modelBox->isHidden() || edit->isValid());
-		complete = complete && (m_parameterEdit->isHidden() || m_parameterEdit->isValid());
+			if (refused.isEmpty() && kind == DataSetOptions::SK_TwoSeries)
+				refused = edit->invalidReason();
+		showMessage(m_modelError, m_options.model().errorText(), refused);
+		complete = complete && refused.isEmpty();
+
+		const ManipulatorOptions & manipulator = m_options.manipulator();
+		refused = ManipulatorOptions::parameterLabel(manipulator.choice()).isEmpty() ? QString()
+				: m_parameterEdit->invalidReason();
+		showMessage(m_manipulatorError, manipulator.errorText(), refused);
+		complete = complete && refused.isEmpty();
 	}
 	m_createButton->setEnabled(complete);
 	m_addButton->setEnabled(complete);

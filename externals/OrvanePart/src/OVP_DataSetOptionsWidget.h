@@ -29,7 +29,8 @@ class DataSetOptions;
 	with Enter or when its field loses the focus, Escape puts the last one back; number fields
 	refuse what is no number or outside a parameter's range, the options judge the rest. Numbers
 	are shown with the decimal places of the settings. The buttons ask for "create chart" and
-	"add to current chart"; they are disabled while a field holds a refused text.
+	"add to current chart"; they are disabled while a field refuses its text, and the reason is
+	shown where the options show their messages.
 */
 class DataSetOptionsWidget : public QWidget {
 	Q_OBJECT
@@ -48,8 +49,10 @@ private slots:
 	void rebuild();
 	/*! Shows the current values and messages in the fields. */
 	void updateValues();
-	/*! Enables the buttons while the options are complete and no field holds a refused text. */
-	void updateButtons();
+	/*! Shows the messages (of the options, else of a field refusing its text) and enables the
+		buttons while the options are complete and no field refuses its text.
+	*/
+	void updateState();
 
 private:
 	/*! The page of 2D data sets. */

@@ -317,7 +317,7 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	QTest::keyClicks(fields[0], "5");
 	QTest::keyClick(fields[0], Qt::Key_Return);
 	EXPECT_EQ(m_options->model().value(0), "1");
-	EXPECT_TRUE(fields[0]->toolTip().startsWith("Value must be between 1 and 4."));
+	EXPECT_EQ(widget.findChild<QLabel *>("modelError")->text(), "Value must be between 1 and 4.");
 	EXPECT_FALSE(create->isEnabled());
 	QTest::keyClick(fields[0], Qt::Key_Escape);
 	EXPECT_EQ(fields[0]->text(), "1");

@@ -31,7 +31,6 @@ public:
 
 	/*! Whole numbers only (else floating-point numbers). */
 	void setInteger(bool integer);
-	bool isInteger() const { return m_integer; }
 
 	/*! Sets the smallest accepted value; -UNBOUNDED leaves the range open below.
 		\param inclusive The limit itself is accepted.

@@ -1,12 +1,15 @@
 #include "DirectoryTreeView.h"
 
 #include <QAction>
-#include <QColorDialog>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QSignalBlocker>
+
+#include <QtExt_ColorListWidget.h>
 
 #include <OVP_DirectoryTreeModel.h>
 #include <OVP_ProjectHandler.h>
+#include <OVP_Settings.h>
 #include <OVP_UserInteraction.h>
 
 DirectoryTreeView::DirectoryTreeView(OVP::DirectoryTreeModel * model, QWidget * parent) :
@@ -33,7 +36,25 @@ DirectoryTreeView::DirectoryTreeView(OVP::DirectoryTreeModel * model, QWidget * 
 	connect(m_removeAction, &QAction::triggered, this, &DirectoryTreeView::onRemoveDirectory);
 	m_colorAction = new QAction(tr("Set colour..."), this);
 	connect(m_colorAction, &QAction::triggered, this, &DirectoryTreeView::onSetColor);
-	addActions({ add, m_removeAction, m_colorAction });
+	m_useColorsAction = new QAction(tr("Use colours"), this);
+	m_useColorsAction->setCheckable(true);
+	m_useColorsAction->setChecked(OVP::Settings::instance().m_userColoring);
+	connect(m_useColorsAction, &QAction::toggled, this, &DirectoryTreeView::onUseColors);
+	QAction * separator = new QAction(this);
+	separator->setSeparator(true);
+	addActions({ add, m_removeAction, separator, m_colorAction, m_useColorsAction });
+
+	m_colorList = new QtExt::ColorListWidget(this);
+	m_colorList->setNoColorEntry(true);
+	m_colorList->hide();
+	connect(m_colorList, &QtExt::ColorListWidget::colorChosen, this, [this](const QColor & color) {
+		if (!m_colorIndex.isValid())
+			return;
+		m_model->setColor(m_colorIndex, color);
+		// a colour is chosen to be seen
+		if (color.isValid())
+			m_useColorsAction->setChecked(true);
+	});
 }
 
 
@@ -61,13 +82,19 @@ void DirectoryTreeView::onRemoveDirectory() {
 
 
 void DirectoryTreeView::onSetColor() {
-	const QModelIndex index = currentIndex();
+	const QModelIndex index = currentIndex().sibling(currentIndex().row(), 0);
 	if (!index.isValid())
 		return;
-	const QColor color = QColorDialog::getColor(index.data(OVP::DirectoryTreeModel::ColorRole).value<QColor>(), this,
-		tr("Colour of '%1'").arg(index.data().toString()));
-	if (color.isValid())
-		m_model->setColor(index, color);
+	m_colorIndex = index;
+	m_colorList->setCurrentColor(index.data(OVP::DirectoryTreeModel::ColorRole).value<QColor>());
+	scrollTo(index);
+	m_colorList->showPopup(viewport()->mapToGlobal(visualRect(index).bottomLeft()));
+}
+
+
+void DirectoryTreeView::onUseColors(bool use) {
+	OVP::Settings::instance().m_userColoring = use;
+	m_model->refresh();
 }
 
 
@@ -84,6 +111,11 @@ void DirectoryTreeView::keyPressEvent(QKeyEvent * event) {
 void DirectoryTreeView::contextMenuEvent(QContextMenuEvent * event) {
 	m_removeAction->setEnabled(currentTopLevel().isValid());
 	m_colorAction->setEnabled(currentIndex().isValid());
+	{
+		// the setting may have been changed elsewhere
+		const QSignalBlocker blocker(m_useColorsAction);
+		m_useColorsAction->setChecked(OVP::Settings::instance().m_userColoring);
+	}
 	QMenu::exec(actions(), event->globalPos(), nullptr, this);
 }
 

@@ -1,18 +1,24 @@
 #ifndef DirectoryTreeViewH
 #define DirectoryTreeViewH
 
+#include <QPersistentModelIndex>
 #include <QTreeView>
 
 namespace OVP {
 class DirectoryTreeModel;
 }
 
+namespace QtExt {
+class ColorListWidget;
+}
+
 /*! The session's directories in the west panel: a tree view over OVP::DirectoryTreeModel.
 
 	It hands the user's actions to the model: expanding and collapsing folders, adding a
 	directory (browse dialog or a folder dropped from a file manager), removing a top-level
-	directory (Delete key or context menu, after a confirmation) and choosing a folder colour.
-	Space toggles the check mark of the current folder. After a session is loaded, the folders
+	directory (Delete key or context menu, after a confirmation), choosing a folder colour from
+	a popup list (or none) and switching the colours on and off ("Use colours", the UserColoring
+	setting). Space toggles the check mark of the current folder. After a session is loaded, the folders
 	that the session keeps expanded are expanded again.
 */
 class DirectoryTreeView : public QTreeView {
@@ -25,8 +31,12 @@ public slots:
 	void onAddDirectory();
 	/*! Removes the selected top-level directory once the user has confirmed it. */
 	void onRemoveDirectory();
-	/*! Lets the user choose the colour of the current folder. */
+	/*! Shows the colour list below the current folder; a chosen colour (which also switches
+		the colours on) or "No colour" is set for it.
+	*/
 	void onSetColor();
+	/*! Switches the user colours on or off and lets the model show it. */
+	void onUseColors(bool use);
 
 protected:
 	void keyPressEvent(QKeyEvent * event) override;
@@ -41,6 +51,10 @@ private:
 	OVP::DirectoryTreeModel *	m_model;
 	QAction *					m_removeAction;
 	QAction *					m_colorAction;
+	QAction *					m_useColorsAction;
+	QtExt::ColorListWidget *	m_colorList;
+	/*! The folder whose colour the list shows. */
+	QPersistentModelIndex		m_colorIndex;
 };
 
 #endif // DirectoryTreeViewH

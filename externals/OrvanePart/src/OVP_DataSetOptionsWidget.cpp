@@ -9,9 +9,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStackedWidget>
@@ -19,7 +17,10 @@
 
 #include <EM_CutType.h>
 
+#include <QtExt_ValidatingLineEdit.h>
+
 #include "OVP_DataSetOptions.h"
+#include "OVP_Settings.h"
 
 namespace OVP {
 
@@ -40,27 +41,56 @@ QLabel * errorLabel(QWidget * parent) {
 	return label;
 }
 
-/*! A line edit for a whole or floating-point number: it takes only the characters of numbers,
-	the options judge the value.
+/*! Shows the message of the options in an error label or, while they have none, why a field
+	refuses its text; hides the label when there is neither.
 */
-QLineEdit * numberEdit(bool integer, QWidget * parent) {
-	QLineEdit * edit = new QLineEdit(parent);
-	const QRegularExpression characters(integer ? "[-+0-9]*" : "[-+0-9.eE]*");
-	edit->setValidator(new QRegularExpressionValidator(characters, edit));
+void showMessage(QLabel * label, const QString & optionsMessage, const QString & refused) {
+	label->setText(optionsMessage.isEmpty() ? refused : optionsMessage);
+	label->setVisible(!label->text().isEmpty());
+}
+
+/*! Decimal places of the numbers shown in the panel (setting "DecimalPlaces"). */
+int decimalPlaces() {
+	return Settings::instance().m_decimalPlaces;
+}
+
+/*! A number as the panel shows it: in the user's locale with the decimal places of the
+	settings, trailing zeros trimmed (a default of 0.5 reads "0.5", not "0.500000").
+*/
+QString numberText(double value) {
+	return QtExt::ValidatingLineEdit::formatNumber(value, decimalPlaces(), QLocale());
+}
+
+/*! A number as the options take it: the C form, as short as it can be written exactly. */
+QString optionText(double value, bool integer) {
+	return integer ? QString::number(static_cast<long long>(value))
+				   : QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+/*! A field for a whole or floating-point number: it refuses texts that are no number (or outside
+	a parameter's range) before they reach the options, which stay the judges of the value.
+*/
+QtExt::ValidatingLineEdit * numberEdit(bool integer, QWidget * parent) {
+	QtExt::ValidatingLineEdit * edit = new QtExt::ValidatingLineEdit(parent);
+	edit->setInteger(integer);
 	return edit;
 }
 
-/*! A limit of a parameter range as text. */
-QString limitText(double limit) {
-	return std::isfinite(limit) ? QString::number(limit, 'g', 12) : QString();
-}
-
-/*! Shows text in a line edit unless it shows it already (keeps the cursor while editing). */
-void showText(QLineEdit * edit, const QString & text) {
-	if (edit->text() != text) {
-		const QSignalBlocker blocker(edit);
-		edit->setText(text);
+/*! Shows the value text of the options in a number field, in the user's form, unless the field
+	shows that value already (keeps the cursor while editing). A text that is no number is shown
+	as it is, and the field marks it.
+*/
+void showValue(QtExt::ValidatingLineEdit * edit, const QString & text) {
+	bool isNumber = false;
+	const double value = text.trimmed().toDouble(&isNumber);
+	if (isNumber && edit->isValid() && edit->value() == value)
+		return;
+	if (isNumber) {
+		edit->setDecimals(decimalPlaces());
+		edit->setValue(value);
 	}
+	else if (edit->text() != text)
+		edit->setText(text);
 }
 
 /*! Selects the combo box item with the given data without announcing it. */
@@ -151,9 +181,10 @@ QWidget * DataSetOptionsWidget::create2DPage() {
 	m_parameterEdit = numberEdit(false, manipulatorBox);
 	m_parameterEdit->setObjectName("manipulatorParameter");
 	m_parameterLabel->setBuddy(m_parameterEdit);
-	connect(m_parameterEdit, &QLineEdit::editingFinished, this, [this]() {
-		m_options.setManipulatorParameter(m_parameterEdit->text());
+	connect(m_parameterEdit, &QtExt::ValidatingLineEdit::valueConfirmed, this, [this](double value) {
+		m_options.setManipulatorParameter(optionText(value, false));
 	});
+	connect(m_parameterEdit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateState);
 	m_manipulatorError = errorLabel(manipulatorBox);
 	m_manipulatorError->setObjectName("manipulatorError");
 	QGridLayout * manipulatorLayout = new QGridLayout(manipulatorBox);
@@ -232,16 +263,22 @@ void DataSetOptionsWidget::rebuildModelFields() {
 	const std::vector<EM::ModelParameter> & parameters = m_options.model().parameters();
 	for (unsigned int i = 0; i < parameters.size(); ++i) {
 		const EM::ModelParameter & p = parameters[i];
-		QLineEdit * edit = numberEdit(p.m_integer, m_modelBox);
+		QtExt::ValidatingLineEdit * edit = numberEdit(p.m_integer, m_modelBox);
 		edit->setObjectName("modelParameter");
-		const QString minimum = limitText(p.m_minimum);
-		const QString maximum = limitText(p.m_maximum);
-		const QString range = minimum.isEmpty() && maximum.isEmpty() ? tr("any number")
-			: tr("from %1 to %2").arg(minimum.isEmpty() ? tr("any") : minimum, maximum.isEmpty() ? tr("any") : maximum);
+		edit->setMinimum(p.m_minimum);
+		edit->setMaximum(p.m_maximum);
+		const QString minimum = std::isfinite(p.m_minimum) ? numberText(p.m_minimum) : tr("any");
+		const QString maximum = std::isfinite(p.m_maximum) ? numberText(p.m_maximum) : tr("any");
+		const QString range = !std::isfinite(p.m_minimum) && !std::isfinite(p.m_maximum) ? tr("any number")
+			: tr("from %1 to %2").arg(minimum, maximum);
 		edit->setToolTip(tr("%1, default %2, valid %3").arg(QString::fromUtf8(p.m_description))
-						 .arg(limitText(p.m_default)).arg(range));
-		edit->setPlaceholderText(limitText(p.m_default));
-		connect(edit, &QLineEdit::editingFinished, this, [this, i, edit]() { m_options.setModelValue(i, edit->text()); });
+						 .arg(numberText(p.m_default)).arg(range));
+		edit->setPlaceholderText(numberText(p.m_default));
+		const bool integer = p.m_integer;
+		connect(edit, &QtExt::ValidatingLineEdit::valueConfirmed, this, [this, i, integer](double value) {
+			m_options.setModelValue(i, optionText(value, integer));
+		});
+		connect(edit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateState);
 		m_modelForm->addRow(QString("%1 (%2):").arg(p.m_key, QString::fromUtf8(p.m_description)), edit);
 		m_modelEdits.push_back(edit);
 	}
@@ -280,9 +317,7 @@ void DataSetOptionsWidget::updateValues() {
 		const ModelOptions & model = m_options.model();
 		selectItem(m_modelCombo, QString::fromStdString(model.modelType()));
 		for (unsigned int i = 0; i < m_modelEdits.size(); ++i)
-			showText(m_modelEdits[i], model.value(i));
-		m_modelError->setText(model.errorText());
-		m_modelError->setVisible(!m_modelError->text().isEmpty());
+			showValue(m_modelEdits[i], model.value(i));
 
 		const ManipulatorOptions & manipulator = m_options.manipulator();
 		selectItem(m_manipulatorCombo, static_cast<int>(manipulator.choice()));
@@ -290,9 +325,7 @@ void DataSetOptionsWidget::updateValues() {
 		m_parameterLabel->setText(label);
 		m_parameterLabel->setVisible(!label.isEmpty());
 		m_parameterEdit->setVisible(!label.isEmpty());
-		showText(m_parameterEdit, manipulator.parameter());
-		m_manipulatorError->setText(manipulator.errorText());
-		m_manipulatorError->setVisible(!m_manipulatorError->text().isEmpty());
+		showValue(m_parameterEdit, manipulator.parameter());
 	}
 	else if (kind == DataSetOptions::SK_Field) {
 		const CutOptions & cut = m_options.cut();
@@ -305,12 +338,32 @@ void DataSetOptionsWidget::updateValues() {
 			row.m_index->setEnabled(!coordinates.empty()
 									&& !(row.m_dimension == EM::CD_Time && cut.followLastTimePoint()));
 			row.m_value->setText(coordinates.empty() ? tr("no values yet")
-				: QString("%1 %2").arg(coordinates[index], 0, 'g', 6).arg(cut.unit(row.m_dimension)));
+				: QString("%1 %2").arg(numberText(coordinates[index]), cut.unit(row.m_dimension)));
 		}
 		const QSignalBlocker blocker(m_followLast);
 		m_followLast->setChecked(cut.followLastTimePoint());
 	}
-	const bool complete = m_options.isComplete();
+	updateState();
+}
+
+
+void DataSetOptionsWidget::updateState() {
+	bool complete = m_options.isComplete();
+	const DataSetOptions::SelectionKind kind = m_options.selectionKind();
+	if (kind == DataSetOptions::SK_Series || kind == DataSetOptions::SK_TwoSeries) {
+		QString refused;
+		for (const QtExt::ValidatingLineEdit * edit : m_modelEdits)
+			if (refused.isEmpty() && kind == DataSetOptions::SK_TwoSeries)
+				refused = edit->invalidReason();
+		showMessage(m_modelError, m_options.model().errorText(), refused);
+		complete = complete && refused.isEmpty();
+
+		const ManipulatorOptions & manipulator = m_options.manipulator();
+		refused = ManipulatorOptions::parameterLabel(manipulator.choice()).isEmpty() ? QString()
+				: m_parameterEdit->invalidReason();
+		showMessage(m_manipulatorError, manipulator.errorText(), refused);
+		complete = complete && refused.isEmpty();
+	}
 	m_createButton->setEnabled(complete);
 	m_addButton->setEnabled(complete);
 }

@@ -10,10 +10,13 @@ class QComboBox;
 class QFormLayout;
 class QGroupBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QSpinBox;
 class QStackedWidget;
+
+namespace QtExt {
+class ValidatingLineEdit;
+}
 
 namespace OVP {
 
@@ -23,8 +26,11 @@ class DataSetOptions;
 	data sets (the manipulator and, for two data sets, the model with its parameters), one for a
 	field or flux data set (cut type, cut indices with their coordinates, following the last time
 	point), and a page with a hint while the selection makes no chart. A typed value is taken
-	with Enter or when its field loses the focus; number fields accept only number characters and
-	the options judge the value. The buttons ask for "create chart" and "add to current chart".
+	with Enter or when its field loses the focus, Escape puts the last one back; number fields
+	refuse what is no number or outside a parameter's range, the options judge the rest. Numbers
+	are shown with the decimal places of the settings. The buttons ask for "create chart" and
+	"add to current chart"; they are disabled while a field refuses its text, and the reason is
+	shown where the options show their messages.
 */
 class DataSetOptionsWidget : public QWidget {
 	Q_OBJECT
@@ -43,6 +49,10 @@ private slots:
 	void rebuild();
 	/*! Shows the current values and messages in the fields. */
 	void updateValues();
+	/*! Shows the messages (of the options, else of a field refusing its text) and enables the
+		buttons while the options are complete and no field refuses its text.
+	*/
+	void updateState();
 
 private:
 	/*! The page of 2D data sets. */
@@ -70,11 +80,11 @@ private:
 	QGroupBox *					m_modelBox = nullptr;
 	QComboBox *					m_modelCombo = nullptr;
 	QFormLayout *				m_modelForm = nullptr;
-	std::vector<QLineEdit *>	m_modelEdits;
+	std::vector<QtExt::ValidatingLineEdit *>	m_modelEdits;
 	QLabel *					m_modelError = nullptr;
 	QComboBox *					m_manipulatorCombo = nullptr;
 	QLabel *					m_parameterLabel = nullptr;
-	QLineEdit *					m_parameterEdit = nullptr;
+	QtExt::ValidatingLineEdit *	m_parameterEdit = nullptr;
 	QLabel *					m_manipulatorError = nullptr;
 
 	QComboBox *					m_cutTypeCombo = nullptr;

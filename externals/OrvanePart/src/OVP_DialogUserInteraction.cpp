@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "OVP_DataFolderDialog.h"
+
 namespace OVP {
 
 UserInteraction::SaveAnswer DialogUserInteraction::askSaveDiscardCancel(QWidget * parent, const QString & title,
@@ -52,14 +54,8 @@ QString DialogUserInteraction::saveFileName(QWidget * parent, const QString & ca
 QString DialogUserInteraction::askDataFolder(QWidget * parent, const QString & title, const QString & text,
 											 const QString & startFolder)
 {
-	QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::NoButton, parent);
-	QPushButton * choose = box.addButton(QObject::tr("Choose folder..."), QMessageBox::AcceptRole);
-	box.addButton(QMessageBox::Cancel);
-	box.setDefaultButton(choose);
-	box.exec();
-	if (box.clickedButton() != choose)
-		return QString();
-	return existingDirectory(parent, title, startFolder);
+	DataFolderDialog dialog(parent, title, text, startFolder);
+	return dialog.exec() == QDialog::Accepted ? dialog.folder() : QString();
 }
 
 

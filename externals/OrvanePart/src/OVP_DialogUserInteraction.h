@@ -16,7 +16,7 @@ public:
 	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
 	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
 						 const QString & filter) override;
-	/*! A warning box with the buttons "Choose folder..." and Cancel, then the folder dialog. */
+	/*! The message with a folder field and browse button (DataFolderDialog). */
 	QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
 						  const QString & startFolder) override;
 	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;

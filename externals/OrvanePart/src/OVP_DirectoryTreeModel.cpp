@@ -328,6 +328,8 @@ QColor DirectoryTreeModel::colorOf(const QString & absolutePath) const {
 void DirectoryTreeModel::refresh() {
 	for (const std::unique_ptr<Node> & top : m_root->m_children)
 		relistTree(top.get());
+	// the colours are shown or not after UserColoring
+	emitDataChangedTree(m_root.get());
 	updateCheckedState();
 	updateWatches();
 }

@@ -110,7 +110,7 @@ public:
 
 public slots:
 	/*! Lists every listed folder again and re-reads the settings that decide what is shown (after
-		ExcludedDirNames changed, or for a folder that came back on disk).
+		ExcludedDirNames or UserColoring changed, or for a folder that came back on disk).
 	*/
 	void refresh();
 

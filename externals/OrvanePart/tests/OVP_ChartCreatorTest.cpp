@@ -313,13 +313,22 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	QList<QLineEdit *> fields = widget.findChildren<QLineEdit *>("modelParameter");
 	ASSERT_EQ(fields.size(), 3);
 	EXPECT_EQ(fields[2]->text(), "4");
+	// a value outside the parameter's range is refused by the field, the options keep theirs
 	fields[0]->setFocus();
 	fields[0]->selectAll();
-	QTest::keyClicks(fields[0], "x5");
+	QTest::keyClicks(fields[0], "5");
 	QTest::keyClick(fields[0], Qt::Key_Return);
-	EXPECT_EQ(m_options->model().value(0), "5");
+	EXPECT_EQ(m_options->model().value(0), "1");
+	EXPECT_EQ(widget.findChild<QLabel *>("modelError")->text(), "Value must be between 1 and 4.");
+	EXPECT_FALSE(create->isEnabled());
+	QTest::keyClick(fields[0], Qt::Key_Escape);
+	EXPECT_EQ(fields[0]->text(), "1");
+	EXPECT_TRUE(create->isEnabled());
+	// the model's own message is shown
+	m_options->setModelValue(0, "5");
 	EXPECT_EQ(widget.findChild<QLabel *>("modelError")->text(), "Invalid parameter, expected int number between 1 and 4.");
 	EXPECT_FALSE(create->isEnabled());
+	m_options->setModelValue(0, "1");
 
 	manipulators->setCurrentIndex(manipulators->findText("Add offset (value shift)"));
 	EXPECT_EQ(m_options->manipulator().choice(), OVP::ManipulatorOptions::MC_Offset);
@@ -328,8 +337,16 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	parameter->selectAll();
 	QTest::keyClicks(parameter, "1e");
 	QTest::keyClick(parameter, Qt::Key_Return);
-	EXPECT_EQ(m_options->manipulator().parameter(), "1e");
-	EXPECT_EQ(widget.findChild<QLabel *>("manipulatorError")->text(), "Invalid parameter for manipulator.");
+	EXPECT_EQ(m_options->manipulator().parameter(), "0");
+	parameter->selectAll();
+	QTest::keyClicks(parameter, "-0.25");
+	QTest::keyClick(parameter, Qt::Key_Return);
+	EXPECT_EQ(m_options->manipulator().parameter(), "-0.25");
+	EXPECT_TRUE(create->isEnabled());
+	// shown with the decimal places of the settings
+	m_settings->m_decimalPlaces = 2;
+	m_options->setManipulatorParameter("0.126");
+	EXPECT_EQ(parameter->text(), "0.13");
 
 	// a field: the cut fields, the time index only without following the last time point
 	select({ "plane.out" });

@@ -139,6 +139,16 @@ TEST_F(DirectoryTreeModelTest, StatesRoundTripThroughSession) {
 	m_settings->m_userColoring = true;
 	EXPECT_EQ(run2b.data(Qt::DecorationRole).value<QColor>(), QColor("#80ff8000"));
 	EXPECT_FALSE(run1b.data(Qt::DecorationRole).isValid());
+	// refreshing after the switch tells the views to repaint the colours
+	QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+	m_model->refresh();
+	bool told = false;
+	for (const QList<QVariant> & c : changed) {
+		const QModelIndex first = c[0].toModelIndex(), last = c[1].toModelIndex();
+		told = told || (first.parent() == run2b.parent() && first.row() <= run2b.row() && last.row() >= run2b.row()
+						&& c[2].value<QVector<int> >().contains(Qt::DecorationRole));
+	}
+	EXPECT_TRUE(told);
 }
 
 

@@ -1,13 +1,18 @@
 #include "OVP_ProjectTestUtils.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <Sci_AbstractColorGridSeriesModel.h>
 #include <Sci_AbstractLineSeriesModel.h>
 
+#include <OVP_DataFolderDialog.h>
 #include <OVP_DataPathRemap.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
@@ -90,6 +95,26 @@ TEST(OVPDataPathRemap, DeepestFolderAndBestTrailingPart) {
 	EXPECT_EQ(OVP::DataPathRemap::commonFolder({ "/s/A/t.out" }), "/s/A");
 	EXPECT_EQ(OVP::DataPathRemap::commonFolder({ "/a/t.out", "/b/t.out" }), QString());
 	EXPECT_EQ(OVP::DataPathRemap::commonFolder({}), QString());
+}
+
+
+TEST(OVPDataFolderDialog, AcceptsOnlyAnExistingFolder) {
+	const QString folder = QDir::currentPath();
+	OVP::DataFolderDialog dialog(nullptr, "Data files missing", "The data file 'a.out' does not exist.",
+								 folder + "/gone");
+	dialog.show();
+	QPushButton * ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+	QLineEdit * field = dialog.findChild<QLineEdit *>();
+	EXPECT_FALSE(ok->isEnabled());
+	QTest::keyClick(field, Qt::Key_Return);
+	EXPECT_EQ(dialog.result(), QDialog::Rejected);
+	QTest::keyClick(field, Qt::Key_End);
+	for (int i = 0; i < 5; ++i)
+		QTest::keyClick(field, Qt::Key_Backspace);
+	EXPECT_TRUE(ok->isEnabled());
+	QTest::keyClick(field, Qt::Key_Return);
+	EXPECT_EQ(dialog.result(), QDialog::Accepted);
+	EXPECT_EQ(dialog.folder(), folder);
 }
 
 

@@ -1,16 +1,22 @@
 #ifndef OVAMainWindowH
 #define OVAMainWindowH
 
+#include <memory>
+
 #include <QMainWindow>
 #include <QString>
 
 class QDockWidget;
+class ChartActions;
+class DroppedFileOpener;
 class MainView;
 class SessionPanel;
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
 	bar, names the open session in the window title, asks to save a modified session when it is
-	closed, and offers to reload the session file when another program has changed it.
+	closed, and offers to reload the session file when another program has changed it. Files
+	and folders dropped on it from a file manager are opened (DroppedFileOpener); the chart
+	actions of the data manager and of drops on chart views go to ChartActions.
 
 	It also takes the scripted chart exports of the command line. There is exactly one instance,
 	reached through instance().
@@ -59,6 +65,10 @@ protected:
 	void closeEvent(QCloseEvent * event) override;
 	/*! When the window becomes active, checks whether another program changed the session file. */
 	void changeEvent(QEvent * event) override;
+	/*! Takes files and folders dragged from a file manager, as a copy. */
+	void dragEnterEvent(QDragEnterEvent * event) override;
+	/*! Opens the dropped files and folders once the drop has ended. */
+	void dropEvent(QDropEvent * event) override;
 
 private slots:
 	/*! Shows the session file name and the modified mark in the title. */
@@ -72,16 +82,18 @@ private:
 	/*! Asks whether to reload a session file that has been changed by another program. */
 	void checkForExternalChanges();
 
-	static OVAMainWindow *	m_self;
+	static OVAMainWindow *				m_self;
 
-	MainView *				m_mainView;
-	SessionPanel *			m_sessionPanel;
-	QDockWidget *			m_sessionDock;
+	MainView *							m_mainView;
+	SessionPanel *						m_sessionPanel;
+	QDockWidget *						m_sessionDock;
+	ChartActions *						m_chartActions;
+	std::unique_ptr<DroppedFileOpener>	m_droppedFileOpener;
 	/*! Set by onCloseWithoutQuestion(). */
-	bool					m_closeWithoutQuestion = false;
+	bool								m_closeWithoutQuestion = false;
 	/*! True while the reload question is shown, so that it is not asked twice. */
-	bool					m_askingForReload = false;
-	QString					m_updateInstallerFileName;
+	bool								m_askingForReload = false;
+	QString								m_updateInstallerFileName;
 };
 
 #endif // OVAMainWindowH

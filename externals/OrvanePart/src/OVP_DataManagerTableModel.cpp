@@ -10,7 +10,6 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
-#include "OVP_DataSetMimeData.h"
 #include "OVP_DirectoryLister.h"
 #include "OVP_Settings.h"
 
@@ -179,6 +178,11 @@ QStringList DataManagerTableModel::mimeTypes() const {
 
 
 QMimeData * DataManagerTableModel::mimeData(const QModelIndexList & indexes) const {
+	return DataSetMimeData::create(dataSets(indexes));
+}
+
+
+std::vector<DataSetMimeData::DataSet> DataManagerTableModel::dataSets(const QModelIndexList & indexes) const {
 	std::vector<int> rows;
 	for (const QModelIndex & index : indexes)
 		if (index.isValid() && index.row() < rowCount())
@@ -195,7 +199,7 @@ QMimeData * DataManagerTableModel::mimeData(const QModelIndexList & indexes) con
 		for (std::uint32_t column : c.m_dataSetColumns)
 			dataSets.push_back(DataSetMimeData::DataSet{ c.m_path, column });
 	}
-	return DataSetMimeData::create(dataSets);
+	return dataSets;
 }
 
 

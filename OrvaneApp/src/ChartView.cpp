@@ -115,8 +115,10 @@ void ChartView::mousePressEvent(QMouseEvent * event) {
 
 
 void ChartView::dragEnterEvent(QDragEnterEvent * event) {
-	if (event->mimeData()->hasFormat(OVP::DataSetMimeData::MIME_TYPE))
-		event->acceptProposedAction();
+	if (event->mimeData()->hasFormat(OVP::DataSetMimeData::MIME_TYPE) && (event->possibleActions() & Qt::CopyAction)) {
+		event->setDropAction(Qt::CopyAction);
+		event->accept();
+	}
 }
 
 
@@ -128,7 +130,8 @@ void ChartView::dropEvent(QDropEvent * event) {
 		event->ignore();
 		return;
 	}
-	event->acceptProposedAction();
+	event->setDropAction(Qt::CopyAction);
+	event->accept();
 	emit activated(m_widgetId);
 	emit dataSetsDropped(OVP::DataSetMimeData::mapperDataSets(dataSets));
 }

@@ -64,11 +64,15 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 			this, &DataManagerPanel::createChartRequested);
 	connect(m_optionsWidget, &OVP::DataSetOptionsWidget::addToChartRequested,
 			this, &DataManagerPanel::addToChartRequested);
+	// after the option panel has built its fields
+	connect(m_options, &OVP::DataSetOptions::structureChanged, this, [this]() { fitOptions(true); });
 	// the fields of a model with many parameters stay reachable in a low panel
 	QScrollArea * optionsArea = new QScrollArea;
 	optionsArea->setWidget(m_optionsWidget);
 	optionsArea->setWidgetResizable(true);
 	optionsArea->setFrameShape(QFrame::NoFrame);
+	// Tab goes from the table straight to the first option
+	optionsArea->setFocusPolicy(Qt::NoFocus);
 
 	m_splitter = new QSplitter(Qt::Vertical, this);
 	m_splitter->setChildrenCollapsible(false);
@@ -104,8 +108,24 @@ bool DataManagerPanel::eventFilter(QObject * watched, QEvent * event) {
 
 
 void DataManagerPanel::resizeEvent(QResizeEvent * event) {
-	m_splitter->setOrientation(width() < WIDE_LAYOUT_WIDTH ? Qt::Vertical : Qt::Horizontal);
 	QWidget::resizeEvent(event);
+	const Qt::Orientation orientation = width() < WIDE_LAYOUT_WIDTH ? Qt::Vertical : Qt::Horizontal;
+	if (orientation == m_splitter->orientation())
+		return;
+	m_splitter->setOrientation(orientation);
+	fitOptions(false);
+}
+
+
+void DataManagerPanel::fitOptions(bool keepLarger) {
+	const bool horizontal = m_splitter->orientation() == Qt::Horizontal;
+	const QSize wanted = m_optionsWidget->sizeHint();
+	const int total = horizontal ? width() : height();
+	int options = horizontal ? wanted.width() : wanted.height();
+	if (keepLarger)
+		options = std::max(options, m_splitter->sizes().value(1));
+	options = std::min(options, total/2);
+	m_splitter->setSizes({ total - options, options });
 }
 
 

@@ -62,12 +62,16 @@ signals:
 protected:
 	/*! Enter in the table asks for a chart when the selection makes one. */
 	bool eventFilter(QObject * watched, QEvent * event) override;
-	/*! Puts the options beside or below the table, as the width allows. */
+	/*! Puts the options beside or below the table, as the width allows, and fits them. */
 	void resizeEvent(QResizeEvent * event) override;
 
 private:
 	/*! Fits the columns to their contents up to MAX_COLUMN_WIDTH, the path column taking the rest. */
 	void fitColumns();
+	/*! Gives the options the room they ask for, up to half of the panel, the table the rest;
+		with keepLarger, options that have more room already keep it.
+	*/
+	void fitOptions(bool keepLarger);
 	/*! Hands the data sets of the selected rows to the options. */
 	void onSelectionChanged();
 	/*! Selects the file waiting for its row once the row is there. */

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMimeData>
 
+#include <OVP_DataSetMimeData.h>
 #include <OVP_DirectoryTreeModel.h>
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
@@ -21,7 +22,8 @@ DroppedFileOpener::DroppedFileOpener(MainView & mainView, SessionPanel & session
 
 
 bool DroppedFileOpener::accepts(const QMimeData * data) {
-	return data != nullptr && data->hasUrls();
+	// data sets dragged from the data manager carry their files as URLs, too; they are not opened
+	return data != nullptr && data->hasUrls() && !data->hasFormat(OVP::DataSetMimeData::MIME_TYPE);
 }
 
 

@@ -24,7 +24,9 @@ public:
 	*/
 	DroppedFileOpener(MainView & mainView, SessionPanel & sessionPanel);
 
-	/*! True when data holds URLs: they are taken, and what cannot be opened is reported. */
+	/*! True when data holds URLs from outside: they are taken, and what cannot be opened is
+		reported.
+	*/
 	static bool accepts(const QMimeData * data);
 	/*! Opens the dropped URLs in order. */
 	void open(const QList<QUrl> & urls);

@@ -57,56 +57,48 @@ protected:
 	ViewManager * views() { return m_window->mainView()->viewManager(); }
 	QTableView * table() { return panel()->dataManager()->tableView(); }
 
-	/*! Selects the table rows of these files (names in data/). */
-	void selectFiles(const QStringList & names) {
-		QItemSelectionModel * selection = table()->selectionModel();
-		selection->clearSelection();
-		for (const QString & name : names) {
-			const int row = panel()->fileModel()->rowOfFile(m_dir + "/data/" + name);
-			ASSERT_GE(row, 0) << name.toStdString();
-			selection->select(table()->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-		}
+	/*! The table rows of these files in data/ (the table is neither sorted nor filtered). */
+	QModelIndexList rows(const QStringList & names) {
+		QModelIndexList indexes;
+		for (const QString & name : names)
+			indexes << table()->model()->index(panel()->fileModel()->rowOfFile(m_dir + "/data/" + name), 0);
+		return indexes;
+	}
+
+	void select(const QStringList & names) {
+		table()->clearSelection();
+		for (const QModelIndex & index : rows(names))
+			table()->selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
 	}
 
 	void click(const char * button) {
-		QPushButton * b = panel()->dataManager()->findChild<QPushButton *>(button);
-		ASSERT_NE(b, nullptr);
-		b->click();
+		panel()->dataManager()->findChild<QPushButton *>(button)->click();
 	}
 
-	/*! Drops what the table drags for these files on a view. */
-	void dropFiles(ChartView * view, const QStringList & names) {
-		QModelIndexList rows;
-		for (const QString & name : names)
-			rows.append(panel()->fileModel()->index(panel()->fileModel()->rowOfFile(m_dir + "/data/" + name), 0));
-		std::unique_ptr<QMimeData> mime(panel()->fileModel()->mimeData(rows));
-		QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
-		QCoreApplication::sendEvent(view, &enter);
-		ASSERT_TRUE(enter.isAccepted());
-		QDropEvent drop(QPointF(5, 5), Qt::CopyAction, mime.get(), Qt::LeftButton, Qt::NoModifier);
-		QCoreApplication::sendEvent(view, &drop);
-		EXPECT_TRUE(drop.isAccepted());
-	}
-
-	/*! Sends a drop of URLs from a file manager to the window and runs the event loop until
-		pending headers are read.
+	/*! Drags mime onto target and drops it there, offering copy and move and asking for a move
+		(Shift); the target must take it as a copy (a move would let a file manager delete the
+		file).
 	*/
+	void dragAndDrop(QWidget * target, const QMimeData * mime) {
+		const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+		QDragEnterEvent enter(QPoint(5, 5), offered, mime, Qt::LeftButton, Qt::ShiftModifier);
+		QCoreApplication::sendEvent(target, &enter);
+		QDropEvent drop(QPointF(5, 5), offered, mime, Qt::LeftButton, Qt::ShiftModifier);
+		QCoreApplication::sendEvent(target, &drop);
+		EXPECT_TRUE(drop.isAccepted());
+		EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+	}
+
+	/*! Drops URLs on the window and runs the event loop until pending headers are read. */
 	void dropUrls(const QList<QUrl> & urls) {
 		QMimeData mime;
 		mime.setUrls(urls);
-		QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-		QCoreApplication::sendEvent(m_window.get(), &enter);
-		// a move would let the file manager delete the file
-		EXPECT_TRUE(enter.isAccepted());
-		EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
-		QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
-		QCoreApplication::sendEvent(m_window.get(), &drop);
+		dragAndDrop(m_window.get(), &mime);
 		QElapsedTimer clock;
 		clock.start();
 		do
 			QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 		while (panel()->fileModel()->isReadingHeaders() && clock.elapsed() < 5000);
-		QCoreApplication::processEvents();
 	}
 
 	/*! Names of the selected files in the table. */
@@ -141,7 +133,7 @@ TEST_F(ChartActionsTest, SelectionMakesChartsInTheFocusedViewAndDropsGoToTheirVi
 	};
 
 	// nothing to add to yet: said, nothing changes
-	selectFiles({ "T.out" });
+	select({ "T.out" });
 	click("addToChart");
 	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Cannot add to chart: There is no chart to add the data sets to.",
 								"[LogUserInteraction::showCritical]"), 1);
@@ -151,7 +143,7 @@ TEST_F(ChartActionsTest, SelectionMakesChartsInTheFocusedViewAndDropsGoToTheirVi
 	ASSERT_EQ(mapperCount(), 1);
 	EXPECT_EQ(mapper(0).name(), "T");
 	EXPECT_EQ(shown(), QList<int>({ 0, -1 }));
-	selectFiles({ "RH.out", "TSurface.out" });
+	select({ "RH.out", "TSurface.out" });
 	const std::size_t logged = m_messages->m_messages.size();
 	click("addToChart");
 	EXPECT_EQ(mapper(0).extractors2D().size(), 3u);
@@ -161,12 +153,14 @@ TEST_F(ChartActionsTest, SelectionMakesChartsInTheFocusedViewAndDropsGoToTheirVi
 		EXPECT_NE(m_messages->m_messages[i].m_type, ZEB::MSG_ERROR) << m_messages->m_messages[i].m_text;
 
 	// a drop on the empty view makes a chart in it, a drop on a chart adds to it
-	dropFiles(views()->views().at(1), { "TSurface.out" });
+	std::unique_ptr<QMimeData> mime(table()->model()->mimeData(rows({ "TSurface.out" })));
+	dragAndDrop(views()->views().at(1), mime.get());
 	ASSERT_EQ(mapperCount(), 2);
 	EXPECT_EQ(mapper(1).name(), "TSurface");
 	EXPECT_EQ(shown(), QList<int>({ 0, 1 }));
 	EXPECT_EQ(views()->focusedView()->mapperIndex(), 1);
-	dropFiles(views()->views().at(0), { "RH.out" });
+	mime.reset(table()->model()->mimeData(rows({ "RH.out" })));
+	dragAndDrop(views()->views().at(0), mime.get());
 	EXPECT_EQ(mapper(0).extractors2D().size(), 4u);
 	EXPECT_EQ(views()->focusedView()->mapperIndex(), 0);
 

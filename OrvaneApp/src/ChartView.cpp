@@ -1,11 +1,19 @@
 #include "ChartView.h"
 
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeData>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <ZEB_FunctionId.h>
+#include <ZEB_MessageHandler.h>
+
+#include <OVP_DataSetMimeData.h>
 
 #include <Sci_Chart.h>
 
@@ -14,6 +22,8 @@ ChartView::ChartView(int widgetId, QWidget * parent) :
 	m_widgetId(widgetId)
 {
 	setFrameShape(QFrame::StyledPanel);
+	// the chart and the header take no drops themselves, so that drops on them reach the view
+	setAcceptDrops(true);
 
 	QWidget * header = new QWidget(this);
 	header->setObjectName("chartViewHeader");
@@ -101,6 +111,29 @@ bool ChartView::eventFilter(QObject * watched, QEvent * event) {
 void ChartView::mousePressEvent(QMouseEvent * event) {
 	emit activated(m_widgetId);
 	QFrame::mousePressEvent(event);
+}
+
+
+void ChartView::dragEnterEvent(QDragEnterEvent * event) {
+	if (event->mimeData()->hasFormat(OVP::DataSetMimeData::MIME_TYPE) && (event->possibleActions() & Qt::CopyAction)) {
+		event->setDropAction(Qt::CopyAction);
+		event->accept();
+	}
+}
+
+
+void ChartView::dropEvent(QDropEvent * event) {
+	FUNCID(ChartView::dropEvent);
+	const std::vector<OVP::DataSetMimeData::DataSet> dataSets = OVP::DataSetMimeData::read(event->mimeData());
+	if (dataSets.empty()) {
+		ZEB::reportWarning("The dropped data sets cannot be read; nothing is changed.", FUNC_ID);
+		event->ignore();
+		return;
+	}
+	event->setDropAction(Qt::CopyAction);
+	event->accept();
+	emit activated(m_widgetId);
+	emit dataSetsDropped(OVP::DataSetMimeData::mapperDataSets(dataSets));
 }
 
 

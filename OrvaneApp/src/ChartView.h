@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <OVP_Mapper.h>
+
 class QComboBox;
 class QLabel;
 class QVBoxLayout;
@@ -19,6 +21,9 @@ class Chart;
 
 	The chart belongs to its mapper; the view only lends it a place. When the view shows another
 	chart or is destroyed, it hands the chart back without parent, so that the mapper keeps it.
+
+	Data sets dragged from the data manager (OVP::DataSetMimeData) can be dropped anywhere on the
+	view, the chart included; a drop activates the view and announces the data sets.
 */
 class ChartView : public QFrame {
 	Q_OBJECT
@@ -46,11 +51,17 @@ signals:
 	void activated(int widgetId);
 	/*! The user chose another chart in the list (mapper index, -1: none). */
 	void mapperChosen(int widgetId, int mapperIndex);
+	/*! Data sets were dropped on the view, after activated(). */
+	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
 
 protected:
 	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */
 	bool eventFilter(QObject * watched, QEvent * event) override;
 	void mousePressEvent(QMouseEvent * event) override;
+	/*! Takes drags of data sets. */
+	void dragEnterEvent(QDragEnterEvent * event) override;
+	/*! Announces dropped data sets; damaged ones are reported and refused. */
+	void dropEvent(QDropEvent * event) override;
 
 private slots:
 	void onChartListActivated(int index);

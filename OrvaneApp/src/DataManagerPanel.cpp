@@ -2,32 +2,43 @@
 
 #include <algorithm>
 
-#include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include <OVP_DataManagerFilterModel.h>
 #include <OVP_DataManagerTableModel.h>
+#include <OVP_DataSetMimeData.h>
+#include <OVP_DataSetOptions.h>
+#include <OVP_DataSetOptionsWidget.h>
+#include <OVP_ProjectHandler.h>
 
 DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget * parent) :
 	QWidget(parent),
-	m_filterModel(new OVP::DataManagerFilterModel(this))
+	m_model(model),
+	m_filterModel(new OVP::DataManagerFilterModel(this)),
+	m_options(new OVP::DataSetOptions(OVP::ProjectHandler::instance().dataManager(), this))
 {
 	m_filterModel->setSourceModel(model);
 
-	m_filterEdit = new QLineEdit(this);
+	QWidget * tablePart = new QWidget;
+	m_filterEdit = new QLineEdit(tablePart);
 	m_filterEdit->setPlaceholderText(tr("Filter by file name or quantity"));
 	m_filterEdit->setClearButtonEnabled(true);
 	connect(m_filterEdit, &QLineEdit::textChanged, m_filterModel, &OVP::DataManagerFilterModel::setFilterText);
 
-	m_tableView = new QTableView(this);
+	m_tableView = new QTableView(tablePart);
 	m_tableView->setModel(m_filterModel);
 	m_tableView->setSelectionBehavior(QAbstractItemView::SelectRows);
 	m_tableView->setSelectionMode(QAbstractItemView::ExtendedSelection);
 	m_tableView->setDragEnabled(true);
 	m_tableView->setDragDropMode(QAbstractItemView::DragOnly);
+	// Tab leaves the table for the options instead of moving from cell to cell
+	m_tableView->setTabKeyNavigation(false);
 	m_tableView->setWordWrap(false);
 	m_tableView->setTextElideMode(Qt::ElideMiddle);
 	m_tableView->verticalHeader()->setMinimumSectionSize(0);
@@ -36,16 +47,85 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 	// no sort column until the user clicks a header: the files keep their insertion order
 	m_tableView->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
 	m_tableView->setSortingEnabled(true);
+	m_tableView->installEventFilter(this);
 	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::fitColumns);
+	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::selectWaitingFile);
+	connect(model, &QAbstractItemModel::rowsInserted, this, &DataManagerPanel::selectWaitingFile);
+	connect(m_tableView->selectionModel(), &QItemSelectionModel::selectionChanged,
+			this, &DataManagerPanel::onSelectionChanged);
 
-	QVBoxLayout * tableLayout = new QVBoxLayout;
+	QVBoxLayout * tableLayout = new QVBoxLayout(tablePart);
 	tableLayout->setContentsMargins(0, 0, 0, 0);
 	tableLayout->addWidget(m_filterEdit);
 	tableLayout->addWidget(m_tableView);
-	// the option widgets of the selected data sets get their place to the right of the table
-	QHBoxLayout * layout = new QHBoxLayout(this);
+
+	m_optionsWidget = new OVP::DataSetOptionsWidget(*m_options);
+	connect(m_optionsWidget, &OVP::DataSetOptionsWidget::createChartRequested,
+			this, &DataManagerPanel::createChartRequested);
+	connect(m_optionsWidget, &OVP::DataSetOptionsWidget::addToChartRequested,
+			this, &DataManagerPanel::addToChartRequested);
+	// after the option panel has built its fields
+	connect(m_options, &OVP::DataSetOptions::structureChanged, this, [this]() { fitOptions(true); });
+	// the fields of a model with many parameters stay reachable in a low panel
+	QScrollArea * optionsArea = new QScrollArea;
+	optionsArea->setWidget(m_optionsWidget);
+	optionsArea->setWidgetResizable(true);
+	optionsArea->setFrameShape(QFrame::NoFrame);
+	// Tab goes from the table straight to the first option
+	optionsArea->setFocusPolicy(Qt::NoFocus);
+
+	m_splitter = new QSplitter(Qt::Vertical, this);
+	m_splitter->setChildrenCollapsible(false);
+	m_splitter->addWidget(tablePart);
+	m_splitter->addWidget(optionsArea);
+	m_splitter->setStretchFactor(0, 2);
+	m_splitter->setStretchFactor(1, 1);
+	QVBoxLayout * layout = new QVBoxLayout(this);
 	layout->setContentsMargins(0, 0, 0, 0);
-	layout->addLayout(tableLayout, 1);
+	layout->addWidget(m_splitter);
+}
+
+
+DataManagerPanel::~DataManagerPanel() = default;
+
+
+void DataManagerPanel::selectFile(const QString & path) {
+	m_fileToSelect = path;
+	selectWaitingFile();
+}
+
+
+bool DataManagerPanel::eventFilter(QObject * watched, QEvent * event) {
+	if (watched == m_tableView && event->type() == QEvent::KeyPress) {
+		const int key = static_cast<QKeyEvent *>(event)->key();
+		if ((key == Qt::Key_Return || key == Qt::Key_Enter) && m_options->isComplete()) {
+			emit createChartRequested();
+			return true;
+		}
+	}
+	return QWidget::eventFilter(watched, event);
+}
+
+
+void DataManagerPanel::resizeEvent(QResizeEvent * event) {
+	QWidget::resizeEvent(event);
+	const Qt::Orientation orientation = width() < WIDE_LAYOUT_WIDTH ? Qt::Vertical : Qt::Horizontal;
+	if (orientation == m_splitter->orientation())
+		return;
+	m_splitter->setOrientation(orientation);
+	fitOptions(false);
+}
+
+
+void DataManagerPanel::fitOptions(bool keepLarger) {
+	const bool horizontal = m_splitter->orientation() == Qt::Horizontal;
+	const QSize wanted = m_optionsWidget->sizeHint();
+	const int total = horizontal ? width() : height();
+	int options = horizontal ? wanted.width() : wanted.height();
+	if (keepLarger)
+		options = std::max(options, m_splitter->sizes().value(1));
+	options = std::min(options, total/2);
+	m_splitter->setSizes({ total - options, options });
 }
 
 
@@ -54,4 +134,36 @@ void DataManagerPanel::fitColumns() {
 	QHeaderView * header = m_tableView->horizontalHeader();
 	for (int column = 0; column < header->count(); ++column)
 		header->resizeSection(column, std::min(header->sectionSize(column), MAX_COLUMN_WIDTH));
+}
+
+
+void DataManagerPanel::onSelectionChanged() {
+	const QModelIndexList selected = m_tableView->selectionModel()->selectedRows();
+	QModelIndexList rows;
+	for (const QModelIndex & index : selected)
+		rows.append(m_filterModel->mapToSource(index));
+	// a file that cannot be opened makes the options show its messages; nothing else changes
+	m_options->setSelection(OVP::DataSetMimeData::mapperDataSets(m_model->dataSets(rows)));
+}
+
+
+void DataManagerPanel::selectWaitingFile() {
+	if (m_fileToSelect.isEmpty())
+		return;
+	const int row = m_model->rowOfFile(m_fileToSelect);
+	if (row < 0) {
+		// its header is still to be read, or it failed its check and the log tells why
+		if (!m_model->isReadingHeaders())
+			m_fileToSelect.clear();
+		return;
+	}
+	m_fileToSelect.clear();
+	QModelIndex index = m_filterModel->mapFromSource(m_model->index(row, 0));
+	if (!index.isValid()) {
+		// hidden by the filter text
+		m_filterEdit->clear();
+		index = m_filterModel->mapFromSource(m_model->index(row, 0));
+	}
+	m_tableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+	m_tableView->scrollTo(index);
 }

@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
@@ -20,7 +23,10 @@
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
 
+#include "ChartActions.h"
 #include "ChartExportProperties.h"
+#include "DataManagerPanel.h"
+#include "DroppedFileOpener.h"
 #include "MainView.h"
 #include "MapperTreeView.h"
 #include "ReadProgressWidget.h"
@@ -55,6 +61,7 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	setCentralWidget(m_mainView);
 	setupSessionPanel();
 	setupMenus();
+	setAcceptDrops(true);
 
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	m_progressNotifier = new OVP::ProgressNotifier(this);
@@ -196,6 +203,26 @@ void OVAMainWindow::changeEvent(QEvent * event) {
 }
 
 
+void OVAMainWindow::dragEnterEvent(QDragEnterEvent * event) {
+	// never a move: the file manager would delete what was dropped
+	if (DroppedFileOpener::accepts(event->mimeData()) && (event->possibleActions() & Qt::CopyAction)) {
+		event->setDropAction(Qt::CopyAction);
+		event->accept();
+	}
+}
+
+
+void OVAMainWindow::dropEvent(QDropEvent * event) {
+	if (!DroppedFileOpener::accepts(event->mimeData()) || !(event->possibleActions() & Qt::CopyAction))
+		return;
+	event->setDropAction(Qt::CopyAction);
+	event->accept();
+	// questions about the session wait until the file manager has finished its drag
+	const QList<QUrl> urls = event->mimeData()->urls();
+	QTimer::singleShot(0, this, [this, urls]() { m_droppedFileOpener->open(urls); });
+}
+
+
 void OVAMainWindow::updateWindowTitle() {
 	const OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	QString name = tr("unnamed.o2");
@@ -251,6 +278,13 @@ void OVAMainWindow::setupSessionPanel() {
 	m_sessionDock->toggleViewAction()->setText(tr("Session panel"));
 	connect(m_sessionPanel->mapperView(), &MapperTreeView::mapperSelected,
 			m_mainView->viewManager(), &ViewManager::showMapper);
+
+	DataManagerPanel * dataManager = m_sessionPanel->dataManager();
+	m_chartActions = new ChartActions(dataManager->options(), *m_mainView->viewManager(), this);
+	connect(dataManager, &DataManagerPanel::createChartRequested, m_chartActions, &ChartActions::createChart);
+	connect(dataManager, &DataManagerPanel::addToChartRequested, m_chartActions, &ChartActions::addToCurrentChart);
+	connect(m_mainView->viewManager(), &ViewManager::dataSetsDropped, m_chartActions, &ChartActions::dropDataSets);
+	m_droppedFileOpener.reset(new DroppedFileOpener(*m_mainView, *m_sessionPanel));
 }
 
 

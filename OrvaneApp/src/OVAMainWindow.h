@@ -1,10 +1,14 @@
 #ifndef OVAMainWindowH
 #define OVAMainWindowH
 
+#include <memory>
+
 #include <QMainWindow>
 #include <QString>
 
 class QDockWidget;
+class ChartActions;
+class DroppedFileOpener;
 class MainView;
 class SessionPanel;
 
@@ -14,7 +18,9 @@ class ProgressNotifier;
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
 	bar, names the open session in the window title, asks to save a modified session when it is
-	closed, and offers to reload the session file when another program has changed it.
+	closed, and offers to reload the session file when another program has changed it. Files
+	and folders dropped on it from a file manager are opened (DroppedFileOpener); the chart
+	actions of the data manager and of drops on chart views go to ChartActions.
 
 	While the data manager reads a file, the status bar shows its progress.
 
@@ -67,6 +73,10 @@ protected:
 		(not in the middle of a read, whose files a reload would take away).
 	*/
 	void changeEvent(QEvent * event) override;
+	/*! Takes files and folders dragged from a file manager, as a copy. */
+	void dragEnterEvent(QDragEnterEvent * event) override;
+	/*! Opens the dropped files and folders once the drop has ended. */
+	void dropEvent(QDropEvent * event) override;
 
 private slots:
 	/*! Shows the session file name and the modified mark in the title. */
@@ -80,18 +90,20 @@ private:
 	/*! Asks whether to reload a session file that has been changed by another program. */
 	void checkForExternalChanges();
 
-	static OVAMainWindow *	m_self;
+	static OVAMainWindow *				m_self;
 
-	MainView *				m_mainView;
-	SessionPanel *			m_sessionPanel;
-	QDockWidget *			m_sessionDock;
+	MainView *							m_mainView;
+	SessionPanel *						m_sessionPanel;
+	QDockWidget *						m_sessionDock;
+	ChartActions *						m_chartActions;
+	std::unique_ptr<DroppedFileOpener>	m_droppedFileOpener;
 	/*! Receives the progress of the data manager's reads. */
-	OVP::ProgressNotifier *	m_progressNotifier;
+	OVP::ProgressNotifier *				m_progressNotifier;
 	/*! Set by onCloseWithoutQuestion(). */
-	bool					m_closeWithoutQuestion = false;
+	bool								m_closeWithoutQuestion = false;
 	/*! True while the reload question is shown, so that it is not asked twice. */
-	bool					m_askingForReload = false;
-	QString					m_updateInstallerFileName;
+	bool								m_askingForReload = false;
+	QString								m_updateInstallerFileName;
 };
 
 #endif // OVAMainWindowH

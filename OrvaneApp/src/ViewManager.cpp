@@ -248,6 +248,7 @@ QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringLi
 		v->setContent(mapperNames, node.m_mapperIndex, chart);
 		connect(v, &ChartView::activated, this, &ViewManager::onViewActivated);
 		connect(v, &ChartView::mapperChosen, this, &ViewManager::onViewMapperChosen);
+		connect(v, &ChartView::dataSetsDropped, this, &ViewManager::dataSetsDropped);
 		m_views.append(v);
 		return v;
 	}

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <OVP_Mapper.h>
+
 #include "ChartExportProperties.h"
 
 class QVBoxLayout;
@@ -47,6 +49,10 @@ public:
 	/*! Replaces the pending scripted chart exports. */
 	void setScriptedExports(const QList<ChartExportProperties> & exports) { m_scriptedExports = exports; }
 	bool hasScriptedExports() const { return !m_scriptedExports.isEmpty(); }
+
+signals:
+	/*! Data sets were dropped on a view, which is the focused view now. */
+	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
 
 public slots:
 	/*! Shows the chart of the mapper at mapperIndex in the focused view. */

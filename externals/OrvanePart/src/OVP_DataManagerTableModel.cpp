@@ -10,7 +10,6 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
-#include "OVP_DataSetMimeData.h"
 #include "OVP_Settings.h"
 
 namespace OVP {
@@ -171,6 +170,11 @@ QStringList DataManagerTableModel::mimeTypes() const {
 
 
 QMimeData * DataManagerTableModel::mimeData(const QModelIndexList & indexes) const {
+	return DataSetMimeData::create(dataSets(indexes));
+}
+
+
+std::vector<DataSetMimeData::DataSet> DataManagerTableModel::dataSets(const QModelIndexList & indexes) const {
 	std::vector<int> rows;
 	for (const QModelIndex & index : indexes)
 		if (index.isValid() && index.row() < rowCount())
@@ -187,7 +191,7 @@ QMimeData * DataManagerTableModel::mimeData(const QModelIndexList & indexes) con
 		for (std::uint32_t column : c.m_dataSetColumns)
 			dataSets.push_back(DataSetMimeData::DataSet{ c.m_path, column });
 	}
-	return DataSetMimeData::create(dataSets);
+	return dataSets;
 }
 
 

@@ -17,6 +17,7 @@
 
 #include "OVP_DataCollection.h"
 #include "OVP_DataCollectionReader.h"
+#include "OVP_DataSetMimeData.h"
 #include "OVP_DirectoryLister.h"
 
 namespace ZEB {
@@ -78,8 +79,12 @@ public:
 	/*! Items are selectable, enabled and draggable, never editable. */
 	Qt::ItemFlags flags(const QModelIndex & index) const override;
 	QStringList mimeTypes() const override;
-	/*! The files of the rows, a reference collection with each of its columns. */
+	/*! The data sets of the rows, as dataSets() gives them. */
 	QMimeData * mimeData(const QModelIndexList & indexes) const override;
+	/*! The data sets of the rows of indexes, each row once and in row order: the file, a
+		reference collection with each of its columns.
+	*/
+	std::vector<DataSetMimeData::DataSet> dataSets(const QModelIndexList & indexes) const;
 	Qt::DropActions supportedDragActions() const override;
 
 	/*! The listed folders (absolute, normalised), in the order they were added. */

@@ -1,5 +1,7 @@
 #include "OVP_DataSetMimeData.h"
 
+#include <limits>
+
 #include <QDataStream>
 #include <QList>
 #include <QMimeData>
@@ -51,12 +53,25 @@ std::vector<DataSetMimeData::DataSet> DataSetMimeData::read(const QMimeData * mi
 		qint64 column = NO_COLUMN;
 		in >> dataSet.m_path >> column;
 		dataSet.m_column = column;
+		if (column < NO_COLUMN || column > std::numeric_limits<std::uint32_t>::max())
+			return {};
 		if (in.status() == QDataStream::Ok)
 			dataSets.push_back(dataSet);
 	}
 	if (in.status() != QDataStream::Ok || !in.atEnd())
 		return {};
 	return dataSets;
+}
+
+std::vector<Mapper::DataSet> DataSetMimeData::mapperDataSets(const std::vector<DataSet> & dataSets) {
+	std::vector<Mapper::DataSet> result;
+	for (const DataSet & dataSet : dataSets) {
+		Mapper::DataSet d;
+		d.m_fileName = dataSet.m_path;
+		d.m_column = dataSet.m_column == NO_COLUMN ? 0 : static_cast<std::uint32_t>(dataSet.m_column);
+		result.push_back(d);
+	}
+	return result;
 }
 
 } // namespace OVP

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include "OVP_Mapper.h"
+
 class QMimeData;
 
 namespace OVP {
@@ -33,8 +35,12 @@ public:
 
 	/*! New MIME data holding the data sets (the caller owns it). */
 	static QMimeData * create(const std::vector<DataSet> & dataSets);
-	/*! The data sets of MIME data; empty when it holds none or is damaged. */
+	/*! The data sets of MIME data; empty when it holds none or is damaged (a column outside
+		NO_COLUMN and the largest column number included).
+	*/
 	static std::vector<DataSet> read(const QMimeData * mimeData);
+	/*! The data sets as the mapper takes them: a whole file as column 0. */
+	static std::vector<Mapper::DataSet> mapperDataSets(const std::vector<DataSet> & dataSets);
 };
 
 } // namespace OVP

@@ -113,6 +113,15 @@ void clearForm(QFormLayout * form, QObject * receiver) {
 		form->removeRow(0);
 }
 
+/*! Shows a page; only the page shown counts for the size of the panel. */
+void showPage(QStackedWidget * pages, int page) {
+	for (int i = 0; i < pages->count(); ++i) {
+		const QSizePolicy::Policy policy = i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+		pages->widget(i)->setSizePolicy(policy, policy);
+	}
+	pages->setCurrentIndex(page);
+}
+
 } // namespace
 
 
@@ -231,17 +240,17 @@ void DataSetOptionsWidget::rebuild() {
 	switch (m_options.selectionKind()) {
 		case DataSetOptions::SK_None :
 			m_hint->setText(tr("Select data sets in the table to see their options."));
-			m_pages->setCurrentIndex(P_Hint);
+			showPage(m_pages, P_Hint);
 			break;
 		case DataSetOptions::SK_Unsupported :
 			m_hint->setText(m_options.selectionMessage());
-			m_pages->setCurrentIndex(P_Hint);
+			showPage(m_pages, P_Hint);
 			break;
 		case DataSetOptions::SK_Series :
 		case DataSetOptions::SK_TwoSeries :
 			m_modelBox->setVisible(m_options.selectionKind() == DataSetOptions::SK_TwoSeries);
 			rebuildModelFields();
-			m_pages->setCurrentIndex(P_2D);
+			showPage(m_pages, P_2D);
 			break;
 		case DataSetOptions::SK_Field : {
 			const QSignalBlocker blocker(m_cutTypeCombo);
@@ -249,7 +258,7 @@ void DataSetOptionsWidget::rebuild() {
 			for (EM::CutType c : m_options.cut().cutTypes())
 				m_cutTypeCombo->addItem(EM::CutTypes::keyword(c), static_cast<int>(c));
 			rebuildCutFields();
-			m_pages->setCurrentIndex(P_Field);
+			showPage(m_pages, P_Field);
 		} break;
 	}
 	updateTabOrder();

@@ -17,6 +17,7 @@
 
 #include "OVP_Project.h"
 #include "OVP_ProjectHandler.h"
+#include "OVP_ProjectRelativePath.h"
 #include "OVP_Settings.h"
 
 namespace OVP {
@@ -304,6 +305,28 @@ bool DirectoryTreeModel::addDirectory(const QString & path) {
 		return false;
 	}
 	return m_handler.addDirectory(path);
+}
+
+
+bool DirectoryTreeModel::checkDirectory(const QString & path) {
+	// addDirectory() reports what cannot be added
+	if (!QFileInfo(path).isDir() || !m_handler.isValid())
+		return addDirectory(path);
+	const QString folder = ProjectRelativePath::normalized(path);
+	const std::vector<Directory> & directories = m_handler.project().m_directories;
+	for (std::size_t i = 0; i < directories.size(); ++i) {
+		const QString relative = QDir(directories[i].m_path).relativeFilePath(folder);
+		if (relative == ".." || relative.startsWith("../"))
+			continue;
+		const Directory::SubDirectory sub = directories[i].m_subDirectories.value(relative);
+		if (!sub.m_checked)
+			m_handler.setSubDirectory(static_cast<int>(i), relative, sub.m_color, true);
+		return true;
+	}
+	if (!addDirectory(folder))
+		return false;
+	m_handler.setSubDirectory(static_cast<int>(directories.size()) - 1, TOP_LEVEL_KEY, QColor(), true);
+	return true;
 }
 
 

@@ -95,6 +95,12 @@ public:
 		folder already listed); anything else is reported and not added. Returns true when added.
 	*/
 	bool addDirectory(const QString & path);
+	/*! Checks an existing folder so that its files are listed: a folder below a top-level
+		directory (or that directory itself) is checked there, any other folder is added as
+		top-level directory first. Anything else is reported; returns false when nothing is
+		checked.
+	*/
+	bool checkDirectory(const QString & path);
 	/*! Removes count top-level directories starting at row through the handler; throws
 		ZEB::Exception for a range outside the list.
 	*/

@@ -221,10 +221,11 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	}
 
 	setTargetUnitsFromAxes(entry, leftAxis);
+	// a shown chart asks for the units and values of the series as soon as it is announced
+	updateEntry(entry);
 	const int index = static_cast<int>(m_2DExtractors.size());
 	appendEntry(std::move(entry));
 	static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(index, leftAxis);
-	update2DExtractor(static_cast<unsigned int>(index));
 }
 
 

@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -404,6 +405,15 @@ TEST_F(DataManagerTableModelTest, DragsDataSetsAndSortsByRawValues) {
 	QMimeData damaged;
 	damaged.setData(OVP::DataSetMimeData::MIME_TYPE, mime->data(OVP::DataSetMimeData::MIME_TYPE).left(20));
 	EXPECT_TRUE(OVP::DataSetMimeData::read(&damaged).empty());
+	// so is a column that no data set can have
+	for (qint64 column : { qint64(-2), qint64(1) << 32 }) {
+		QByteArray bytes;
+		QDataStream out(&bytes, QIODevice::WriteOnly);
+		out.setVersion(QDataStream::Qt_5_15);
+		out << quint32(1) << d << column;
+		damaged.setData(OVP::DataSetMimeData::MIME_TYPE, bytes);
+		EXPECT_TRUE(OVP::DataSetMimeData::read(&damaged).empty()) << column;
+	}
 
 	// the size column sorts by bytes, not by its text: 89 B, 165 B, 2.16 kB ("165 B" < "2.16 kB" < "89 B")
 	EXPECT_EQ(model.index(2, DataManagerTableModel::ColFileSize).data().toString(), "89 B");

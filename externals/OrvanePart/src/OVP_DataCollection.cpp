@@ -46,6 +46,21 @@ QStringList DataCollection::dataSetNames(const QString & quantity, const std::ve
 }
 
 
+void DataCollection::takeHeader(const DATAIO::DataIO & header) {
+	m_dataFormat = header.dataFormat();
+	m_outputType = header.type();
+	m_quantity = QString::fromStdString(header.quantity());
+	m_valueUnit = QString::fromStdString(header.valueUnit());
+	m_timeUnit = QString::fromStdString(header.timeUnit());
+	m_dataSetColumns.clear();
+	m_dataSetNames.clear();
+	if (header.type() == DATAIO::DataIO::T_REFERENCE) {
+		m_dataSetColumns = header.nums();
+		m_dataSetNames = dataSetNames(m_quantity, m_dataSetColumns);
+	}
+}
+
+
 QString DataCollection::fileName() const {
 	return QFileInfo(m_path).fileName();
 }

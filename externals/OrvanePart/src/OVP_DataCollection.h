@@ -36,6 +36,11 @@ public:
 	*/
 	static QStringList dataSetNames(const QString & quantity, const std::vector<std::uint32_t> & columns);
 
+	/*! Takes data format, output type, quantity, units and, of a reference output, the data
+		sets from a header.
+	*/
+	void takeHeader(const DATAIO::DataIO & header);
+
 	/*! The file name without folder. */
 	QString fileName() const;
 	/*! A reference output with more than one column: listed as one row of several data sets. */

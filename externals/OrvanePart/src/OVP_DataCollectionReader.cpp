@@ -39,15 +39,7 @@ DataCollection DataCollectionReader::read(const QString & path) {
 	}
 	checkHeader(header);
 
-	collection.m_dataFormat = header.dataFormat();
-	collection.m_outputType = header.type();
-	collection.m_quantity = QString::fromStdString(header.quantity());
-	collection.m_valueUnit = QString::fromStdString(header.valueUnit());
-	collection.m_timeUnit = QString::fromStdString(header.timeUnit());
-	if (header.type() == DATAIO::DataIO::T_REFERENCE) {
-		collection.m_dataSetColumns = header.nums();
-		collection.m_dataSetNames = DataCollection::dataSetNames(collection.m_quantity, header.nums());
-	}
+	collection.takeHeader(header);
 	return collection;
 }
 

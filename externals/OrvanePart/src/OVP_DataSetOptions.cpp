@@ -1,10 +1,13 @@
 #include "OVP_DataSetOptions.h"
 
+#include <algorithm>
+
 #include <DATAIO_DataIO.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include "OVP_DataCollection.h"
 #include "OVP_DataCollectionReader.h"
 #include "OVP_DataManager.h"
 #include "OVP_UserInteraction.h"
@@ -24,6 +27,7 @@ DataSetOptions::~DataSetOptions() = default;
 void DataSetOptions::setSelection(const std::vector<Mapper::DataSet> & dataSets) {
 	m_selection = dataSets;
 	m_dataIOs.clear();
+	m_referenceDataSets.clear();
 	m_cut.reset();
 	m_message.clear();
 	try {
@@ -32,6 +36,7 @@ void DataSetOptions::setSelection(const std::vector<Mapper::DataSet> & dataSets)
 	catch (ZEB::Exception & ex) {
 		m_kind = SK_Unsupported;
 		m_message = exceptionText(ex);
+		m_referenceDataSets.clear();
 		m_cut.reset();
 	}
 	emit structureChanged();
@@ -57,7 +62,8 @@ void DataSetOptions::classifySelection() {
 		all2D = all2D && m_dataIOs.back()->dataFormat() == DATAIO::DataIO::DF_2D;
 	}
 	if (all2D) {
-		m_kind = m_selection.size() == 2 ? SK_TwoSeries : SK_Series;
+		listReferenceDataSets();
+		m_kind = seriesKind();
 		return;
 	}
 	if (m_selection.size() > 1)
@@ -65,6 +71,62 @@ void DataSetOptions::classifySelection() {
 	DATAIO::DataIO & dataIO = *m_dataIOs.front();
 	m_cut.reset(new CutOptions(dataIO, m_dataManager.geometry(&dataIO).get()));
 	m_kind = SK_Field;
+}
+
+
+void DataSetOptions::listReferenceDataSets() {
+	FUNCID(DataSetOptions::setSelection);
+	for (std::size_t i = 0; i < m_selection.size(); ++i) {
+		DataCollection collection;
+		collection.takeHeader(*m_dataIOs[i]);
+		if (!collection.isReferenceCollection())
+			continue;
+		const std::vector<std::uint32_t> & columns = collection.m_dataSetColumns;
+		const auto column = std::find(columns.begin(), columns.end(), m_selection[i].m_column);
+		if (column == columns.end())
+			throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.")
+								 .arg(m_selection[i].m_fileName.toStdString()).arg(m_selection[i].m_column), FUNC_ID);
+		m_referenceDataSets.push_back(ReferenceDataSet{ i, collection.m_dataSetNames[int(column - columns.begin())], true });
+	}
+}
+
+
+DataSetOptions::SelectionKind DataSetOptions::seriesKind() const {
+	return usedDataSets().size() == 2 ? SK_TwoSeries : SK_Series;
+}
+
+
+std::vector<Mapper::DataSet> DataSetOptions::usedDataSets() const {
+	std::vector<bool> used(m_selection.size(), true);
+	for (const ReferenceDataSet & r : m_referenceDataSets)
+		used[r.m_selectionIndex] = r.m_used;
+	std::vector<Mapper::DataSet> dataSets;
+	for (std::size_t i = 0; i < m_selection.size(); ++i)
+		if (used[i])
+			dataSets.push_back(m_selection[i]);
+	return dataSets;
+}
+
+
+QString DataSetOptions::usedDataSetsErrorText() const {
+	if (m_selection.empty() || !usedDataSets().empty())
+		return QString();
+	return tr("No data set is checked: check at least one.");
+}
+
+
+void DataSetOptions::setDataSetUsed(std::size_t i, bool used) {
+	FUNCID(DataSetOptions::setDataSetUsed);
+	if (i >= m_referenceDataSets.size())
+		throw ZEB::Exception(ZEB::MessageFormat("The selection has no reference data set #%1.").arg(i), FUNC_ID);
+	m_referenceDataSets[i].m_used = used;
+	const SelectionKind kind = seriesKind();
+	if (kind == m_kind) {
+		emit valuesChanged();
+		return;
+	}
+	m_kind = kind;
+	emit structureChanged();
 }
 
 
@@ -153,12 +215,15 @@ std::vector<DataSetOptions::Series> DataSetOptions::series() const {
 		} break;
 		case SK_Series :
 		case SK_TwoSeries : {
+			const std::vector<Mapper::DataSet> used = usedDataSets();
+			if (used.empty())
+				throw ZEB::Exception(usedDataSetsErrorText().toStdString(), FUNC_ID);
 			const Mapper::ManipulatorList manipulators = m_manipulator.manipulators();
 			if (m_kind == SK_TwoSeries && !m_model.modelType().empty()) {
-				series.push_back(Series{ m_selection, m_model.modelType(), m_model.parameterText(), manipulators });
+				series.push_back(Series{ used, m_model.modelType(), m_model.parameterText(), manipulators });
 				break;
 			}
-			for (const Mapper::DataSet & ds : m_selection)
+			for (const Mapper::DataSet & ds : used)
 				series.push_back(Series{ { ds }, std::string(), std::string(), manipulators });
 		} break;
 	}

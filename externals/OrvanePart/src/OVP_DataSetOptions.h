@@ -23,8 +23,9 @@ class DataManager;
 
 /*! The options beside the data manager's table for the data sets selected there: a cut for one
 	field or flux data set, a manipulator for 2D data sets and, for two 2D data sets, a model
-	that combines them. series() turns selection and options into what "create chart" and "add
-	to current chart" pass to the mapper.
+	that combines them; the data sets of a reference collection can be left out one by one.
+	series() turns selection and options into what "create chart" and "add to current chart"
+	pass to the mapper.
 
 	The option panel shows and edits this state; every change goes through the setters here,
 	which announce it: structureChanged() when the panel needs other fields (new selection, cut
@@ -50,6 +51,17 @@ public:
 		Mapper::ManipulatorList			m_manipulators;
 	};
 
+	/*! A data set of a reference collection in the selection, which series() takes only while
+		it is used.
+	*/
+	struct ReferenceDataSet {
+		/*! Its position in selection(). */
+		std::size_t	m_selectionIndex;
+		/*! The name the collection gives its column. */
+		QString		m_name;
+		bool		m_used;
+	};
+
 	/*! Options that open the selected files through dataManager. */
 	explicit DataSetOptions(DataManager & dataManager, QObject * parent = nullptr);
 	~DataSetOptions() override;
@@ -57,13 +69,20 @@ public:
 	/*! Takes the data sets selected in the table (file and column); their files are opened
 		(header and time points) and their headers checked as the table checks them (a file may
 		have changed since it was listed): one that fails makes the selection unsupported. The cut is set up anew for a field or flux data set; the
-		manipulator and model choices stay.
+		manipulator and model choices stay. All data sets of reference collections are used.
 	*/
 	void setSelection(const std::vector<Mapper::DataSet> & dataSets);
 	const std::vector<Mapper::DataSet> & selection() const { return m_selection; }
 	SelectionKind selectionKind() const { return m_kind; }
 	/*! Why the selection makes no chart (SK_Unsupported), else empty. */
 	const QString & selectionMessage() const { return m_message; }
+
+	/*! The data sets of the reference collections in the selection, in selection order. */
+	const std::vector<ReferenceDataSet> & referenceDataSets() const { return m_referenceDataSets; }
+	/*! The selection without the unused data sets of reference collections. */
+	std::vector<Mapper::DataSet> usedDataSets() const;
+	/*! Why no data set can be charted when none is used, else empty. */
+	QString usedDataSetsErrorText() const;
 
 	/*! The cut of a field or flux data set; throws ZEB::Exception unless SK_Field. */
 	const CutOptions & cut() const;
@@ -72,7 +91,10 @@ public:
 
 	/*! Setters of the options, see the option classes; each announces the change. The cut
 		setters throw ZEB::Exception unless SK_Field. A setter that throws changes nothing.
+		Whether two 2D data sets are selected counts the used ones: using a data set may
+		change the kind, and then structureChanged() is announced.
 	*/
+	void setDataSetUsed(std::size_t i, bool used);
 	void setCutType(EM::CutType cutType);
 	void setCutIndex(unsigned int dimension, unsigned int index);
 	void setFollowLastTimePoint(bool follow);
@@ -83,9 +105,10 @@ public:
 
 	/*! True when series() gives a chart: a supported selection with accepted parameters. */
 	bool isComplete() const;
-	/*! The series of the selection with the options, in order: one per 2D data set, one for two
-		2D data sets with a model, one for a field or flux data set. Throws ZEB::Exception for
-		an empty or unsupported selection and for parameters the manipulator or model refuses.
+	/*! The series of the selection with the options, in order: one per used 2D data set, one
+		for two 2D data sets with a model, one for a field or flux data set. Throws
+		ZEB::Exception for an empty or unsupported selection, for a selection without used data
+		set and for parameters the manipulator or model refuses.
 	*/
 	std::vector<Series> series() const;
 
@@ -98,6 +121,12 @@ signals:
 private:
 	/*! Opens the files of the selection and decides its kind; throws ZEB::Exception. */
 	void classifySelection();
+	/*! Lists the data sets of the selection that belong to reference collections; throws
+		ZEB::Exception for a column the file does not have.
+	*/
+	void listReferenceDataSets();
+	/*! The kind of a selection of used 2D data sets. */
+	SelectionKind seriesKind() const;
 	/*! The cut; throws ZEB::Exception with the function id when the selection has none. */
 	CutOptions & requireCut(const char * functionId) const;
 
@@ -105,6 +134,7 @@ private:
 	std::vector<Mapper::DataSet>					m_selection;
 	/*! The opened files of the selection, held so that they stay open for the chart. */
 	std::vector<std::shared_ptr<DATAIO::DataIO> >	m_dataIOs;
+	std::vector<ReferenceDataSet>					m_referenceDataSets;
 	SelectionKind									m_kind = SK_None;
 	QString											m_message;
 	std::unique_ptr<CutOptions>						m_cut;

@@ -4,11 +4,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -148,6 +150,7 @@ DataSetOptionsWidget::DataSetOptionsWidget(DataSetOptions & options, QWidget * p
 	buttons->addWidget(m_createButton);
 	buttons->addWidget(m_addButton);
 	QVBoxLayout * layout = new QVBoxLayout(this);
+	layout->addWidget(createDataSetBox());
 	layout->addWidget(m_pages);
 	layout->addLayout(buttons);
 	layout->addStretch(1);
@@ -237,6 +240,7 @@ QWidget * DataSetOptionsWidget::createFieldPage() {
 
 
 void DataSetOptionsWidget::rebuild() {
+	rebuildDataSetList();
 	switch (m_options.selectionKind()) {
 		case DataSetOptions::SK_None :
 			m_hint->setText(tr("Select data sets in the table to see their options."));
@@ -321,6 +325,7 @@ void DataSetOptionsWidget::rebuildCutFields() {
 
 
 void DataSetOptionsWidget::updateValues() {
+	updateDataSetList();
 	const DataSetOptions::SelectionKind kind = m_options.selectionKind();
 	if (kind == DataSetOptions::SK_Series || kind == DataSetOptions::SK_TwoSeries) {
 		const ModelOptions & model = m_options.model();
@@ -378,8 +383,64 @@ void DataSetOptionsWidget::updateState() {
 }
 
 
+QWidget * DataSetOptionsWidget::createDataSetBox() {
+	m_dataSetBox = new QGroupBox(tr("Data sets"), this);
+	m_dataSetList = new QListWidget(m_dataSetBox);
+	m_dataSetList->setObjectName("dataSetList");
+	connect(m_dataSetList, &QListWidget::itemChanged, this, &DataSetOptionsWidget::dataSetItemChanged);
+	m_dataSetError = errorLabel(m_dataSetBox);
+	m_dataSetError->setObjectName("dataSetError");
+	QVBoxLayout * layout = new QVBoxLayout(m_dataSetBox);
+	layout->addWidget(m_dataSetList);
+	layout->addWidget(m_dataSetError);
+	return m_dataSetBox;
+}
+
+
+void DataSetOptionsWidget::rebuildDataSetList() {
+	const std::vector<DataSetOptions::ReferenceDataSet> & dataSets = m_options.referenceDataSets();
+	const std::vector<Mapper::DataSet> & selection = m_options.selection();
+	bool severalFiles = false;
+	for (const Mapper::DataSet & ds : selection)
+		severalFiles = severalFiles || ds.m_fileName != selection.front().m_fileName;
+	QStringList texts;
+	for (const DataSetOptions::ReferenceDataSet & r : dataSets)
+		texts << (severalFiles ? QString("%1: %2").arg(QFileInfo(selection[r.m_selectionIndex].m_fileName).fileName(), r.m_name)
+							   : r.m_name);
+	QStringList shown;
+	for (int i = 0; i < m_dataSetList->count(); ++i)
+		shown << m_dataSetList->item(i)->text();
+	// a change of the selection kind rebuilds the panel, but the list stays with its current item
+	if (texts != shown) {
+		const QSignalBlocker blocker(m_dataSetList);
+		m_dataSetList->clear();
+		for (const QString & text : texts) {
+			QListWidgetItem * item = new QListWidgetItem(text, m_dataSetList);
+			item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+		}
+		m_dataSetList->setCurrentRow(0);
+	}
+	m_dataSetBox->setVisible(!dataSets.empty());
+}
+
+
+void DataSetOptionsWidget::updateDataSetList() {
+	const std::vector<DataSetOptions::ReferenceDataSet> & dataSets = m_options.referenceDataSets();
+	const QSignalBlocker blocker(m_dataSetList);
+	for (int i = 0; i < m_dataSetList->count(); ++i)
+		m_dataSetList->item(i)->setCheckState(dataSets[static_cast<std::size_t>(i)].m_used ? Qt::Checked : Qt::Unchecked);
+	m_dataSetError->setText(m_options.usedDataSetsErrorText());
+	m_dataSetError->setVisible(!m_dataSetError->text().isEmpty());
+}
+
+
+void DataSetOptionsWidget::dataSetItemChanged(QListWidgetItem * item) {
+	m_options.setDataSetUsed(static_cast<std::size_t>(m_dataSetList->row(item)), item->checkState() == Qt::Checked);
+}
+
+
 void DataSetOptionsWidget::updateTabOrder() {
-	std::vector<QWidget *> chain = { m_modelCombo };
+	std::vector<QWidget *> chain = { m_dataSetList, m_modelCombo };
 	chain.insert(chain.end(), m_modelEdits.begin(), m_modelEdits.end());
 	chain.push_back(m_manipulatorCombo);
 	chain.push_back(m_parameterEdit);

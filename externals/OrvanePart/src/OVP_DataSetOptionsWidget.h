@@ -10,6 +10,8 @@ class QComboBox;
 class QFormLayout;
 class QGroupBox;
 class QLabel;
+class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 class QSpinBox;
 class QStackedWidget;
@@ -25,7 +27,8 @@ class DataSetOptions;
 /*! The option panel beside the data manager's table, a view of DataSetOptions: one page for 2D
 	data sets (the manipulator and, for two data sets, the model with its parameters), one for a
 	field or flux data set (cut type, cut indices with their coordinates, following the last time
-	point), and a page with a hint while the selection makes no chart. A typed value is taken
+	point), and a page with a hint while the selection makes no chart. Above the pages, the data
+	sets of selected reference collections with a check box each, to leave some out. A typed value is taken
 	with Enter or when its field loses the focus, Escape puts the last one back; number fields
 	refuse what is no number or outside a parameter's range, the options judge the rest. Numbers
 	are shown with the decimal places of the settings. The buttons ask for "create chart" and
@@ -63,6 +66,16 @@ private:
 	void rebuildModelFields();
 	/*! The index fields of the chosen cut type. */
 	void rebuildCutFields();
+	/*! The box listing the data sets of reference collections. */
+	QWidget * createDataSetBox();
+	/*! Lists the data sets of the reference collections of the selection; hides the box when
+		there are none.
+	*/
+	void rebuildDataSetList();
+	/*! Shows which data sets are used. */
+	void updateDataSetList();
+	/*! Takes the check state of a listed data set. */
+	void dataSetItemChanged(QListWidgetItem * item);
 	/*! Tab order in the order of the fields on screen. */
 	void updateTabOrder();
 
@@ -76,6 +89,10 @@ private:
 	DataSetOptions &			m_options;
 	QStackedWidget *			m_pages = nullptr;
 	QLabel *					m_hint = nullptr;
+
+	QGroupBox *					m_dataSetBox = nullptr;
+	QListWidget *				m_dataSetList = nullptr;
+	QLabel *					m_dataSetError = nullptr;
 
 	QGroupBox *					m_modelBox = nullptr;
 	QComboBox *					m_modelCombo = nullptr;

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -53,6 +54,7 @@ protected:
 			return row;
 		};
 		writeField(m_dir + "/flux.out", "wall.g6a", sides, { 0, 1 }, { flux(1, 2), flux(3, 4) }, true);
+		writeReference(m_dir + "/ref.out", { 4, 7, 9 }, { 0, 1, 2, 3 }, { { 1, 2, 3 }, { 4, 5, 6 }, { 7, 8, 9 }, { 10, 11, 12 } });
 		m_options.reset(new OVP::DataSetOptions(handler().dataManager()));
 		m_creator.reset(new OVP::ChartCreator(handler(), *m_ui));
 	}
@@ -68,6 +70,15 @@ protected:
 				rows.back().push_back(100*t + c);
 		}
 		writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, time, rows);
+	}
+
+	/*! The data sets of ref.out as the table drags them, optionally followed by T.out. */
+	std::vector<OVP::Mapper::DataSet> referenceDataSets(bool withSeries = false) {
+		const QString ref = m_dir + "/ref.out";
+		std::vector<OVP::Mapper::DataSet> dataSets = { { ref, 4 }, { ref, 7 }, { ref, 9 } };
+		if (withSeries)
+			dataSets.push_back(OVP::Mapper::DataSet{ m_dir + "/T.out" });
+		return dataSets;
 	}
 
 	/*! Selects files of the data folder. */
@@ -135,9 +146,6 @@ TEST_F(ChartCreatorTest, LineChartCreateAndAdd) {
 	EXPECT_FALSE(m_creator->addToChart(0, *m_options));
 	EXPECT_EQ(shown(), "Mismatching data format of selected datasets and datasets in chart. Selected data set hat format "
 					   "'3D [time, vector of values]', whereas data set in diagram/mapper has '2D [time, value]'.");
-	select({ "P.out" });
-	EXPECT_FALSE(m_creator->addToChart(0, *m_options));
-	EXPECT_EQ(shown(), "Unit [Pa] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit [%]");
 	EXPECT_EQ(lines(0).seriesCount(), 3u);
 	EXPECT_EQ(m_ui->m_shown.back().m_kind, "critical");
 
@@ -160,7 +168,22 @@ TEST_F(ChartCreatorTest, LineChartCreateAndAdd) {
 	select({ "T.out", "plane.out" });
 	EXPECT_EQ(m_options->selectionMessage(), "A chart of field or flux data shows one data set; select only one.");
 	EXPECT_THROW(m_options->setCutIndex(EM::CD_Time, 0), ZEB::Exception);
+	select({ "ref.out" });
+	EXPECT_EQ(m_options->selectionMessage().toStdString(), "File '" + m_dir.toStdString() + "/ref.out' has no data set in column 0.");
 	EXPECT_EQ(mapperCount(), 2);
+
+	// of a reference collection only the used data sets make series; two used ones are a pair
+	m_options->setSelection(referenceDataSets(true));
+	ASSERT_EQ(m_options->referenceDataSets().size(), 3u);
+	EXPECT_EQ(m_options->referenceDataSets()[2].m_name, "Column 9");
+	m_options->setDataSetUsed(1, false);
+	EXPECT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Series);
+	m_options->setDataSetUsed(0, false);
+	EXPECT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_TwoSeries);
+	ASSERT_EQ(m_creator->createChart(*m_options), 2);
+	ASSERT_EQ(lines(2).seriesCount(), 2u);
+	EXPECT_TRUE(near(yValues(lines(2), 0), { 3, 6, 9, 12 }));
+	EXPECT_TRUE(near(yValues(lines(2), 1), { 20, 21, 22, 23 }));
 }
 
 
@@ -348,9 +371,32 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	m_options->setManipulatorParameter("0.126");
 	EXPECT_EQ(parameter->text(), "0.13");
 
+	// the data sets of a reference collection, named after their file among several files; Space
+	// toggles the current one
+	QListWidget * dataSets = widget.findChild<QListWidget *>("dataSetList");
+	ASSERT_TRUE(dataSets);
+	EXPECT_FALSE(dataSets->isVisible());
+	m_options->setSelection(referenceDataSets(true));
+	ASSERT_EQ(dataSets->count(), 3);
+	EXPECT_TRUE(dataSets->isVisible());
+	EXPECT_EQ(dataSets->item(1)->text(), "ref.out: Column 7");
+	dataSets->setFocus();
+	QTest::keyClick(dataSets, Qt::Key_Down);
+	QTest::keyClick(dataSets, Qt::Key_Space);
+	QTest::keyClick(dataSets, Qt::Key_Up);
+	QTest::keyClick(dataSets, Qt::Key_Space);
+	EXPECT_FALSE(m_options->referenceDataSets()[0].m_used || m_options->referenceDataSets()[1].m_used);
+	EXPECT_TRUE(models->isVisible());
+	m_options->setSelection(referenceDataSets());
+	EXPECT_EQ(dataSets->item(1)->text(), "Column 7");
+	for (int i = 0; i < 3; ++i)
+		dataSets->item(i)->setCheckState(Qt::Unchecked);
+	EXPECT_EQ(widget.findChild<QLabel *>("dataSetError")->text(), "No data set is checked: check at least one.");
+	EXPECT_FALSE(create->isEnabled());
+
 	// a field: the cut fields, the time index only without following the last time point
 	select({ "plane.out" });
-	EXPECT_FALSE(models->isVisible());
+	EXPECT_FALSE(models->isVisible() || dataSets->isVisible());
 	QList<QSpinBox *> indexes = widget.findChildren<QSpinBox *>("cutIndex");
 	ASSERT_EQ(indexes.size(), 1);
 	EXPECT_FALSE(indexes[0]->isEnabled());

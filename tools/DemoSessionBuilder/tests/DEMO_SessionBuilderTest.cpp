@@ -320,10 +320,10 @@ TEST_F(DemoSessionTest, DefaultFileNameFilterListsEveryDataFile) {
 
 
 // A new user makes the seven demo charts from an empty session: registers and checks the data
-// folder, picks the files in the table, sets cut and model beside it and creates the charts, all
-// through the models the panels use. Each chart shows exactly the numbers of the demo chart (in
-// the axis units the demo chose, which the user sets in the axis panel), also after the session
-// was saved and opened again.
+// folder, picks the files in the table, sets data sets, cut and model beside it and creates the
+// charts, all through the models the panels use. Each chart shows exactly the numbers of the demo
+// chart (in the axis units the demo chose, which the user sets in the axis panel), also after the
+// session was saved and opened again.
 TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
 	std::vector<ChartNumbers> demo;
 	std::vector<std::vector<QVariant> > demoAxisUnits;
@@ -363,13 +363,14 @@ TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
 		options.setCutIndex(EM::CD_Time, static_cast<unsigned int>(it - times.begin()));
 	};
 
-	// 1: outdoor temperature and relative humidity, the first two of the climate file's data sets
-	const std::vector<OVP::Mapper::DataSet> climate = dataSetsOfRows(files, { "climate.s6b" });
-	ASSERT_GE(climate.size(), 2u);
-	options.setSelection({ climate[0] });
+	// 1: outdoor temperature and relative humidity of the climate file's data sets
+	select({ "climate.s6b" });
+	for (std::size_t i = 0; i < options.referenceDataSets().size(); ++i) {
+		const QString & name = options.referenceDataSets()[i].m_name;
+		options.setDataSetUsed(i, name == "outdoor temperature [C]" || name == "outdoor relative humidity [%]");
+	}
+	ASSERT_EQ(options.usedDataSets().size(), 2u);
 	ASSERT_EQ(creator.createChart(options), 0);
-	options.setSelection({ climate[1] });
-	EXPECT_TRUE(creator.addToChart(0, options));
 	// 2: wall temperature profile at the cold time
 	select({ "wall_temperature.s6b" });
 	ASSERT_EQ(options.selectionKind(), OVP::DataSetOptions::SK_Field);

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QSignalBlocker>
 
 #include <QtExt_ColorListWidget.h>
@@ -30,8 +31,11 @@ DirectoryTreeView::DirectoryTreeView(OVP::DirectoryTreeModel * model, QWidget * 
 	connect(this, &QTreeView::collapsed, this, [this](const QModelIndex & index) { m_model->setExpanded(index, false); });
 	connect(model, &QAbstractItemModel::modelReset, this, [this]() { restoreExpansion(QModelIndex()); });
 
-	QAction * add = new QAction(tr("Add directory..."), this);
-	connect(add, &QAction::triggered, this, &DirectoryTreeView::onAddDirectory);
+	m_addAction = new QAction(tr("Add directory..."), this);
+	m_addAction->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_O));
+	// the shortcut works wherever the focus is in the window
+	m_addAction->setShortcutContext(Qt::WindowShortcut);
+	connect(m_addAction, &QAction::triggered, this, &DirectoryTreeView::onAddDirectory);
 	m_removeAction = new QAction(tr("Remove directory"), this);
 	connect(m_removeAction, &QAction::triggered, this, &DirectoryTreeView::onRemoveDirectory);
 	m_colorAction = new QAction(tr("Set colour..."), this);
@@ -42,7 +46,7 @@ DirectoryTreeView::DirectoryTreeView(OVP::DirectoryTreeModel * model, QWidget * 
 	connect(m_useColorsAction, &QAction::toggled, this, &DirectoryTreeView::onUseColors);
 	QAction * separator = new QAction(this);
 	separator->setSeparator(true);
-	addActions({ add, m_removeAction, separator, m_colorAction, m_useColorsAction });
+	addActions({ m_addAction, m_removeAction, separator, m_colorAction, m_useColorsAction });
 
 	m_colorList = new QtExt::ColorListWidget(this);
 	m_colorList->setNoColorEntry(true);
@@ -136,4 +140,17 @@ void DirectoryTreeView::restoreExpansion(const QModelIndex & parent) {
 QModelIndex DirectoryTreeView::currentTopLevel() const {
 	const QModelIndex index = currentIndex();
 	return index.isValid() && !index.parent().isValid() ? index.sibling(index.row(), 0) : QModelIndex();
+}
+
+
+void DirectoryTreeView::paintEvent(QPaintEvent * event) {
+	QTreeView::paintEvent(event);
+	if (model()->rowCount() > 0)
+		return;
+	QPainter painter(viewport());
+	painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+	const QRect area = viewport()->rect().adjusted(12, 12, -12, -12);
+	painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap,
+					 tr("Drop a folder of result files here, or choose \"%1\" in the Session menu or the "
+						"context menu.").arg(m_addAction->text().remove(QLatin1Char('&')).remove(QStringLiteral("..."))));
 }

@@ -26,6 +26,9 @@ class DirectoryTreeView : public QTreeView {
 public:
 	explicit DirectoryTreeView(OVP::DirectoryTreeModel * model, QWidget * parent = nullptr);
 
+	/*! "Add directory...", also offered in the Session menu. */
+	QAction * addDirectoryAction() const { return m_addAction; }
+
 public slots:
 	/*! Asks for a folder and adds it as top-level directory. */
 	void onAddDirectory();
@@ -41,6 +44,8 @@ public slots:
 protected:
 	void keyPressEvent(QKeyEvent * event) override;
 	void contextMenuEvent(QContextMenuEvent * event) override;
+	/*! Without directories, tells how to add one. */
+	void paintEvent(QPaintEvent * event) override;
 
 private:
 	/*! Expands the folders below parent that the session keeps expanded, depth first. */
@@ -49,6 +54,7 @@ private:
 	QModelIndex currentTopLevel() const;
 
 	OVP::DirectoryTreeModel *	m_model;
+	QAction *					m_addAction;
 	QAction *					m_removeAction;
 	QAction *					m_colorAction;
 	QAction *					m_useColorsAction;

@@ -30,6 +30,7 @@
 #include "MainView.h"
 #include "MapperTreeView.h"
 #include "ReadProgressWidget.h"
+#include "DirectoryTreeView.h"
 #include "SessionPanel.h"
 #include "ViewManager.h"
 
@@ -244,6 +245,7 @@ void OVAMainWindow::setupMenus() {
 	sessionMenu->addAction(a.m_saveSession);
 	sessionMenu->addAction(a.m_saveSessionAs);
 	sessionMenu->addSeparator();
+	sessionMenu->addAction(m_sessionPanel->directoryView()->addDirectoryAction());
 	sessionMenu->addAction(a.m_useOtherResultFolder);
 	sessionMenu->addSeparator();
 	QAction * quit = sessionMenu->addAction(tr("Quit"));

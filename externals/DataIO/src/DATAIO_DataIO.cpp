@@ -1087,4 +1087,20 @@ std::uint64_t DataIO::headerHash(std::istream & in) const {
 	return h;
 }
 
+
+std::vector<std::string> DataIO::referenceDataSetNames() const {
+	const std::size_t colon = m_quantity.find(':');
+	if (m_type != T_REFERENCE || colon == std::string::npos)
+		return {};
+	std::vector<std::string> names = ZEB::explode(m_quantity.substr(colon + 1), ',');
+	for (std::string & name : names) {
+		name = ZEB::trimmed(name);
+		if (name.empty())
+			return {};
+	}
+	if (names.size() != m_nums.size())
+		return {};
+	return names;
+}
+
 } // namespace DATAIO

@@ -206,6 +206,12 @@ public:
 	const std::string & projectFileName() const { return m_projectFileName; }
 	const std::string & quantity() const { return m_quantity; }
 	const std::string & quantityKeyword() const { return m_quantityKeyword; }
+	/*! The names of the data sets of a reference output, one per column of nums(): the comma
+		separated list after the first colon of the quantity when it names exactly one data set
+		per column ("Climate: outdoor temperature [C], outdoor relative humidity [%]"); empty
+		otherwise.
+	*/
+	std::vector<std::string> referenceDataSetNames() const;
 	SpaceType spaceType() const { return m_spaceType; }
 	TimeType timeType() const { return m_timeType; }
 	const std::string & valueUnit() const { return m_valueUnit; }

@@ -34,6 +34,19 @@ bool Extractor2DFromReference::canUpdate() {
 }
 
 
+std::string Extractor2DFromReference::dataSetName() const {
+	const std::vector<std::string> names = m_dataIOs.front()->referenceDataSetNames();
+	const std::size_t position = columnPosition();
+	return position < names.size() ? names[position] : std::string();
+}
+
+
+std::string Extractor2DFromReference::dataName(OutputDataType data) const {
+	const std::string name = data == ODT_Y ? dataSetName() : std::string();
+	return name.empty() ? Extractor2DOutputBase::dataName(data) : name;
+}
+
+
 void Extractor2DFromReference::doUpdate() {
 	FUNCID(Extractor2DFromReference::doUpdate);
 	extractAndManipulate([this]() { columnSeries(*m_dataIOs.front(), columnPosition(), m_x, m_y); }, FUNC_ID);

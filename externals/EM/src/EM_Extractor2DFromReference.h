@@ -21,9 +21,15 @@ public:
 	bool canUpdate() override;
 
 	std::uint32_t column() const { return m_column; }
+	/*! The name of the column's data set when the container's quantity names its data sets
+		(DATAIO::DataIO::referenceDataSetNames()); empty otherwise.
+	*/
+	std::string dataSetName() const;
 
 protected:
 	void doUpdate() override;
+	/*! The y data is named after the column's data set, when the container names it. */
+	std::string dataName(OutputDataType data) const override;
 
 private:
 	/*! Position of the column among the values of a time point; the count of columns when the

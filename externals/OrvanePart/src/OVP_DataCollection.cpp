@@ -30,19 +30,12 @@ QString DataCollection::sizeText(qint64 bytes) {
 }
 
 
-QStringList DataCollection::dataSetNames(const QString & quantity, const std::vector<std::uint32_t> & columns) {
-	const int colon = quantity.indexOf(':');
-	if (colon >= 0) {
-		QStringList names = quantity.mid(colon + 1).split(',');
-		for (QString & name : names)
-			name = name.trimmed();
-		if (names.size() == int(columns.size()) && !names.contains(QString()))
-			return names;
-	}
-	QStringList names;
-	for (std::uint32_t column : columns)
-		names << QString("Column %1").arg(column);
-	return names;
+QStringList DataCollection::dataSetNames(const DATAIO::DataIO & header) {
+	const std::vector<std::string> names = header.referenceDataSetNames();
+	QStringList result;
+	for (std::size_t i = 0; i < header.nums().size(); ++i)
+		result << (names.empty() ? QString("Column %1").arg(header.nums()[i]) : QString::fromStdString(names[i]));
+	return result;
 }
 
 
@@ -56,7 +49,7 @@ void DataCollection::takeHeader(const DATAIO::DataIO & header) {
 	m_dataSetNames.clear();
 	if (header.type() == DATAIO::DataIO::T_REFERENCE) {
 		m_dataSetColumns = header.nums();
-		m_dataSetNames = dataSetNames(m_quantity, m_dataSetColumns);
+		m_dataSetNames = dataSetNames(header);
 	}
 }
 

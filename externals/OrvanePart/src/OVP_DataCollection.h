@@ -29,12 +29,10 @@ public:
 	*/
 	static QString sizeText(qint64 bytes);
 
-	/*! The names of the data sets of a reference output: the comma separated list after the
-		first colon of the quantity when it names exactly one data set per column (as in
-		"Climate: outdoor temperature [C], outdoor relative humidity [%]"), else "Column %1" with
-		the column numbers.
+	/*! The names of the data sets of a reference output, one per column: those its quantity
+		names (DATAIO::DataIO::referenceDataSetNames()), else "Column %1" with the column numbers.
 	*/
-	static QStringList dataSetNames(const QString & quantity, const std::vector<std::uint32_t> & columns);
+	static QStringList dataSetNames(const DATAIO::DataIO & header);
 
 	/*! Takes data format, output type, quantity, units and, of a reference output, the data
 		sets from a header.

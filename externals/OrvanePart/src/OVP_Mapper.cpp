@@ -150,7 +150,8 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
 	ExtractorEntry entry = mapper->createEntry(dataSets, modelType, modelParameter, manipulators);
 	if (modelType.empty()) {
-		const std::string & quantity = entry.m_dataIOs.front()->quantity();
+		const std::string dataSet = referenceDataSetName(entry);
+		const std::string & quantity = dataSet.empty() ? entry.m_dataIOs.front()->quantity() : dataSet;
 		mapper->m_name = quantity.empty() ? QFileInfo(dataSets.front().m_fileName).fileName()
 										  : QString::fromStdString(quantity);
 	}
@@ -631,6 +632,12 @@ SCI::Chart * Mapper::chart() {
 }
 
 
+std::string Mapper::referenceDataSetName(const ExtractorEntry & entry) {
+	const EM::Extractor2DFromReference * reference = dynamic_cast<const EM::Extractor2DFromReference *>(entry.m_extractor.get());
+	return reference != nullptr ? reference->dataSetName() : std::string();
+}
+
+
 QString Mapper::displayTitle(const QString & title, const ExtractorEntry & entry) {
 	if (entry.m_dataIOs.empty() || !title.contains("$filename"))
 		return title;
@@ -724,7 +731,9 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 			else
 				entry.m_extractor->setCutIndex(cut.first, cut.second, false);
 		}
-		entry.m_title = DEFAULT_SERIES_TITLE;
+		// the columns of one reference file would all be named after the file
+		const std::string dataSet = referenceDataSetName(entry);
+		entry.m_title = dataSet.empty() ? QString(DEFAULT_SERIES_TITLE) : QString::fromStdString(dataSet);
 	}
 	else if (dataSets.size() == 2 && !modelType.empty()) {
 		for (const DataSet & ds : dataSets) {

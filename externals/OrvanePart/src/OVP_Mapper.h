@@ -177,6 +177,10 @@ public:
 		container.
 	*/
 	static QString displayTitle(const QString & title, const ExtractorEntry & entry);
+	/*! The name of the data set of an entry of one reference column, when its file names it;
+		empty otherwise.
+	*/
+	static std::string referenceDataSetName(const ExtractorEntry & entry);
 	/*! Stores the title of a line series, which is saved with the mapper. */
 	void setSeriesTitle(unsigned int index, const QString & title);
 

@@ -111,10 +111,17 @@ TEST(OVPDataCollection, SizeTextsSwitchUnitAboveOneWholeUnit) {
 	QLocale::setDefault(previous);
 
 	// data set names come from the quantity only when it names one per column
-	EXPECT_EQ(DataCollection::dataSetNames("Climate: outdoor temperature [C], rain [mm/h]", { 3, 7 }),
-			  QStringList({ "outdoor temperature [C]", "rain [mm/h]" }));
-	EXPECT_EQ(DataCollection::dataSetNames("Climate: outdoor temperature [C], rain [mm/h]", { 3, 7, 9 }),
-			  QStringList({ "Column 3", "Column 7", "Column 9" }));
+	DATAIO::DataIO header;
+	header.setType(DATAIO::DataIO::T_REFERENCE);
+	header.setQuantity("Climate: outdoor temperature [C],  rain [mm/h]");
+	header.setNums({ 3, 7 });
+	EXPECT_EQ(DataCollection::dataSetNames(header), QStringList({ "outdoor temperature [C]", "rain [mm/h]" }));
+	for (const std::string quantity : { "Climate: temperature [C], rain [mm/h], wind, sun", "Climate: a, , b",
+										"a, b, c" }) {
+		header.setQuantity(quantity);
+		header.setNums({ 3, 7, 9 });
+		EXPECT_EQ(DataCollection::dataSetNames(header), QStringList({ "Column 3", "Column 7", "Column 9" })) << quantity;
+	}
 }
 
 

@@ -371,6 +371,11 @@ TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
 	}
 	ASSERT_EQ(options.usedDataSets().size(), 2u);
 	ASSERT_EQ(creator.createChart(options), 0);
+	// chart, series and axis are named after the data sets, not after the file they share
+	const OVP::Mapper & climate = *m_handler.project().mapperModel()->mapper(0);
+	EXPECT_EQ(climate.name(), "outdoor temperature [C]");
+	EXPECT_EQ(climate.chartModel()->seriesData(1, LM::SeriesTitleText).toString(), "outdoor relative humidity [%]");
+	EXPECT_EQ(climate.chartModel()->axisData(CM::LeftAxis, CM::AxisTitle).toString(), "outdoor temperature [C] [-]");
 	// 2: wall temperature profile at the cold time
 	select({ "wall_temperature.s6b" });
 	ASSERT_EQ(options.selectionKind(), OVP::DataSetOptions::SK_Field);

@@ -48,6 +48,7 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 	m_tableView->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
 	m_tableView->setSortingEnabled(true);
 	m_tableView->installEventFilter(this);
+	m_filterEdit->installEventFilter(this);
 	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::fitColumns);
 	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::selectWaitingFile);
 	connect(model, &QAbstractItemModel::rowsInserted, this, &DataManagerPanel::selectWaitingFile);
@@ -96,6 +97,22 @@ void DataManagerPanel::selectFile(const QString & path) {
 
 
 bool DataManagerPanel::eventFilter(QObject * watched, QEvent * event) {
+	// reached by keyboard, the table selects a row at once, so that its options show
+	if (watched == m_tableView && event->type() == QEvent::FocusIn
+		&& static_cast<QFocusEvent *>(event)->reason() != Qt::MouseFocusReason
+		&& !m_tableView->selectionModel()->hasSelection() && m_filterModel->rowCount() > 0)
+	{
+		const QModelIndex current = m_tableView->currentIndex();
+		m_tableView->selectionModel()->setCurrentIndex(current.isValid() ? current : m_filterModel->index(0, 0),
+				QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+	}
+	// Down in the filter line goes on to the files it leaves
+	if (watched == m_filterEdit && event->type() == QEvent::KeyPress
+		&& static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down)
+	{
+		m_tableView->setFocus(Qt::TabFocusReason);
+		return true;
+	}
 	if (watched == m_tableView && event->type() == QEvent::KeyPress) {
 		const int key = static_cast<QKeyEvent *>(event)->key();
 		if ((key == Qt::Key_Return || key == Qt::Key_Enter) && m_options->isComplete()) {

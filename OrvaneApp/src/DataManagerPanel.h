@@ -60,7 +60,9 @@ signals:
 	void addToChartRequested();
 
 protected:
-	/*! Enter in the table asks for a chart when the selection makes one. */
+	/*! Enter in the table asks for a chart when the selection makes one; the table reached by
+		keyboard (Tab, or Down in the filter line) selects its current or first row.
+	*/
 	bool eventFilter(QObject * watched, QEvent * event) override;
 	/*! Puts the options beside or below the table, as the width allows, and fits them. */
 	void resizeEvent(QResizeEvent * event) override;

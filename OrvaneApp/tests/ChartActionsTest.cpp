@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTableView>
@@ -164,7 +165,15 @@ TEST_F(ChartActionsTest, SelectionMakesChartsInTheFocusedViewAndDropsGoToTheirVi
 	EXPECT_EQ(mapper(0).extractors2D().size(), 4u);
 	EXPECT_EQ(views()->focusedView()->mapperIndex(), 0);
 
-	// Enter in the table creates a chart as well, shown in the focused view
+	// from the filter line, Down selects the first file shown, and Enter creates its chart
+	QLineEdit * filter = panel()->dataManager()->filterEdit();
+	filter->setText("RH");
+	table()->clearSelection();
+	QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+	QCoreApplication::sendEvent(filter, &down);
+	QFocusEvent focusIn(QEvent::FocusIn, Qt::TabFocusReason);
+	QCoreApplication::sendEvent(table(), &focusIn);
+	EXPECT_EQ(selectedNames(), QStringList({ "RH.out" }));
 	QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
 	QCoreApplication::sendEvent(table(), &enter);
 	ASSERT_EQ(mapperCount(), 3);

@@ -86,10 +86,17 @@ void MapperTreeView::contextMenuEvent(QContextMenuEvent * event) {
 }
 
 
+void MapperTreeView::focusInEvent(QFocusEvent * event) {
+	m_takingFocus = true;
+	QTreeView::focusInEvent(event);
+	m_takingFocus = false;
+}
+
+
 void MapperTreeView::currentChanged(const QModelIndex & current, const QModelIndex & previous) {
 	QTreeView::currentChanged(current, previous);
 	const OVP::MapperTreeModel * model = mapperModel(this);
-	if (model == nullptr || !current.isValid())
+	if (model == nullptr || !current.isValid() || m_takingFocus)
 		return;
 	// moving between the data sets of one chart keeps the chart
 	const int mapperIndex = model->mapperIndex(current);

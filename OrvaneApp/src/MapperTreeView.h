@@ -32,6 +32,8 @@ protected:
 	void keyPressEvent(QKeyEvent * event) override;
 	void contextMenuEvent(QContextMenuEvent * event) override;
 	void currentChanged(const QModelIndex & current, const QModelIndex & previous) override;
+	/*! Focus alone does not choose a chart, although the view then makes its first row current. */
+	void focusInEvent(QFocusEvent * event) override;
 
 private:
 	/*! Shows the mapper model of the open session, or nothing. */
@@ -41,6 +43,8 @@ private:
 
 	QAction *	m_deleteAction;
 	QAction *	m_duplicateAction;
+	/*! True while the view takes the focus. */
+	bool		m_takingFocus = false;
 };
 
 #endif // MapperTreeViewH

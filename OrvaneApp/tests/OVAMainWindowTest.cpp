@@ -229,11 +229,17 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	panel->dataManager()->filterEdit()->clear();
 	EXPECT_EQ(table->rowCount(), 0);
 
-	// a chart made current in the tree goes into the focused view; Delete asks first
+	// taking the focus makes a row current but chooses no chart
 	MapperTreeView * charts = panel->mapperView();
-	charts->setCurrentIndex(charts->model()->index(2, 0));
 	ViewManager * views = window.mainView()->viewManager();
 	ASSERT_NE(views->focusedView(), nullptr);
+	views->showMapper(1);
+	QFocusEvent focusIn(QEvent::FocusIn, Qt::TabFocusReason);
+	QCoreApplication::sendEvent(charts, &focusIn);
+	EXPECT_TRUE(charts->currentIndex().isValid());
+	EXPECT_EQ(views->focusedView()->mapperIndex(), 1);
+	// a chart made current in the tree goes into the focused view; Delete asks first
+	charts->setCurrentIndex(charts->model()->index(2, 0));
 	EXPECT_EQ(views->focusedView()->mapperIndex(), 2);
 	QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
 	QCoreApplication::sendEvent(charts, &del);

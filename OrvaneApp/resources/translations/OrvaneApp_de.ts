@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>ChartCreator</name>
+    <message>
+        <source>Cannot create chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot add to chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ChartView</name>
     <message>
         <source>Chart:</source>
@@ -22,6 +33,59 @@
     <message>
         <source>No chart selected. Choose a chart from the list above.</source>
         <translation>Kein Diagramm ausgewählt. Wählen Sie ein Diagramm in der Liste oben.</translation>
+    </message>
+</context>
+<context>
+    <name>DataManagerPanel</name>
+    <message>
+        <source>Filter by file name or quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DirectoryTreeView</name>
+    <message>
+        <source>Add directory...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove directory</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set colour...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select directory with result files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove the directory &apos;%1&apos; from the session?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drop a folder of result files here, or choose &quot;%1&quot; in the Session menu or the context menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DroppedFileOpener</name>
+    <message>
+        <source>Cannot open dropped file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a local file or folder; nothing was opened.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is neither a session file (*.o2), a result file (%2) nor a folder; nothing was opened.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -108,6 +172,55 @@
     </message>
 </context>
 <context>
+    <name>ManipulatorOptions</name>
+    <message>
+        <source>Invalid parameter for manipulator.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Difference between value and first value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale by factor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add offset (value shift)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Factor:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Offset:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MapperTreeView</name>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ModelOptions</name>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>OVADebugApplication</name>
     <message>
         <source>Orvane 2 encountered an unexpected error (we certainly didn&apos;t want this error to happen :-). Please copy the content of the application log file and send the last lines with any potential error messages to the developers. Thanks!</source>
@@ -144,12 +257,168 @@
         <source>The project file has been modified by an external application. When reloading this project file all unsaved changes will be lost. Reload modified project file?</source>
         <translation>Die Projektdatei wurde von einem anderen Programm geändert. Beim erneuten Laden der Projektdatei gehen alle ungespeicherten Änderungen verloren. Geänderte Projektdatei neu laden?</translation>
     </message>
+    <message>
+        <source>Session</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Session panel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OVP::DataFolderDialog</name>
+    <message>
+        <source>&amp;Folder of the data:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OVP::DataManagerTableModel</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time unit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OVP::DataSetOptions</name>
+    <message>
+        <source>No data set is checked: check at least one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OVP::DataSetOptionsWidget</name>
+    <message>
+        <source>Create chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add to current chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Manipulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>follow last time point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select data sets in the table to see their options.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>any</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>any number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>from %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, default %2, valid %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 index:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no values yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Data sets</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>OVP::MapperTreeModel</name>
     <message>
-        <source>%1 (%2 data sets)</source>
-        <translation>%1 (%2 Datensätze)</translation>
+        <source>follow last time point</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (locked)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Line chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colour grid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vector field</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Empty chart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 with 1 data set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 with %2 data sets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chart / data set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Manipulators</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -244,6 +513,41 @@
         <translation>Die Sitzung bleibt unverändert:
 %1</translation>
     </message>
+    <message>
+        <source>Delete the chart &apos;%1&apos;?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete these %1 charts?
+%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete charts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (copy)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Restore from backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The session file &apos;%1&apos; cannot be read:
+%2
+
+Its backup copy &apos;%3&apos; can be read. Restore the session from the backup? The session file itself is replaced only when you save the session.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Restore from backup</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>QtExt::AutoUpdater</name>
@@ -286,6 +590,135 @@
     <message>
         <source>Cannot write md5 hash file &apos;%1&apos;.</source>
         <translation>Die MD5-Prüfsummendatei &apos;%1&apos; kann nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::BrowseFilenameWidget</name>
+    <message>
+        <source>Browse (F4)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The folder &apos;%1&apos; does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::ColorListWidget</name>
+    <message>
+        <source>Red</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Teal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Violet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pink</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Other...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::ValidatingLineEdit</name>
+    <message>
+        <source>Enter a whole number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter a number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a whole number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be at least %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be greater than %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be at most %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be less than %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be between %1 and %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be at least %1 and less than %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be greater than %1 and at most %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value must be greater than %1 and less than %2.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

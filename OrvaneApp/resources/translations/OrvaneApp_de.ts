@@ -5,11 +5,11 @@
     <name>ChartCreator</name>
     <message>
         <source>Cannot create chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramm kann nicht erstellt werden</translation>
     </message>
     <message>
         <source>Cannot add to chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum Diagramm kann nicht hinzugefügt werden</translation>
     </message>
 </context>
 <context>
@@ -39,53 +39,53 @@
     <name>DataManagerPanel</name>
     <message>
         <source>Filter by file name or quantity</source>
-        <translation type="unfinished"></translation>
+        <translation>Nach Dateiname oder Größe filtern</translation>
     </message>
 </context>
 <context>
     <name>DirectoryTreeView</name>
     <message>
         <source>Add directory...</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis hinzufügen...</translation>
     </message>
     <message>
         <source>Remove directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis entfernen</translation>
     </message>
     <message>
         <source>Set colour...</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe festlegen...</translation>
     </message>
     <message>
         <source>Use colours</source>
-        <translation type="unfinished"></translation>
+        <translation>Farben verwenden</translation>
     </message>
     <message>
         <source>Select directory with result files</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis mit Ergebnisdateien auswählen</translation>
     </message>
     <message>
         <source>Remove the directory &apos;%1&apos; from the session?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis &apos;%1&apos; aus der Sitzung entfernen?</translation>
     </message>
     <message>
         <source>Drop a folder of result files here, or choose &quot;%1&quot; in the Session menu or the context menu.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ziehen Sie einen Ordner mit Ergebnisdateien hierher oder wählen Sie &quot;%1&quot; im Menü Sitzung oder im Kontextmenü.</translation>
     </message>
 </context>
 <context>
     <name>DroppedFileOpener</name>
     <message>
         <source>Cannot open dropped file</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgelegte Datei kann nicht geöffnet werden</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not a local file or folder; nothing was opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist keine lokale Datei und kein lokaler Ordner; es wurde nichts geöffnet.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is neither a session file (*.o2), a result file (%2) nor a folder; nothing was opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist weder eine Sitzungsdatei (*.o2) noch eine Ergebnisdatei (%2) noch ein Ordner; es wurde nichts geöffnet.</translation>
     </message>
 </context>
 <context>
@@ -175,49 +175,49 @@
     <name>ManipulatorOptions</name>
     <message>
         <source>Invalid parameter for manipulator.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ungültiger Parameter für den Manipulator.</translation>
     </message>
     <message>
         <source>Difference between value and first value</source>
-        <translation type="unfinished"></translation>
+        <translation>Differenz zwischen Wert und erstem Wert</translation>
     </message>
     <message>
         <source>Scale by factor</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit Faktor skalieren</translation>
     </message>
     <message>
         <source>Add offset (value shift)</source>
-        <translation type="unfinished"></translation>
+        <translation>Offset addieren (Wertverschiebung)</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keiner</translation>
     </message>
     <message>
         <source>Factor:</source>
-        <translation type="unfinished"></translation>
+        <translation>Faktor:</translation>
     </message>
     <message>
         <source>Offset:</source>
-        <translation type="unfinished"></translation>
+        <translation>Offset:</translation>
     </message>
 </context>
 <context>
     <name>MapperTreeView</name>
     <message>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation type="unfinished"></translation>
+        <translation>Duplizieren</translation>
     </message>
 </context>
 <context>
     <name>ModelOptions</name>
     <message>
         <source>None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keines</translation>
     </message>
 </context>
 <context>
@@ -259,166 +259,166 @@
     </message>
     <message>
         <source>Session</source>
-        <translation type="unfinished"></translation>
+        <translation>Sitzung</translation>
     </message>
     <message>
         <source>Session panel</source>
-        <translation type="unfinished"></translation>
+        <translation>Sitzungsbereich</translation>
     </message>
 </context>
 <context>
     <name>OVP::DataFolderDialog</name>
     <message>
         <source>&amp;Folder of the data:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ordner der Daten:</translation>
     </message>
 </context>
 <context>
     <name>OVP::DataManagerTableModel</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Quantity</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>Value unit</source>
-        <translation type="unfinished"></translation>
+        <translation>Werteinheit</translation>
     </message>
     <message>
         <source>Time unit</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiteinheit</translation>
     </message>
     <message>
         <source>Last changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geändert</translation>
     </message>
     <message>
         <source>File size</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateigröße</translation>
     </message>
     <message>
         <source>Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad</translation>
     </message>
 </context>
 <context>
     <name>OVP::DataSetOptions</name>
     <message>
         <source>No data set is checked: check at least one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Datensatz ist angehakt: Haken Sie mindestens einen an.</translation>
     </message>
 </context>
 <context>
     <name>OVP::DataSetOptionsWidget</name>
     <message>
         <source>Create chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramm erstellen</translation>
     </message>
     <message>
         <source>Add to current chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Zum aktuellen Diagramm hinzufügen</translation>
     </message>
     <message>
         <source>Model</source>
-        <translation type="unfinished"></translation>
+        <translation>Modell</translation>
     </message>
     <message>
         <source>Manipulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Manipulator</translation>
     </message>
     <message>
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnitt</translation>
     </message>
     <message>
         <source>follow last time point</source>
-        <translation type="unfinished"></translation>
+        <translation>letztem Zeitpunkt folgen</translation>
     </message>
     <message>
         <source>Select data sets in the table to see their options.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie Datensätze in der Tabelle aus, um ihre Optionen zu sehen.</translation>
     </message>
     <message>
         <source>any</source>
-        <translation type="unfinished"></translation>
+        <translation>beliebig</translation>
     </message>
     <message>
         <source>any number</source>
-        <translation type="unfinished"></translation>
+        <translation>beliebige Zahl</translation>
     </message>
     <message>
         <source>from %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>von %1 bis %2</translation>
     </message>
     <message>
         <source>%1, default %2, valid %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Standard %2, gültig %3</translation>
     </message>
     <message>
         <source>%1 index:</source>
-        <translation type="unfinished"></translation>
+        <translation>%1-Index:</translation>
     </message>
     <message>
         <source>no values yet</source>
-        <translation type="unfinished"></translation>
+        <translation>noch keine Werte</translation>
     </message>
     <message>
         <source>Data sets</source>
-        <translation type="unfinished"></translation>
+        <translation>Datensätze</translation>
     </message>
 </context>
 <context>
     <name>OVP::MapperTreeModel</name>
     <message>
         <source>follow last time point</source>
-        <translation type="unfinished"></translation>
+        <translation>letztem Zeitpunkt folgen</translation>
     </message>
     <message>
         <source>%1 (locked)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (gesperrt)</translation>
     </message>
     <message>
         <source>Line chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Liniendiagramm</translation>
     </message>
     <message>
         <source>Colour grid</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbraster</translation>
     </message>
     <message>
         <source>Vector field</source>
-        <translation type="unfinished"></translation>
+        <translation>Vektorfeld</translation>
     </message>
     <message>
         <source>Empty chart</source>
-        <translation type="unfinished"></translation>
+        <translation>Leeres Diagramm</translation>
     </message>
     <message>
         <source>%1 with 1 data set</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 mit 1 Datensatz</translation>
     </message>
     <message>
         <source>%1 with %2 data sets</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 mit %2 Datensätzen</translation>
     </message>
     <message>
         <source>Chart / data set</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramm / Datensatz</translation>
     </message>
     <message>
         <source>Cut</source>
-        <translation type="unfinished"></translation>
+        <translation>Schnitt</translation>
     </message>
     <message>
         <source>Manipulators</source>
-        <translation type="unfinished"></translation>
+        <translation>Manipulatoren</translation>
     </message>
     <message>
         <source>Model</source>
-        <translation type="unfinished"></translation>
+        <translation>Modell</translation>
     </message>
 </context>
 <context>
@@ -515,38 +515,42 @@
     </message>
     <message>
         <source>Delete the chart &apos;%1&apos;?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Diagramm &apos;%1&apos; löschen?</translation>
     </message>
     <message>
         <source>Delete these %1 charts?
 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese %1 Diagramme löschen?
+%2</translation>
     </message>
     <message>
         <source>Delete charts</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramme löschen</translation>
     </message>
     <message>
         <source>%1 (copy)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Kopie)</translation>
     </message>
     <message>
         <source>Restore from backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Sicherung wiederherstellen</translation>
     </message>
     <message>
         <source>The session file &apos;%1&apos; cannot be read:
 %2
 
 Its backup copy &apos;%3&apos; can be read. Restore the session from the backup? The session file itself is replaced only when you save the session.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sitzungsdatei &apos;%1&apos; kann nicht gelesen werden:
+%2
+
+Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sicherung wiederherstellen? Die Sitzungsdatei selbst wird erst ersetzt, wenn Sie die Sitzung speichern.</translation>
     </message>
 </context>
 <context>
     <name>QObject</name>
     <message>
         <source>Restore from backup</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus Sicherung wiederherstellen</translation>
     </message>
 </context>
 <context>
@@ -596,129 +600,129 @@ Its backup copy &apos;%3&apos; can be read. Restore the session from the backup?
     <name>QtExt::BrowseFilenameWidget</name>
     <message>
         <source>Browse (F4)</source>
-        <translation type="unfinished"></translation>
+        <translation>Durchsuchen (F4)</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not a folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist kein Ordner.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist keine Datei.</translation>
     </message>
     <message>
         <source>The folder &apos;%1&apos; does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner &apos;%1&apos; existiert nicht.</translation>
     </message>
     <message>
         <source>The file &apos;%1&apos; does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei &apos;%1&apos; existiert nicht.</translation>
     </message>
 </context>
 <context>
     <name>QtExt::ColorListWidget</name>
     <message>
         <source>Red</source>
-        <translation type="unfinished"></translation>
+        <translation>Rot</translation>
     </message>
     <message>
         <source>Orange</source>
-        <translation type="unfinished"></translation>
+        <translation>Orange</translation>
     </message>
     <message>
         <source>Yellow</source>
-        <translation type="unfinished"></translation>
+        <translation>Gelb</translation>
     </message>
     <message>
         <source>Green</source>
-        <translation type="unfinished"></translation>
+        <translation>Grün</translation>
     </message>
     <message>
         <source>Teal</source>
-        <translation type="unfinished"></translation>
+        <translation>Blaugrün</translation>
     </message>
     <message>
         <source>Blue</source>
-        <translation type="unfinished"></translation>
+        <translation>Blau</translation>
     </message>
     <message>
         <source>Violet</source>
-        <translation type="unfinished"></translation>
+        <translation>Violett</translation>
     </message>
     <message>
         <source>Pink</source>
-        <translation type="unfinished"></translation>
+        <translation>Rosa</translation>
     </message>
     <message>
         <source>Brown</source>
-        <translation type="unfinished"></translation>
+        <translation>Braun</translation>
     </message>
     <message>
         <source>Grey</source>
-        <translation type="unfinished"></translation>
+        <translation>Grau</translation>
     </message>
     <message>
         <source>Other...</source>
-        <translation type="unfinished"></translation>
+        <translation>Andere...</translation>
     </message>
     <message>
         <source>No colour</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Farbe</translation>
     </message>
     <message>
         <source>Choose colour</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbe wählen</translation>
     </message>
 </context>
 <context>
     <name>QtExt::ValidatingLineEdit</name>
     <message>
         <source>Enter a whole number.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie eine ganze Zahl ein.</translation>
     </message>
     <message>
         <source>Enter a number.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie eine Zahl ein.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not a whole number.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist keine ganze Zahl.</translation>
     </message>
     <message>
         <source>&apos;%1&apos; is not a number.</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; ist keine Zahl.</translation>
     </message>
     <message>
         <source>Value must be at least %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss mindestens %1 sein.</translation>
     </message>
     <message>
         <source>Value must be greater than %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss größer als %1 sein.</translation>
     </message>
     <message>
         <source>Value must be at most %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert darf höchstens %1 sein.</translation>
     </message>
     <message>
         <source>Value must be less than %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss kleiner als %1 sein.</translation>
     </message>
     <message>
         <source>Value must be between %1 and %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss zwischen %1 und %2 liegen.</translation>
     </message>
     <message>
         <source>Value must be at least %1 and less than %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss mindestens %1 und kleiner als %2 sein.</translation>
     </message>
     <message>
         <source>Value must be greater than %1 and at most %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss größer als %1 und höchstens %2 sein.</translation>
     </message>
     <message>
         <source>Value must be greater than %1 and less than %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Wert muss größer als %1 und kleiner als %2 sein.</translation>
     </message>
 </context>
 <context>

@@ -39,7 +39,7 @@
     <name>DataManagerPanel</name>
     <message>
         <source>Filter by file name or quantity</source>
-        <translation>Nach Dateiname oder Größe filtern</translation>
+        <translation>Nach Dateiname oder Messgröße filtern</translation>
     </message>
 </context>
 <context>
@@ -281,7 +281,7 @@
     </message>
     <message>
         <source>Quantity</source>
-        <translation>Größe</translation>
+        <translation>Messgröße</translation>
     </message>
     <message>
         <source>Value unit</source>

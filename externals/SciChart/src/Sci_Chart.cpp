@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QPen>
 
 #include <qwt_plot_canvas.h>
@@ -11,6 +13,7 @@
 #include <qwt_plot_panner.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text.h>
+#include <qwt_text_label.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -22,6 +25,7 @@
 #include "Sci_AbstractVectorFieldSeriesModel.h"
 #include "Sci_BarSeries.h"
 #include "Sci_ChartAxis.h"
+#include "Sci_ChartElementLocator.h"
 #include "Sci_ColorGridSeries.h"
 #include "Sci_Legend.h"
 #include "Sci_LegendItem.h"
@@ -154,11 +158,42 @@ Chart::Chart(QWidget * parent) :
 	LegendItemMover * legendMover = new LegendItemMover(this, m_legendItem.get());
 	connect(m_zoomer, &QwtPlotZoomer::zoomed, this, &Chart::onZoomed);
 	connect(legendMover, &LegendItemMover::legendMoved, this, &Chart::onLegendMoved);
+
+	titleLabel()->installEventFilter(this);
+	for (int axis : { QwtPlot::xBottom, QwtPlot::yLeft, QwtPlot::yRight })
+		axisWidget(axis)->installEventFilter(this);
 }
 
 
 Chart::~Chart() {
 	removeAllSeries();
+}
+
+
+bool Chart::eventFilter(QObject * watched, QEvent * event) {
+	QWidget * widget = qobject_cast<QWidget *>(watched);
+	if (widget != nullptr && event->type() == QEvent::MouseButtonDblClick &&
+		static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
+	{
+		const ChartElement element = ChartElementLocator::elementAt(*this, widget, static_cast<QMouseEvent *>(event)->pos());
+		if (element.m_kind != ChartElement::None) {
+			// taken here, so that the legend's entries do not pass it on to the legend
+			emit elementDoubleClicked(element);
+			return true;
+		}
+	}
+	else if (widget != nullptr && event->type() == QEvent::ContextMenu) {
+		QContextMenuEvent * menuEvent = static_cast<QContextMenuEvent *>(event);
+		// on a zoomed canvas the right button steps the zoom back
+		const bool zoomStep = widget == canvas() && menuEvent->reason() == QContextMenuEvent::Mouse &&
+				m_zoomer->zoomRectIndex() > 0;
+		const ChartElement element = ChartElementLocator::elementAt(*this, widget, menuEvent->pos());
+		if (!zoomStep && element.m_kind != ChartElement::None) {
+			emit contextMenuRequested(element, menuEvent->globalPos());
+			return true;
+		}
+	}
+	return QwtPlot::eventFilter(watched, event);
 }
 
 
@@ -666,6 +701,7 @@ void Chart::updateLegend() {
 	}
 	m_legendItem->detach();
 	Legend * legend = new Legend;
+	legend->setEntryEventFilter(this);
 	legend->applyProperties(*m_model);
 	// the model's positions 0..3 are numbered like the plot's legend positions
 	insertLegend(legend, static_cast<QwtPlot::LegendPosition>(position));

@@ -9,6 +9,8 @@
 
 #include <qwt_plot.h>
 
+#include "Sci_ChartElement.h"
+
 class QwtPlotGrid;
 class QwtPlotMarker;
 
@@ -31,7 +33,10 @@ class PlotZoomer;
 	nested suspensions; the model's modelAboutToBeChanged()/modelChanged() bracket a batch of
 	changes, which is then drawn once. The user zooms with a rubber band (left mouse button),
 	pans with the middle button, sees the coordinates under the mouse and can drag a legend
-	that sits inside the canvas; resetView() returns to the model's axis settings.
+	that sits inside the canvas; resetView() returns to the model's axis settings. A double
+	click on the title, an axis, the legend, a curve, the colour bar or the canvas is announced
+	with the element clicked, and so is a request for a context menu (right button, or the menu
+	key). On a zoomed canvas the right button zooms back instead.
 
 	Series objects keep the index of the model series they show. A series that cannot be
 	created (inconsistent model data) is left out and created again when the model announces
@@ -84,6 +89,15 @@ public:
 	bool insertColorGridSeriesFromModel(int index);
 	bool insertBarSeriesFromModel(int index);
 	bool insertVectorFieldSeriesFromModel(int index);
+
+	/*! Watches mouse events on the chart's widgets for double clicks and context menus. */
+	bool eventFilter(QObject * watched, QEvent * event) override;
+
+signals:
+	/*! The user double-clicked an element of the chart. */
+	void elementDoubleClicked(const SCI::ChartElement & element);
+	/*! The user asks for the context menu of an element, to be shown at globalPos. */
+	void contextMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 
 public slots:
 	/*! Suspends redrawing (nested calls count). */

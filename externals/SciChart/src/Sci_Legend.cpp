@@ -34,10 +34,18 @@ void Legend::applyProperties(const AbstractChartModel & model) {
 }
 
 
+void Legend::setEntryEventFilter(QObject * filter) {
+	m_entryEventFilter = filter;
+	installEventFilter(filter);
+	contentsWidget()->installEventFilter(filter);
+}
+
 
 QWidget * Legend::createWidget(const QwtLegendData & data) const {
 	QWidget * entry = QwtLegend::createWidget(data);
 	entry->setFont(font());
+	if (m_entryEventFilter != nullptr)
+		entry->installEventFilter(m_entryEventFilter);
 	return entry;
 }
 

@@ -18,12 +18,18 @@ public:
 
 	/*! Takes over the legend properties of the model. */
 	void applyProperties(const AbstractChartModel & model);
+	/*! The legend and every entry it creates report their events to filter (the chart, which
+		looks for double clicks and context menu requests). */
+	void setEntryEventFilter(QObject * filter);
 
 protected:
 	/*! New entries get the legend font explicitly: with an application style sheet in place
 		they would otherwise take the application font instead of the legend's.
 	*/
 	QWidget * createWidget(const QwtLegendData & data) const override;
+
+private:
+	QObject *	m_entryEventFilter = nullptr;
 };
 
 } // namespace SCI

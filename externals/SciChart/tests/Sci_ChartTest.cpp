@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -15,9 +16,11 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 #include <qwt_symbol.h>
+#include <qwt_text_label.h>
 
 #include <Sci_BarSeries.h>
 #include <Sci_ChartAxis.h>
+#include <Sci_ChartElementLocator.h>
 #include <Sci_ColorGridSeries.h>
 #include <Sci_DataReductionCurveFitter.h>
 #include <Sci_DateScaleDraw.h>
@@ -553,4 +556,95 @@ TEST(SciChart, ProportionalAxesKeepEqualScales) {
 	EXPECT_NEAR((x.transform(1) - x.transform(0))/(y.transform(0) - y.transform(1)), 1, 0.01);
 	chart.layoutForSize(previous);
 	EXPECT_EQ(chart.size(), QSize(300, 600));
+}
+
+
+namespace SCI {
+/*! Element as "kind:index" in test messages. */
+void PrintTo(const ChartElement & e, std::ostream * os) { *os << e.m_kind << ":" << e.m_index; }
+}
+
+namespace {
+
+/*! The elements that double clicks at the given points of the given widgets announce. */
+std::vector<SCI::ChartElement> doubleClickAll(SCI::Chart & chart, const std::vector<std::pair<QWidget *, QPoint> > & clicks) {
+	std::vector<SCI::ChartElement> found;
+	QObject::connect(&chart, &SCI::Chart::elementDoubleClicked, [&found](const SCI::ChartElement & e) { found.push_back(e); });
+	for (const auto & click : clicks) {
+		QMouseEvent event(QEvent::MouseButtonDblClick, click.second, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+		QApplication::sendEvent(click.first, &event);
+	}
+	QObject::disconnect(&chart, &SCI::Chart::elementDoubleClicked, nullptr, nullptr);
+	return found;
+}
+
+} // namespace
+
+
+TEST(SciChartElements, DoubleClicksAndContextMenusNameThePartUnderTheMouse) {
+	typedef SCI::ChartElement E;
+	// hand-computed distances: to the inside of a segment, beyond its end, to a point
+	EXPECT_DOUBLE_EQ(SCI::distanceToSegment(QPointF(5, 3), QPointF(0, 0), QPointF(10, 0)), 3);
+	EXPECT_DOUBLE_EQ(SCI::distanceToSegment(QPointF(13, 4), QPointF(0, 0), QPointF(10, 0)), 5);
+	EXPECT_DOUBLE_EQ(SCI::distanceToSegment(QPointF(3, 4), QPointF(0, 0), QPointF(0, 0)), 5);
+
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {2, 2}));
+	model.addSeries(makeSeries({0, 5, 10}, {8, 8, 8}));
+	model.setSeriesData("second", 1, LM::SeriesTitleText);
+	setAxisRange(model, CM::BottomAxis, 0, 10);
+	setAxisRange(model, CM::LeftAxis, 0, 10);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(600, 400));
+	const QwtScaleMap xMap = chart.canvasMap(QwtPlot::xBottom);
+	const QwtScaleMap yMap = chart.canvasMap(QwtPlot::yLeft);
+	auto canvasPoint = [&](double x, double y) { return QPoint(qRound(xMap.transform(x)), qRound(yMap.transform(y))); };
+	ASSERT_NE(chart.legend(), nullptr);
+	const QList<QwtLegendLabel *> entries = chart.legend()->findChildren<QwtLegendLabel *>();
+	ASSERT_EQ(entries.size(), 2);
+
+	const std::vector<E> found = doubleClickAll(chart, {
+		{ chart.titleLabel(), chart.titleLabel()->rect().center() },
+		{ chart.axisWidget(QwtPlot::xBottom), QPoint(20, 5) },
+		{ chart.axisWidget(QwtPlot::yLeft), QPoint(5, 20) },
+		{ chart.canvas(), canvasPoint(7.3, 8) + QPoint(0, 3) },		// 3 pixels beside the second curve
+		{ chart.canvas(), canvasPoint(2, 2) },						// on the first one
+		{ chart.canvas(), canvasPoint(5, 5) },						// between them
+		{ entries[1], QPoint(2, 2) },
+		{ chart.legend(), QPoint(0, 0) }
+	});
+	const std::vector<E> expected = { E(E::Title), E(E::Axis, 0), E(E::Axis, 1), E(E::Series, 1), E(E::Series, 0),
+									  E(E::Canvas), E(E::Legend, 1), E(E::Legend, -1) };
+	EXPECT_EQ(found, expected);
+
+	// the legend inside the canvas covers the curves beneath it
+	model.setChartData(SCI::ChartProperties::LegendInside, CDM::LegendPosition);
+	renderCanvas(chart, QSize(600, 400));
+	const QRect legendRect = chart.legendItem()->geometry(chart.canvas()->contentsRect());
+	EXPECT_EQ(doubleClickAll(chart, {{ chart.canvas(), legendRect.center() }}), std::vector<E>{ E(E::Legend) });
+
+	// context menus: always on the axes; on the canvas only while it is not zoomed, since the
+	// right button then steps the zoom back
+	std::vector<E> menus;
+	QObject::connect(&chart, &SCI::Chart::contextMenuRequested, [&menus](const E & e, const QPoint &) { menus.push_back(e); });
+	auto requestMenu = [&](QWidget * w, QContextMenuEvent::Reason reason) {
+		QContextMenuEvent event(reason, QPoint(5, 5), w->mapToGlobal(QPoint(5, 5)));
+		QApplication::sendEvent(w, &event);
+	};
+	requestMenu(chart.axisWidget(QwtPlot::yLeft), QContextMenuEvent::Mouse);
+	requestMenu(chart.canvas(), QContextMenuEvent::Mouse);
+	chart.zoomer()->zoom(QRectF(2, 2, 4, 4));
+	requestMenu(chart.canvas(), QContextMenuEvent::Mouse);
+	requestMenu(chart.canvas(), QContextMenuEvent::Keyboard);
+	EXPECT_EQ(menus, (std::vector<E>{ E(E::Axis, 1), E(E::Canvas), E(E::Canvas) }));
+
+	// a colour grid fills the canvas; its right axis is the colour bar
+	VectorGridModel grid;
+	grid.setGrid({0, 1, 2}, {0, 1}, 3, 2, &cellValue);
+	SCI::Chart gridChart;
+	gridChart.setModel(&grid);
+	renderCanvas(gridChart, QSize(600, 400));
+	EXPECT_EQ(doubleClickAll(gridChart, {{ gridChart.canvas(), QPoint(30, 30) }, { gridChart.axisWidget(QwtPlot::yRight), QPoint(5, 20) }}),
+			  (std::vector<E>{ E(E::Series, 0), E(E::ColorBar) }));
 }

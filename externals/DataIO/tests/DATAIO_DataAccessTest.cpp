@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include <DATAIO_DataIO.h>
@@ -185,22 +186,6 @@ TEST(DataIOData, DetermineDataFormatFromGeometry) {
 }
 
 
-TEST(DataIOData, MeanOverManyElementsIsTwoDimensionalWithoutGeometry) {
-	for (bool binary : { false, true }) {
-		DataIO dio = sampleContainer(binary, false, DataIO::T_FIELD, DataIO::ST_MEAN, 500, 3);
-		EXPECT_EQ(dio.nValues(), 1u);
-		const std::string fname = scratchFile("mean.out");
-		DATAIO::DataIOWriter::write(fname, dio);
-		DataIO back;
-		back.read(fname);
-		EXPECT_EQ(back.nums().size(), 500u);
-		EXPECT_EQ(back.nValues(), 1u);
-		EXPECT_EQ(back.dataFormat(), DataIO::DF_2D);
-		EXPECT_EQ(back.geometry(), nullptr);
-	}
-}
-
-
 TEST(DataIOData, ReadingReportsProgressUpToTheWholeFile) {
 	/*! Records every fraction it is told. */
 	struct Recorder : public ZEB::NotificationHandler {
@@ -215,13 +200,8 @@ TEST(DataIOData, ReadingReportsProgressUpToTheWholeFile) {
 		DataIO back;
 		back.read(fname, &recorder);
 		ASSERT_FALSE(recorder.m_fractions.empty());
+		EXPECT_GE(recorder.m_fractions.front(), 0.0);
+		EXPECT_TRUE(std::is_sorted(recorder.m_fractions.begin(), recorder.m_fractions.end()));
 		EXPECT_EQ(recorder.m_fractions.back(), 1.0);
-		for (std::size_t i = 0; i < recorder.m_fractions.size(); ++i) {
-			EXPECT_GE(recorder.m_fractions[i], 0.0);
-			EXPECT_LE(recorder.m_fractions[i], 1.0);
-			if (i > 0) {
-				EXPECT_GE(recorder.m_fractions[i], recorder.m_fractions[i - 1]);
-			}
-		}
 	}
 }

@@ -75,6 +75,7 @@ TEST(DataIORoundTrip, EveryVariantGivesBackHeaderTimePointsAndValuesBitForBit) {
 					DataIO back;
 					back.read(fname);
 					expectSameContainer(original, back);
+					EXPECT_EQ(back.nValues(), spaceType == DataIO::ST_MEAN && type != DataIO::T_REFERENCE ? 1u : 7u);
 					// the values all at once, in row-major order
 					const double * all = back.dataVector();
 					for (std::size_t t = 0; t < back.timePoints().size(); ++t)

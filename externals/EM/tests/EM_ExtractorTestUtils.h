@@ -11,6 +11,8 @@
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 
+#include <EM_ExtractorBase.h>
+
 #include <ZEB_MessageHandler.h>
 
 namespace EMTest {
@@ -51,6 +53,14 @@ public:
 
 	std::vector<RecordedMessage>	m_messages;
 };
+
+/*! Sets the target units of an extractor; series have no y unit. */
+inline void setTargetUnits(EM::ExtractorBase & e, const char * xUnit, const char * valueUnit, const char * yUnit = nullptr) {
+	e.setTargetXUnit(ZEB::Unit(xUnit));
+	if (yUnit != nullptr)
+		e.setTargetYUnit(ZEB::Unit(yUnit));
+	e.setTargetValueUnit(ZEB::Unit(valueUnit));
+}
 
 /*! A 2D container in memory: one value per time point, all header fields an extractor needs. */
 inline std::unique_ptr<DATAIO::DataIO> container2D(const std::vector<double> & time, const std::vector<double> & values,

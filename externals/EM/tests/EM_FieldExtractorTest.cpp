@@ -17,6 +17,7 @@
 using EMTest::GridGeometry;
 using EMTest::MessageRecorder;
 using EMTest::expectError;
+using EMTest::setTargetUnits;
 using EMTest::fieldContainer;
 
 namespace {
@@ -52,8 +53,7 @@ TEST(EMFieldExtractor, WallProfileTimeSeriesAndCuts) {
 	std::unique_ptr<DATAIO::DataIO> d = fieldContainer({ 0, 1, 2 }, { 0, 1, 2 }, elementValues({ 0, 1, 2 }, 3),
 														DATAIO::DataIO::DF_3D);
 	EM::Extractor2DFrom3D profile(d.get(), EM::CT_TimeCut, wall.m_geo);
-	profile.setTargetXUnit(ZEB::Unit("mm"));
-	profile.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(profile, "mm", "C");
 	EXPECT_EQ(profile.cutDimensionCount(), 1u);
 	EXPECT_TRUE(profile.isCutDimension(EM::CD_Time));
 	EXPECT_FALSE(profile.isCutDimension(EM::CD_X));
@@ -119,8 +119,7 @@ TEST(EMFieldExtractor, WallProfileTimeSeriesAndCuts) {
 
 	// the time series at one position, chosen by coordinate
 	EM::Extractor2DFrom3D series(d.get(), EM::CT_XCut, wall.m_geo);
-	series.setTargetXUnit(ZEB::Unit("h"));
-	series.setTargetValueUnit(ZEB::Unit("K"));
+	setTargetUnits(series, "h", "K");
 	expectNear(series.cutValues(EM::CD_X), { 0.005, 0.02, 0.05 });
 	EXPECT_EQ(series.cutValue(EM::CD_X), 0); // nothing selected yet
 	series.setCutValue(EM::CD_X, 0.0125);	 // between 0.5 and 2 cm: the upper one
@@ -156,8 +155,7 @@ TEST(EMFieldExtractor, WallOverTimeHasCellEdges) {
 	std::unique_ptr<DATAIO::DataIO> d = fieldContainer({ 2, 0 }, { 0, 6, 12 }, elementValues({ 2, 0 }, 3),
 														DATAIO::DataIO::DF_3D);
 	EM::Extractor3DFrom3D e(d.get(), EM::CT_NoCut, wall.m_geo);
-	e.setTargetXUnit(ZEB::Unit("d"));
-	e.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(e, "d", "C");
 	rec.m_messages.clear();
 	e.update();
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Target y-coordinate unit not set.", "[Extractor3DOutputBase::canUpdate]"));
@@ -183,9 +181,7 @@ TEST(EMFieldExtractor, WallOverTimeHasCellEdges) {
 	// only the inner layers listed: the grid begins at the first listed one
 	std::unique_ptr<DATAIO::DataIO> inner = fieldContainer({ 1, 2 }, { 0 }, elementValues({ 1, 2 }, 1), DATAIO::DataIO::DF_3D);
 	EM::Extractor3DFrom3D e2(inner.get(), EM::CT_NoCut, wall.m_geo);
-	e2.setTargetXUnit(ZEB::Unit("h"));
-	e2.setTargetYUnit(ZEB::Unit("cm"));
-	e2.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(e2, "h", "C", "cm");
 	e2.update();
 	ASSERT_EQ(e2.status(), EM::ExtractorBase::US_UpToDate);
 	expectNear(e2.y().m_data, { 1, 3, 7 });
@@ -212,9 +208,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 	auto value = [&](std::size_t t, std::uint32_t i, std::uint32_t j) { return 10.0*t + detail.element(i, j) + 1; };
 
 	EM::Extractor3DFrom4D plane(d.get(), EM::CT_TimeCut, detail.m_geo);
-	plane.setTargetXUnit(ZEB::Unit("m"));
-	plane.setTargetYUnit(ZEB::Unit("m"));
-	plane.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(plane, "m", "C", "m");
 	plane.setCutIndex(EM::CD_Time, 0, true);
 	ASSERT_EQ(plane.status(), EM::ExtractorBase::US_UpToDate);
 	expectNear(plane.x().m_data, { 0, 0.1, 0.3, 0.6 });
@@ -231,9 +225,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 
 	// fixed X: time over Y
 	EM::Extractor3DFrom4D xCut(d.get(), EM::CT_XCut, detail.m_geo);
-	xCut.setTargetXUnit(ZEB::Unit("h"));
-	xCut.setTargetYUnit(ZEB::Unit("m"));
-	xCut.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(xCut, "h", "C", "m");
 	expectNear(xCut.cutValues(EM::CD_X), { 0.05, 0.2, 0.45 });
 	xCut.setCutValue(EM::CD_X, 0.3);
 	EXPECT_EQ(xCut.cutIndex(EM::CD_X), 1u);
@@ -247,9 +239,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 
 	// fixed Y: time over X, the uncovered cell empty
 	EM::Extractor3DFrom4D yCut(d.get(), EM::CT_YCut, detail.m_geo);
-	yCut.setTargetXUnit(ZEB::Unit("h"));
-	yCut.setTargetYUnit(ZEB::Unit("m"));
-	yCut.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(yCut, "h", "C", "m");
 	yCut.setCutIndex(EM::CD_Y, 1, true);
 	expectNear(yCut.y().m_data, { 0, 0.1, 0.3, 0.6 });
 	EXPECT_EQ(yCut.value(1, 0), value(1, 0, 1));
@@ -258,8 +248,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 
 	// 2D series: one cell over time, profiles along X and Y at one time point
 	EM::Extractor2DFrom4D cell(d.get(), EM::CT_XYCut, detail.m_geo);
-	cell.setTargetXUnit(ZEB::Unit("h"));
-	cell.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(cell, "h", "C");
 	cell.setCutIndex(EM::CD_X, 1, false);
 	cell.setCutIndex(EM::CD_Y, 1, true);
 	EXPECT_EQ(cell.y().m_data, std::vector<double>({ value(0, 1, 1), value(1, 1, 1) }));
@@ -272,16 +261,14 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Error accessing data from DataIO.", "[Extractor2DFrom4D::doUpdate]"));
 
 	EM::Extractor2DFrom4D alongY(d.get(), EM::CT_XTCut, detail.m_geo);
-	alongY.setTargetXUnit(ZEB::Unit("m"));
-	alongY.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(alongY, "m", "C");
 	alongY.setCutIndex(EM::CD_X, 2, false);
 	alongY.setCutIndex(EM::CD_Time, 0, true);
 	expectNear(alongY.x().m_data, { 0.25 });
 	EXPECT_EQ(alongY.y().m_data, std::vector<double>({ value(0, 2, 0) }));
 
 	EM::Extractor2DFrom4D alongX(d.get(), EM::CT_YTCut, detail.m_geo);
-	alongX.setTargetXUnit(ZEB::Unit("cm"));
-	alongX.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(alongX, "cm", "C");
 	alongX.update();
 	expectNear(alongX.x().m_data, { 5, 20, 45 });
 	EXPECT_EQ(alongX.y().m_data, std::vector<double>({ value(1, 0, 0), value(1, 1, 0), value(1, 2, 0) }));
@@ -290,9 +277,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 	GridGeometry wall({ 0.1, 0.2 }, { 1.0 });
 	std::unique_ptr<DATAIO::DataIO> flat = fieldContainer({ 0, 1 }, { 0 }, elementValues({ 0, 1 }, 1), DATAIO::DataIO::DF_4D);
 	EM::Extractor3DFrom4D wrong(flat.get(), EM::CT_TimeCut, wall.m_geo);
-	wrong.setTargetXUnit(ZEB::Unit("m"));
-	wrong.setTargetYUnit(ZEB::Unit("m"));
-	wrong.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(wrong, "m", "C", "m");
 	rec.m_messages.clear();
 	wrong.update();
 	EXPECT_EQ(wrong.status(), EM::ExtractorBase::US_Waiting);
@@ -300,9 +285,7 @@ TEST(EMFieldExtractor, DetailCutsOf4D) {
 						"[SpaceGrid::build]"));
 	// without geometry
 	EM::Extractor3DFrom4D noGeometry(d.get(), EM::CT_TimeCut);
-	noGeometry.setTargetXUnit(ZEB::Unit("m"));
-	noGeometry.setTargetYUnit(ZEB::Unit("m"));
-	noGeometry.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(noGeometry, "m", "C", "m");
 	rec.m_messages.clear();
 	noGeometry.update();
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Missing/invalid geometry data for DataIO container.", "[Extractor3DFrom4D::canUpdate]"));
@@ -318,8 +301,7 @@ TEST(EMFieldExtractor, CutsOf5D) {
 	std::unique_ptr<DATAIO::DataIO> d = fieldContainer(nums, { 0, 1, 2 }, elementValues(nums, 3), DATAIO::DataIO::DF_5D);
 
 	EM::Extractor2DFrom5D cell(d.get(), EM::CT_XYZCut, block.m_geo);
-	cell.setTargetXUnit(ZEB::Unit("h"));
-	cell.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(cell, "h", "C");
 	EXPECT_EQ(cell.cutDimensionCount(), 3u);
 	cell.setCutIndex(EM::CD_X, 1, false);
 	cell.setCutIndex(EM::CD_Z, 2, true);
@@ -328,8 +310,7 @@ TEST(EMFieldExtractor, CutsOf5D) {
 	EXPECT_EQ(cell.y().m_data, std::vector<double>({ e, 10 + e, 20 + e }));
 
 	EM::Extractor2DFrom5D alongZ(d.get(), EM::CT_XYTCut, block.m_geo);
-	alongZ.setTargetXUnit(ZEB::Unit("m"));
-	alongZ.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(alongZ, "m", "C");
 	alongZ.setCutIndex(EM::CD_Y, 1, true);
 	expectNear(alongZ.x().m_data, { 0.5, 1.5, 2.5 });
 	EXPECT_EQ(alongZ.y().m_data, std::vector<double>({ 21.0 + block.element(0, 1, 0), 21.0 + block.element(0, 1, 1),
@@ -337,9 +318,7 @@ TEST(EMFieldExtractor, CutsOf5D) {
 
 	// X and Z at one Y cell and time point
 	EM::Extractor3DFrom5D xz(d.get(), EM::CT_YTCut, block.m_geo);
-	xz.setTargetXUnit(ZEB::Unit("m"));
-	xz.setTargetYUnit(ZEB::Unit("m"));
-	xz.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(xz, "m", "C", "m");
 	xz.setCutIndex(EM::CD_Y, 1, false);
 	xz.setCutIndex(EM::CD_Time, 1, true);
 	ASSERT_EQ(xz.status(), EM::ExtractorBase::US_UpToDate);
@@ -352,9 +331,7 @@ TEST(EMFieldExtractor, CutsOf5D) {
 
 	// time over Y at one X and Z cell
 	EM::Extractor3DFrom5D overY(d.get(), EM::CT_XZCut, block.m_geo);
-	overY.setTargetXUnit(ZEB::Unit("h"));
-	overY.setTargetYUnit(ZEB::Unit("m"));
-	overY.setTargetValueUnit(ZEB::Unit("C"));
+	setTargetUnits(overY, "h", "C", "m");
 	overY.setCutIndex(EM::CD_Z, 1, true);
 	expectNear(overY.y().m_data, { 0, 1, 3 });
 	EXPECT_EQ(overY.value(2, 1), 21.0 + block.element(0, 1, 1));
@@ -392,9 +369,7 @@ TEST(EMFieldExtractor, FluxVectorField) {
 	std::unique_ptr<DATAIO::DataIO> d = fieldContainer(nums, { 0, 1 }, values, DATAIO::DataIO::DF_4D,
 														DATAIO::DataIO::T_FLUX, "W/m2");
 	EM::ExtractorVecFromFluxField e(d.get(), detail.m_geo);
-	e.setTargetXUnit(ZEB::Unit("cm"));
-	e.setTargetYUnit(ZEB::Unit("m"));
-	e.setTargetValueUnit(ZEB::Unit("W/m2"));
+	setTargetUnits(e, "cm", "W/m2", "m");
 	EXPECT_EQ(e.cutType(), EM::CT_TimeCut);
 	e.update();
 	ASSERT_EQ(e.status(), EM::ExtractorBase::US_UpToDate);
@@ -421,9 +396,7 @@ TEST(EMFieldExtractor, FluxVectorField) {
 	std::unique_ptr<DATAIO::DataIO> dx = fieldContainer(xSides, { 0 }, { xFlux }, DATAIO::DataIO::DF_4D,
 														 DATAIO::DataIO::T_FLUX, "W/m2");
 	EM::ExtractorVecFromFluxField ex(dx.get(), detail.m_geo);
-	ex.setTargetXUnit(ZEB::Unit("m"));
-	ex.setTargetYUnit(ZEB::Unit("m"));
-	ex.setTargetValueUnit(ZEB::Unit("W/m2"));
+	setTargetUnits(ex, "m", "W/m2", "m");
 	ex.update();
 	ASSERT_EQ(ex.status(), EM::ExtractorBase::US_UpToDate);
 	EXPECT_DOUBLE_EQ(ex.xComponents()[3], 5.5);
@@ -446,9 +419,7 @@ TEST(EMFieldExtractor, FluxVectorField) {
 				  "[ExtractorVecFromFluxField::canUpdate]");
 	d->setDataFormat(DATAIO::DataIO::DF_4D);
 	EM::ExtractorVecFromFluxField noGeometry(d.get());
-	noGeometry.setTargetXUnit(ZEB::Unit("m"));
-	noGeometry.setTargetYUnit(ZEB::Unit("m"));
-	noGeometry.setTargetValueUnit(ZEB::Unit("W/m2"));
+	setTargetUnits(noGeometry, "m", "W/m2", "m");
 	rec.m_messages.clear();
 	EXPECT_FALSE(noGeometry.canUpdate());
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Update failed: Missing/invalid GeoFile.\n", "[ExtractorVecFromFluxField::canUpdate]"));
@@ -464,8 +435,7 @@ TEST(EMFieldExtractor, FluxAlongAWallUsesSidePositions) {
 	std::unique_ptr<DATAIO::DataIO> d = fieldContainer(nums, { 0, 1 }, { { 1, 2, 3, 4 }, { 5, 6, 7, 8 } },
 														DATAIO::DataIO::DF_3D, DATAIO::DataIO::T_FLUX, "W/m2");
 	EM::Extractor2DFrom3D profile(d.get(), EM::CT_TimeCut, wall.m_geo);
-	profile.setTargetXUnit(ZEB::Unit("cm"));
-	profile.setTargetValueUnit(ZEB::Unit("W/m2"));
+	setTargetUnits(profile, "cm", "W/m2");
 	profile.update();
 	ASSERT_EQ(profile.status(), EM::ExtractorBase::US_UpToDate);
 	expectNear(profile.x().m_data, { 0, 1, 3, 7 });
@@ -473,9 +443,7 @@ TEST(EMFieldExtractor, FluxAlongAWallUsesSidePositions) {
 
 	// over time: the side positions themselves are the y coordinates
 	EM::Extractor3DFrom3D field(d.get(), EM::CT_NoCut, wall.m_geo);
-	field.setTargetXUnit(ZEB::Unit("h"));
-	field.setTargetYUnit(ZEB::Unit("m"));
-	field.setTargetValueUnit(ZEB::Unit("W/m2"));
+	setTargetUnits(field, "h", "W/m2", "m");
 	field.update();
 	ASSERT_EQ(field.status(), EM::ExtractorBase::US_UpToDate);
 	expectNear(field.y().m_data, { 0, 0.01, 0.03, 0.07 });

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <map>
 #include <memory>
@@ -360,6 +361,48 @@ TEST(EMModelBase, FactoryAndParameterTexts) {
 		EXPECT_EQ(model->parameter(), before);
 	}
 	EXPECT_EQ(EM::Factory::createModel("VTTMould"), nullptr);
+
+	// the defaults, and a text in another order or spacing written back in the model's order
+	const std::vector<std::array<const char *, 4> > texts = {
+		{ "VTTMouldModel", "MC 1 SC 1 DC 4", "SC 2  MC 3\tDC 1", "MC 3 SC 2 DC 1" },
+		{ "AlgaeGrowModelBrick", "PO 0.25 RV 2.95", "RV 4 PO 0.3", "PO 0.3 RV 4" },
+		{ "IsoplethModel", "TSH 0 TSD -1 TED -1 TAH 0", "TSD 1.5 TED 1e-20", "TSH 0 TSD 1.5 TED 1e-20 TAH 0" },
+		{ "VTTWoodDegradation", "AC 1 IA 0", "IA 1 AC 0", "AC 0 IA 1" } };
+	for (const std::array<const char *, 4> & t : texts) {
+		std::unique_ptr<EM::ModelTwo2DBase> model = EM::Factory::createModel(t[0]);
+		EXPECT_EQ(model->parameter(), t[1]);
+		model->setFromParameter(t[2]);
+		EXPECT_EQ(model->parameter(), t[3]);
+	}
+	// faulty texts: the model's own message, and nothing changed, not even by the pairs before the fault
+	const char * const uneven = "Invalid parameter string, eneven number of entries.";
+	const char * const number = "Invalid parameter, expected floating point number.";
+	const char * const mouldClass = "Invalid parameter, expected int number between 1 and 4.";
+	const char * const flag = "Invalid parameter, expected int number of 0 or 1.";
+	const std::vector<std::array<const char *, 4> > faults = {
+		{ "VTTMouldModel", "ModelTwo2DViitanenMould", "MC 2 SC", uneven },
+		{ "VTTMouldModel", "ModelTwo2DViitanenMould", "MC 5", mouldClass },
+		{ "VTTMouldModel", "ModelTwo2DViitanenMould", "MC 2 SC 0", mouldClass },
+		{ "VTTMouldModel", "ModelTwo2DViitanenMould", "DC 2.5", mouldClass },
+		{ "VTTMouldModel", "ModelTwo2DViitanenMould", "MC 3 XY 2", "Invalid parameter string, unknown key." },
+		{ "AlgaeGrowModelBrick", "ModelTwo2DGregoriniAlgaeBrick", "PO", uneven },
+		{ "AlgaeGrowModelBrick", "ModelTwo2DGregoriniAlgaeBrick", "PO 0.1 RV x", number },
+		{ "AlgaeGrowModelBrick", "ModelTwo2DGregoriniAlgaeBrick", "PO 1.5", "Invalid parameter, porosity must be between 0 and 1." },
+		{ "AlgaeGrowModelBrick", "ModelTwo2DGregoriniAlgaeBrick", "RV -1", "Invalid parameter, roughness must not be negative." },
+		{ "IsoplethModel", "ModelTwo2DIsopleth", "TSH 1 TSD", uneven },
+		{ "IsoplethModel", "ModelTwo2DIsopleth", "TSH 1 TAH abc", number },
+		{ "VTTWoodDegradation", "ModelTwo2DViitanenWoodDegradation", "AC 2", flag },
+		{ "VTTWoodDegradation", "ModelTwo2DViitanenWoodDegradation", "AC 0 IA yes", flag },
+		{ "VTTWoodDegradation", "ModelTwo2DViitanenWoodDegradation", "AC 0 IA", "Invalid parameter string, uneven number of entries." },
+		{ "WTAWoodDegradationModel", "ModelTwo2DWTAWoodDegradation", "TSD", uneven },
+		{ "WTAWoodDegradationModel", "ModelTwo2DWTAWoodDegradation", "TSD 2 TED x", number },
+		{ "ParametricFunction", "ModelTwo2DParametricFunction", "TH", uneven } };
+	for (const std::array<const char *, 4> & f : faults) {
+		std::unique_ptr<EM::ModelTwo2DBase> model = EM::Factory::createModel(f[0]);
+		const std::string before = model->parameter();
+		expectError([&]() { model->setFromParameter(f[2]); }, f[3], std::string("[") + f[1] + "::setFromParameter]");
+		EXPECT_EQ(model->parameter(), before) << f[0] << " " << f[2];
+	}
 	EXPECT_EQ(std::string(EM::Factory::createModel("VTTMouldModel")->title()), "VTT Mould Index");
 	EXPECT_EQ(std::string(EM::Factory::createModel("IsoplethModel")->title()), "Isopleth");
 	EXPECT_EQ(EM::Factory::createModel("IsoplethModel")->timeUnit(), ZEB::Unit("h"));

@@ -100,17 +100,3 @@ TEST(EMIsoplethModel, Accumulation) {
 	EXPECT_EQ(model.hoursAbove(), (std::vector<double>{ 59 }));
 	expectError([&]() { model.setLines({}); }, "At least the limit line is needed.", "[ModelTwo2DIsopleth::setLines]");
 }
-
-
-TEST(EMIsoplethModel, Parameters) {
-	EM::ModelTwo2DIsopleth model;
-	EXPECT_EQ(model.parameter(), "TSH 0 TSD -1 TED -1 TAH 0");
-	model.setFromParameter("TSD 1.5 TED 1e-20");
-	EXPECT_EQ(model.parameter(), "TSH 0 TSD 1.5 TED 1e-20 TAH 0");
-	const char * const where = "[ModelTwo2DIsopleth::setFromParameter]";
-	expectError([&]() { model.setFromParameter("TSH 1 TSD"); }, "Invalid parameter string, eneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("TSH 1 TAH abc"); }, "Invalid parameter, expected floating point number.", where);
-	expectError([&]() { model.setFromParameter("TH 1"); }, "Invalid parameter string, unknown key.", where);
-	EXPECT_EQ(model.period().m_timeShiftHours, 0);
-	EXPECT_EQ(model.period().m_startDay, 1.5);
-}

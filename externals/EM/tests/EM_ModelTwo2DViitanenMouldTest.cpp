@@ -200,25 +200,3 @@ TEST(EMMouldModel, SwappedInputsAndLogGuard) {
 	model.mouldIndex(T, RH, M);
 	EXPECT_EQ(M.size(), T.size());
 }
-
-
-TEST(EMMouldModel, Parameters) {
-	EM::ModelTwo2DViitanenMould model;
-	EXPECT_EQ(model.parameter(), "MC 1 SC 1 DC 4");
-	model.setFromParameter("SC 2  MC 3\tDC 1");
-	EXPECT_EQ(model.materialClass(), 3);
-	EXPECT_EQ(model.sensitivityClass(), 2);
-	EXPECT_EQ(model.declineClass(), 1);
-	EXPECT_EQ(model.parameter(), "MC 3 SC 2 DC 1");
-
-	const char * const where = "[ModelTwo2DViitanenMould::setFromParameter]";
-	expectError([&]() { model.setFromParameter("MC 2 SC"); }, "Invalid parameter string, eneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("MC 5"); }, "Invalid parameter, expected int number between 1 and 4.", where);
-	expectError([&]() { model.setFromParameter("MC 1 SC 0"); }, "Invalid parameter, expected int number between 1 and 4.", where);
-	expectError([&]() { model.setFromParameter("DC 2.5"); }, "Invalid parameter, expected int number between 1 and 4.", where);
-	expectError([&]() { model.setFromParameter("MC 1 XY 2"); }, "Invalid parameter string, unknown key.", where);
-	// a failure keeps all previous parameters, also those set before the faulty pair
-	EXPECT_EQ(model.parameter(), "MC 3 SC 2 DC 1");
-	EXPECT_STREQ(model.typeKeyword(), "VTTMouldModel");
-	EXPECT_EQ(model.valueLabel(), "Mould index");
-}

@@ -1,6 +1,7 @@
 #ifndef EM_TestUtilsH
 #define EM_TestUtilsH
 
+#include <cstring>
 #include <vector>
 
 #include <ZEB_Unit.h>
@@ -14,6 +15,11 @@ namespace EMTest {
 /*! The exception check of the ZEB tests: f throws a ZEB::Exception whose newest record is msg
 	from where. */
 using ::expectError;
+
+/*! True when both vectors hold the same bits (NaN and -0 included). */
+inline bool sameBits(const std::vector<double> & a, const std::vector<double> & b) {
+	return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()*sizeof(double)) == 0;
+}
 
 /*! A series of n points t0, t0 + step, ... with constant value, in the given units. */
 inline EM::TimeSeries constantSeries(std::size_t n, double value, const char * valueUnit,

@@ -96,24 +96,6 @@ TEST(EMWoodDecayModel, MassLossBounds) {
 		EXPECT_GT(L.back(), 0);
 	}
 }
-
-
-TEST(EMWoodDecayModel, Parameters) {
-	EM::ModelTwo2DViitanenWoodDegradation model;
-	EXPECT_EQ(model.parameter(), "AC 1 IA 0");
-	const char * const where = "[ModelTwo2DViitanenWoodDegradation::setFromParameter]";
-	expectError([&]() { model.setFromParameter("AC 2"); }, "Invalid parameter, expected int number of 0 or 1.", where);
-	expectError([&]() { model.setFromParameter("IA yes"); }, "Invalid parameter, expected int number of 0 or 1.", where);
-	expectError([&]() { model.setFromParameter("AC 0 IA"); }, "Invalid parameter string, uneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("AC 0 MC 1"); }, "Invalid parameter string, unknown key.", where);
-	EXPECT_TRUE(model.activationConsidered());
-	model.setFromParameter("IA 1 AC 0");
-	EXPECT_FALSE(model.activationConsidered());
-	EXPECT_TRUE(model.initiallyActivated());
-	EXPECT_EQ(model.valueLabel(), "Wood degradation");
-}
-
-
 TEST(EMWTAWoodModel, DailyMeans) {
 	EM::ModelTwo2DWTAWoodDegradation model;
 	// day 0: 10 C, RH alternating 92/100 (mean 96): above; day 1: mean 94.5: below;
@@ -155,9 +137,4 @@ TEST(EMWTAWoodModel, DailyMeans) {
 	EXPECT_EQ(y.m_data, (std::vector<double>{ 1, 1, 0 }));
 	expectError([&]() { model.setLimit(EM::ClimateLimitCurve()); }, "Limit curve has no points.",
 				"[ModelTwo2DWTAWoodDegradation::setLimit]");
-
-	const char * const where = "[ModelTwo2DWTAWoodDegradation::setFromParameter]";
-	expectError([&]() { model.setFromParameter("TSD"); }, "Invalid parameter string, eneven number of entries.", where);
-	expectError([&]() { model.setFromParameter("TED x"); }, "Invalid parameter, expected floating point number.", where);
-	expectError([&]() { model.setFromParameter("TAH 2"); }, "Invalid parameter string, unknown key.", where);
 }

@@ -4,12 +4,10 @@
 
 namespace {
 
-/*! Creates the QApplication that fonts and Qwt widgets need, headless unless told otherwise. */
+/*! Creates the QApplication that fonts and Qwt widgets need, headless (the test environment chooses the platform). */
 class QtEnvironment : public ::testing::Environment {
 public:
 	void SetUp() override {
-		if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-			qputenv("QT_QPA_PLATFORM", "offscreen");
 		if (QCoreApplication::instance() == nullptr)
 			m_app = new QApplication(m_argc, m_argv);
 	}

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
@@ -14,17 +14,9 @@
 
 namespace EmfTest {
 
-/*! Directory for files the tests write (ORVANE_TEST_SCRATCH under ctest, else a temp dir). */
-inline QString scratchDir() {
-	QString dir = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (dir.isEmpty())
-		dir = QDir::tempPath() + "/EmfEngineTests";
-	QDir().mkpath(dir);
-	return dir;
-}
-
+/*! Path of a file in the test's scratch directory. */
 inline QString scratchFile(const QString & name) {
-	return scratchDir() + "/" + name;
+	return qEnvironmentVariable("ORVANE_TEST_SCRATCH") + "/" + name;
 }
 
 /*! Paints with the given function on a device of the given size and parses the result. */
@@ -68,16 +60,6 @@ inline QString convertToSvg(const QString & emfPath, const QString & svgPath, QS
 	if (!f.open(QIODevice::ReadOnly))
 		return QString();
 	return QString::fromUtf8(f.readAll());
-}
-
-/*! Renders an SVG to PNG with rsvg-convert when it is installed (for looking at the result). */
-inline bool svgToPng(const QString & svgPath, const QString & pngPath, int width) {
-	const QString rsvg = QStandardPaths::findExecutable("rsvg-convert");
-	if (rsvg.isEmpty())
-		return false;
-	QProcess proc;
-	proc.start(rsvg, QStringList() << "-w" << QString::number(width) << "-b" << "white" << svgPath << "-o" << pngPath);
-	return proc.waitForFinished(60000) && proc.exitCode() == 0;
 }
 
 } // namespace EmfTest

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <regex>
@@ -18,8 +17,7 @@ public:
 };
 
 std::string scratchFile(const std::string & name) {
-	const char * dir = std::getenv("ORVANE_TEST_SCRATCH");
-	return (dir != nullptr ? std::string(dir) : std::filesystem::temp_directory_path().string()) + "/" + name;
+	return std::string(std::getenv("ORVANE_TEST_SCRATCH")) + "/" + name;
 }
 
 std::string readFile(const std::string & path) {

@@ -30,11 +30,7 @@ private:
 };
 
 std::filesystem::path scratchDir() {
-	const char * dir = std::getenv("ORVANE_TEST_SCRATCH");
-	std::filesystem::path p = dir != nullptr ? std::filesystem::path(dir) : std::filesystem::temp_directory_path();
-	p /= "PathTest";
-	std::filesystem::create_directories(p);
-	return p;
+	return std::filesystem::path(std::getenv("ORVANE_TEST_SCRATCH"));
 }
 
 } // namespace

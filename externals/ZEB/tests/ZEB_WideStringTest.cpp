@@ -5,29 +5,14 @@
 #include <ZEB_Exception.h>
 #include <ZEB_WideString.h>
 
+#include "ZEB_TestSupport.h"
+
 namespace {
 
 const char * const TO_WIDE_ID = "[ZEB::UTF8ToWstring]";
 const char * const TO_WIDE_MSG = "Cannot create wide string from UTF8 string.";
 const char * const TO_UTF8_ID = "[ZEB::WstringToUTF8]";
 const char * const TO_UTF8_MSG = "Cannot create UTF8 string from wide string.";
-
-/*! Runs f and checks that it throws a ZEB::Exception whose newest record is msg from where;
-	returns the exception's records for further checks.
-*/
-template <typename F>
-std::vector<ZEB::Exception::MsgInfo> expectError(F f, const std::string & msg, const std::string & where) {
-	try {
-		f();
-		ADD_FAILURE() << "no exception, expected: " << where << " " << msg;
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(std::string(ex.what()), msg);
-		EXPECT_EQ(ex.messages().back().m_where, where);
-		return ex.messages();
-	}
-	return {};
-}
 
 /*! Number of UTF-8 bytes of a code point, from the ranges of the encoding. */
 std::size_t utf8Length(char32_t cp) {

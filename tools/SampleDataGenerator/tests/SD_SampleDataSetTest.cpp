@@ -25,8 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string scratchDir(const std::string & name) {
-	const char * dir = std::getenv("ORVANE_TEST_SCRATCH");
-	return std::string(dir != nullptr ? dir : "/tmp") + "/" + name;
+	return std::string(std::getenv("ORVANE_TEST_SCRATCH")) + "/" + name;
 }
 
 std::string fileContent(const std::string & path) {

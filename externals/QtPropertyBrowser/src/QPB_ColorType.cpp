@@ -95,12 +95,8 @@ void ColorType::setEditorValue(QWidget * editor, const Property & property) cons
 }
 
 
-QString ColorType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QVariant v = static_cast<ColorComboBox *>(editor)->color();
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QVariant ColorType::readEditor(QWidget * editor) const {
+	return static_cast<ColorComboBox *>(editor)->color();
 }
 
 } // namespace QPB

@@ -43,12 +43,8 @@ void CoordinateIndexType::setEditorValue(QWidget * editor, const Property & prop
 }
 
 
-QString CoordinateIndexType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QVariant v = static_cast<QComboBox *>(editor)->currentData();
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QVariant CoordinateIndexType::readEditor(QWidget * editor) const {
+	return static_cast<QComboBox *>(editor)->currentData();
 }
 
 

@@ -42,12 +42,8 @@ void DateTimeType::setEditorValue(QWidget * editor, const Property & property) c
 }
 
 
-QString DateTimeType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QVariant v = static_cast<QDateTimeEdit *>(editor)->dateTime();
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QVariant DateTimeType::readEditor(QWidget * editor) const {
+	return static_cast<QDateTimeEdit *>(editor)->dateTime();
 }
 
 } // namespace QPB

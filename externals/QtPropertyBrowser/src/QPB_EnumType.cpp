@@ -49,12 +49,8 @@ void EnumType::setEditorValue(QWidget * editor, const Property & property) const
 }
 
 
-QString EnumType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QVariant v = static_cast<QComboBox *>(editor)->currentIndex();
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QVariant EnumType::readEditor(QWidget * editor) const {
+	return static_cast<QComboBox *>(editor)->currentIndex();
 }
 
 } // namespace QPB

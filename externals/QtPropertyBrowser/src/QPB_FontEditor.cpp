@@ -34,9 +34,17 @@ void FontEditor::setChosenFont(const QFont & font) {
 
 
 void FontEditor::openDialog() {
+	// without a style name the dialog selects its first style (perhaps "Oblique"); the style
+	// found for the font selects the right one
+	QFont start = m_font;
+	if (start.styleName().isEmpty())
+		start.setStyleName(QFontInfo(m_font).styleName());
 	bool ok = false;
-	const QFont font = QFontDialog::getFont(&ok, m_font, this, tr("Choose a font"));
-	if (!ok)
+	QFont font = QFontDialog::getFont(&ok, start, this, tr("Choose a font"));
+	// the style name would override bold and italic set later on
+	font.setStyleName(QString());
+	// the dialog's font may differ from an equal one in attributes nobody sees or stores
+	if (!ok || font.toString() == m_font.toString())
 		return;
 	setChosenFont(font);
 	emit fontChosen();

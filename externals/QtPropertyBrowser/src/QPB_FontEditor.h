@@ -9,7 +9,8 @@ class QLabel;
 namespace QPB {
 
 /*! The editor of a font: the font's text and a "..." button that opens the font dialog at it.
-	A font chosen there becomes the editor's font and emits fontChosen().
+	A font chosen there that differs from the editor's font (in its text form, the one that is
+	stored) becomes the editor's font and emits fontChosen().
 */
 class FontEditor : public QWidget {
 	Q_OBJECT

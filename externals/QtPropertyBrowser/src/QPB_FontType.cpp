@@ -60,12 +60,8 @@ void FontType::setEditorValue(QWidget * editor, const Property & property) const
 }
 
 
-QString FontType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QVariant v = static_cast<FontEditor *>(editor)->chosenFont();
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QVariant FontType::readEditor(QWidget * editor) const {
+	return static_cast<FontEditor *>(editor)->chosenFont();
 }
 
 

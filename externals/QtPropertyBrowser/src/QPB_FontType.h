@@ -32,10 +32,12 @@ public:
 	QString check(const Property & property, const QVariant & value) const override;
 	QWidget * createEditor(QWidget * parent, const Property & property) const override;
 	void setEditorValue(QWidget * editor, const Property & property) const override;
-	QString editorValue(QWidget * editor, const Property & property, QVariant & value) const override;
 	void createSubProperties(Property & property) const override;
 	void updateSubProperties(Property & property) const override;
 	QVariant composeValue(const Property & property, int row, const QVariant & partValue) const override;
+
+protected:
+	QVariant readEditor(QWidget * editor) const override;
 };
 
 } // namespace QPB

@@ -77,15 +77,14 @@ void NumberType::setEditorValue(QWidget * editor, const Property & property) con
 }
 
 
-QString NumberType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QtExt::ValidatingLineEdit * edit = static_cast<QtExt::ValidatingLineEdit *>(editor);
-	if (!edit->isValid())
-		return edit->invalidReason();
-	const QVariant v = m_integer ? QVariant(static_cast<int>(std::llround(edit->value()))) : QVariant(edit->value());
-	const QString reason = check(property, v);
-	if (reason.isEmpty())
-		value = v;
-	return reason;
+QString NumberType::editorReason(QWidget * editor) const {
+	return static_cast<QtExt::ValidatingLineEdit *>(editor)->invalidReason();
+}
+
+
+QVariant NumberType::readEditor(QWidget * editor) const {
+	const double number = static_cast<QtExt::ValidatingLineEdit *>(editor)->value();
+	return m_integer ? QVariant(static_cast<int>(std::llround(number))) : QVariant(number);
 }
 
 

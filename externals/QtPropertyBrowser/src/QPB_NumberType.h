@@ -43,7 +43,10 @@ public:
 	QString check(const Property & property, const QVariant & value) const override;
 	QWidget * createEditor(QWidget * parent, const Property & property) const override;
 	void setEditorValue(QWidget * editor, const Property & property) const override;
-	QString editorValue(QWidget * editor, const Property & property, QVariant & value) const override;
+
+protected:
+	QString editorReason(QWidget * editor) const override;
+	QVariant readEditor(QWidget * editor) const override;
 
 private:
 	/*! The limits of property: the range attributes, for whole numbers at most that of int. */

@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QToolTip>
 
 #include "QPB_FontEditor.h"
 #include "QPB_Property.h"
@@ -86,14 +85,12 @@ bool PropertyDelegate::eventFilter(QObject * object, QEvent * event) {
 	QWidget * editor = qobject_cast<QWidget *>(object);
 	if (editor != nullptr && event->type() == QEvent::KeyPress) {
 		switch (static_cast<QKeyEvent *>(event)->key()) {
-			case Qt::Key_Enter: case Qt::Key_Return: case Qt::Key_Tab: case Qt::Key_Backtab: {
-				const QString reason = editorReason(editor);
-				if (!reason.isEmpty()) {
-					QToolTip::showText(editor->mapToGlobal(QPoint(0, editor->height())), reason, editor);
+			case Qt::Key_Enter: case Qt::Key_Return: case Qt::Key_Tab: case Qt::Key_Backtab:
+				// the editor shows why by its tint and tool tip; a tool tip popped up here would
+				// take the focus under some window managers and so close the editor
+				if (!editorReason(editor).isEmpty())
 					return true;
-				}
 				break;
-			}
 			default:
 				break;
 		}

@@ -13,8 +13,8 @@ class Property;
 	the value in it and hands the edited value to the PropertyModel (which asks the owner for it).
 
 	Enter and Tab commit, Escape cancels. An editor whose content is invalid refuses Enter and
-	Tab: it stays open, tinted, and its tool tip, shown at once, says why; leaving it otherwise
-	closes it without a change. A choice made in a combo box or in the font dialog is committed at
+	Tab: it stays open, tinted, and its tool tip says why; leaving it otherwise closes it without
+	a change. A choice made in a combo box or in the font dialog is committed at
 	once.
 */
 class PropertyDelegate : public QStyledItemDelegate {

@@ -39,9 +39,14 @@ void PropertyView::setModel(QAbstractItemModel * model) {
 	QTreeView::setModel(model);
 	if (model == nullptr)
 		return;
-	connect(model, &QAbstractItemModel::rowsInserted, this, &PropertyView::layoutRows);
-	connect(model, &QAbstractItemModel::modelReset, this, [this]() {
-		layoutRows(QModelIndex(), 0, this->model()->rowCount() - 1);
+	// a model shown before may still send its signals: they are ignored
+	connect(model, &QAbstractItemModel::rowsInserted, this, [this, model](const QModelIndex & parent, int first, int last) {
+		if (model == this->model())
+			layoutRows(parent, first, last);
+	});
+	connect(model, &QAbstractItemModel::modelReset, this, [this, model]() {
+		if (model == this->model())
+			layoutRows(QModelIndex(), 0, model->rowCount() - 1);
 	});
 	layoutRows(QModelIndex(), 0, model->rowCount() - 1);
 }

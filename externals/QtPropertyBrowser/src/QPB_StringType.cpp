@@ -34,12 +34,8 @@ void StringType::setEditorValue(QWidget * editor, const Property & property) con
 }
 
 
-QString StringType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
-	const QString text = static_cast<QLineEdit *>(editor)->text();
-	const QString reason = check(property, text);
-	if (reason.isEmpty())
-		value = text;
-	return reason;
+QVariant StringType::readEditor(QWidget * editor) const {
+	return static_cast<QLineEdit *>(editor)->text();
 }
 
 

@@ -21,7 +21,9 @@ public:
 	QString check(const Property & property, const QVariant & value) const override;
 	QWidget * createEditor(QWidget * parent, const Property & property) const override;
 	void setEditorValue(QWidget * editor, const Property & property) const override;
-	QString editorValue(QWidget * editor, const Property & property, QVariant & value) const override;
+
+protected:
+	QVariant readEditor(QWidget * editor) const override;
 
 private:
 	/*! Why text is not acceptable, or an empty text. */

@@ -22,9 +22,25 @@ void ValueType::setEditorValue(QWidget *, const Property &) const {
 }
 
 
-QString ValueType::editorValue(QWidget *, const Property & property, QVariant & value) const {
-	value = property.value();
+QString ValueType::editorValue(QWidget * editor, const Property & property, QVariant & value) const {
+	QString reason = editorReason(editor);
+	if (!reason.isEmpty())
+		return reason;
+	const QVariant v = readEditor(editor);
+	reason = check(property, v);
+	if (reason.isEmpty())
+		value = v;
+	return reason;
+}
+
+
+QString ValueType::editorReason(QWidget *) const {
 	return QString();
+}
+
+
+QVariant ValueType::readEditor(QWidget *) const {
+	return QVariant();
 }
 
 

@@ -48,10 +48,11 @@ public:
 	virtual QWidget * createEditor(QWidget * parent, const Property & property) const;
 	/*! Shows the value of property in an editor made by createEditor(). */
 	virtual void setEditorValue(QWidget * editor, const Property & property) const;
-	/*! Reads the value from an editor made by createEditor(); returns an empty text and sets
-		value, or returns why the editor's content is not acceptable (value is then untouched).
+	/*! Reads the value from an editor made by createEditor() and checks it; returns an empty
+		text and sets value, or returns why the editor's content is not acceptable (value is then
+		untouched).
 	*/
-	virtual QString editorValue(QWidget * editor, const Property & property, QVariant & value) const;
+	QString editorValue(QWidget * editor, const Property & property, QVariant & value) const;
 
 	/*! Creates the sub-properties of a compound value (none by default); called once when a
 		property of this type is made.
@@ -63,6 +64,13 @@ public:
 	virtual QVariant composeValue(const Property & property, int row, const QVariant & partValue) const;
 
 protected:
+	/*! Why the content of an editor made by createEditor() is no value at all (e.g. text in a
+		number field); empty by default.
+	*/
+	virtual QString editorReason(QWidget * editor) const;
+	/*! The value in an editor made by createEditor(), when editorReason() is empty. */
+	virtual QVariant readEditor(QWidget * editor) const;
+
 	/*! Appends a sub-property to a property of this type (for createSubProperties()). */
 	static Property * addSubProperty(Property & property, const QString & name, const QString & typeId,
 									 const QVariant & value);

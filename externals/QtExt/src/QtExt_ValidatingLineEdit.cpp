@@ -144,26 +144,29 @@ QString ValidatingLineEdit::parse(const QString & text, double & number) const {
 	}
 	const bool aboveMinimum = m_minimumInclusive ? number >= m_minimum : number > m_minimum;
 	const bool belowMaximum = m_maximumInclusive ? number <= m_maximum : number < m_maximum;
-	return aboveMinimum && belowMaximum ? QString() : rangeMessage();
+	return aboveMinimum && belowMaximum ? QString()
+		: rangeMessage(m_minimum, m_minimumInclusive, m_maximum, m_maximumInclusive, m_decimals, locale());
 }
 
 
-QString ValidatingLineEdit::rangeMessage() const {
-	const QString minimum = formatNumber(m_minimum, m_decimals, locale());
-	const QString maximum = formatNumber(m_maximum, m_decimals, locale());
-	if (std::isinf(m_maximum))
-		return m_minimumInclusive ? tr("Value must be at least %1.").arg(minimum)
-								  : tr("Value must be greater than %1.").arg(minimum);
-	if (std::isinf(m_minimum))
-		return m_maximumInclusive ? tr("Value must be at most %1.").arg(maximum)
-								  : tr("Value must be less than %1.").arg(maximum);
-	if (m_minimumInclusive && m_maximumInclusive)
-		return tr("Value must be between %1 and %2.").arg(minimum, maximum);
-	if (m_minimumInclusive)
-		return tr("Value must be at least %1 and less than %2.").arg(minimum, maximum);
-	if (m_maximumInclusive)
-		return tr("Value must be greater than %1 and at most %2.").arg(minimum, maximum);
-	return tr("Value must be greater than %1 and less than %2.").arg(minimum, maximum);
+QString ValidatingLineEdit::rangeMessage(double minimum, bool minimumInclusive, double maximum,
+										 bool maximumInclusive, int decimals, const QLocale & locale)
+{
+	const QString low = formatNumber(minimum, decimals, locale);
+	const QString high = formatNumber(maximum, decimals, locale);
+	if (std::isinf(maximum))
+		return minimumInclusive ? tr("Value must be at least %1.").arg(low)
+								: tr("Value must be greater than %1.").arg(low);
+	if (std::isinf(minimum))
+		return maximumInclusive ? tr("Value must be at most %1.").arg(high)
+								: tr("Value must be less than %1.").arg(high);
+	if (minimumInclusive && maximumInclusive)
+		return tr("Value must be between %1 and %2.").arg(low, high);
+	if (minimumInclusive)
+		return tr("Value must be at least %1 and less than %2.").arg(low, high);
+	if (maximumInclusive)
+		return tr("Value must be greater than %1 and at most %2.").arg(low, high);
+	return tr("Value must be greater than %1 and less than %2.").arg(low, high);
 }
 
 

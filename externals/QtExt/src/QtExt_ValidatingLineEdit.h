@@ -62,6 +62,12 @@ public:
 	*/
 	static QString formatNumber(double value, int decimals, const QLocale & locale);
 
+	/*! Why a value lies outside a range, e.g. "Value must be between 0 and 100."; the limits
+		are written with formatNumber(), an infinite one leaves its side open.
+	*/
+	static QString rangeMessage(double minimum, bool minimumInclusive, double maximum, bool maximumInclusive,
+								int decimals, const QLocale & locale);
+
 signals:
 	/*! The user confirmed an edited, valid text (Enter or leaving the field). */
 	void valueConfirmed(double value);
@@ -75,8 +81,6 @@ protected:
 private:
 	/*! Reads text; returns an empty reason and the number, or why it is no accepted number. */
 	QString parse(const QString & text, double & number) const;
-	/*! The message for a value outside the range. */
-	QString rangeMessage() const;
 	/*! Checks the text and shows the marking and tool tip that belong to the result. */
 	void validate();
 	/*! Emits valueConfirmed() for an edited, valid text and takes it as last valid value. */

@@ -122,24 +122,6 @@ TEST(EMExtractorFactory, ExtractorPerDataFormatAndCutType) {
 		EXPECT_EQ(e->targetValueUnit(), ZEB::Unit("C"));
 	}
 
-	// split by kind of output, the valid cut types create extractors of that kind, and the
-	// kinds together give all valid cut types
-	for (D::DataFormat format : { D::DF_2D, D::DF_3D, D::DF_4D, D::DF_5D })
-		for (D::OutputType type : { D::T_FIELD, D::T_FLUX }) {
-			DATAIO::DataIO container;
-			container.setType(type);
-			container.setTimeUnit("h");
-			container.setValueUnit("C");
-			container.setDataFormat(format);
-			std::size_t count = 0;
-			for (ExtractorBase::OutputKind kind : { ExtractorBase::OK_2D, ExtractorBase::OK_3D, ExtractorBase::OK_Vector })
-				for (CutType c : ExtractorFactory::validCutTypes(format, type, kind)) {
-					EXPECT_EQ(ExtractorFactory::createExtractor(&container, c)->outputKind(), kind) << CutTypes::keyword(c);
-					++count;
-				}
-			EXPECT_EQ(count, ExtractorFactory::validCutTypes(format, type).size());
-		}
-
 	DATAIO::DataIO d;
 	d.setTimeUnit("h");
 	d.setValueUnit("C");

@@ -110,6 +110,13 @@ std::vector<std::pair<int, unsigned int> > outputAxes(const EM::ExtractorBase & 
 	return { { CM::BottomAxis, 0 }, { CM::LeftAxis, 1 }, { CM::RightAxis, 2 } };
 }
 
+/*! The error of a data set whose data format is not the chart's. */
+ZEB::Exception formatMismatch(DATAIO::DataIO::DataFormat selected, DATAIO::DataIO::DataFormat chart, const char * functionId) {
+	return ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
+		"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
+		.arg(DATAIO::DataIO::dataFormatText(selected)).arg(DATAIO::DataIO::dataFormatText(chart)), functionId);
+}
+
 /*! Checks that every manipulator type exists and accepts its parameter. */
 void checkManipulators(const DataSetSetup::KeywordList & manipulators, const char * functionId) {
 	for (const std::pair<std::string, std::string> & m : manipulators) {
@@ -233,10 +240,7 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	const DATAIO::DataIO::DataFormat mapperFormat = m_2DExtractors.front().m_dataFormat;
 	std::shared_ptr<DATAIO::DataIO> first = m_dataManager.container(dataSets.front().m_fileName);
 	if (first->dataFormat() != mapperFormat)
-		throw ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
-			"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
-			.arg(DATAIO::DataIO::dataFormatText(first->dataFormat())).arg(DATAIO::DataIO::dataFormatText(mapperFormat)),
-			FUNC_ID);
+		throw formatMismatch(first->dataFormat(), mapperFormat, FUNC_ID);
 
 	ExtractorEntry entry;
 	if (modelType.empty()) {
@@ -328,40 +332,11 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
 	FUNCID(Mapper::setDataSetSetup);
 	const ExtractorEntry & old = entryAt(index, FUNC_ID);
-	const bool withModel = !setup.m_modelType.empty();
-	if (setup.m_fileNames.size() != (withModel ? 2 : 1))
-		throw ZEB::Exception(withModel ? "A model combines two data files." : "A data set without model reads one data file.",
-							 FUNC_ID);
-
-	// 1. the files hold data of the chart's format, and the cut gives the chart's kind of series
-	for (const QString & fileName : setup.m_fileNames) {
-		const std::shared_ptr<DATAIO::DataIO> dataIO = m_dataManager.container(fileName);
-		if (dataIO->dataFormat() != old.m_dataFormat)
-			throw ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
-				"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
-				.arg(DATAIO::DataIO::dataFormatText(dataIO->dataFormat()))
-				.arg(DATAIO::DataIO::dataFormatText(old.m_dataFormat)), FUNC_ID);
-		if (withModel)
-			continue;
-		const std::vector<EM::CutType> valid = EM::ExtractorFactory::validCutTypes(dataIO->dataFormat(), dataIO->type(),
-																				   old.m_extractor->outputKind());
-		if (std::find(valid.begin(), valid.end(), setup.m_cutType) == valid.end())
-			throw ZEB::Exception(ZEB::MessageFormat("Cut type '%1' is not valid for data format '%2' in this chart.")
-								 .arg(EM::CutTypes::keyword(setup.m_cutType))
-								 .arg(DATAIO::DataIO::dataFormatText(dataIO->dataFormat())), FUNC_ID);
-		if (dataIO->type() == DATAIO::DataIO::T_REFERENCE) {
-			const std::vector<std::uint32_t> & columns = dataIO->nums();
-			if (std::find(columns.begin(), columns.end(), setup.m_column) == columns.end())
-				throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.")
-									 .arg(fileName.toStdString()).arg(setup.m_column), FUNC_ID);
-		}
-	}
-
-	// 2. manipulators and model accept their parameters
+	checkSetupFiles(setup, old);
 	checkManipulators(setup.m_manipulators, FUNC_ID);
+	const bool withModel = !setup.m_modelType.empty();
 	const std::string modelParameter = withModel ? modelParameterText(setup, FUNC_ID) : std::string();
 
-	// 3. the new entry, its cut within the file
 	std::vector<DataSet> dataSets;
 	for (const QString & fileName : setup.m_fileNames)
 		dataSets.push_back(DataSet{ fileName, setup.m_column, setup.m_cutType });
@@ -371,20 +346,8 @@ void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
 																			   : EM::ExtractorBase::LAST_INDEX);
 	ExtractorEntry entry = createEntry(dataSets, setup.m_modelType, modelParameter, setup.m_manipulators);
 	checkCutIndices(setup, entry, old);
-
-	// 4. the units of the new data on the axes; an axis only this entry uses may follow it
 	const bool leftAxis = onLeftAxis(index);
-	std::vector<std::pair<int, ZEB::Unit> > newAxisUnits;
-	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
-		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
-		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
-		if (convertible(unit, current))
-			continue;
-		if (!axisDataUnits(axis.first, static_cast<int>(index)).empty())
-			throw ZEB::Exception(ZEB::MessageFormat("Unit [%1] of the data set does not fit the unit [%2] of the axis, "
-													"which other series use.").arg(unit.name()).arg(current.name()), FUNC_ID);
-		newAxisUnits.emplace_back(axis.first, unit);
-	}
+	const std::vector<std::pair<int, ZEB::Unit> > newAxisUnits = axisUnitsFor(entry, index, leftAxis);
 
 	// everything fits: the entry is replaced
 	entry.m_title = old.m_title;
@@ -403,6 +366,53 @@ void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
 		m_chartModel->endChangeSeries();
 	}
 	m_chartModel->endChangeModel();
+}
+
+
+void Mapper::checkSetupFiles(const DataSetSetup & setup, const ExtractorEntry & old) const {
+	FUNCID(Mapper::setDataSetSetup);
+	const bool withModel = !setup.m_modelType.empty();
+	if (setup.m_fileNames.size() != (withModel ? 2 : 1))
+		throw ZEB::Exception(withModel ? "A model combines two data files." : "A data set without model reads one data file.",
+							 FUNC_ID);
+	for (const QString & fileName : setup.m_fileNames) {
+		const std::shared_ptr<DATAIO::DataIO> dataIO = m_dataManager.container(fileName);
+		if (dataIO->dataFormat() != old.m_dataFormat)
+			throw formatMismatch(dataIO->dataFormat(), old.m_dataFormat, FUNC_ID);
+		if (withModel)
+			continue;
+		const std::vector<EM::CutType> valid = EM::ExtractorFactory::validCutTypes(dataIO->dataFormat(), dataIO->type(),
+																				   old.m_extractor->outputKind());
+		if (std::find(valid.begin(), valid.end(), setup.m_cutType) == valid.end())
+			throw ZEB::Exception(ZEB::MessageFormat("Cut type '%1' is not valid for data format '%2' in this chart.")
+								 .arg(EM::CutTypes::keyword(setup.m_cutType))
+								 .arg(DATAIO::DataIO::dataFormatText(dataIO->dataFormat())), FUNC_ID);
+		if (dataIO->type() == DATAIO::DataIO::T_REFERENCE) {
+			const std::vector<std::uint32_t> & columns = dataIO->nums();
+			if (std::find(columns.begin(), columns.end(), setup.m_column) == columns.end())
+				throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.")
+									 .arg(fileName.toStdString()).arg(setup.m_column), FUNC_ID);
+		}
+	}
+}
+
+
+std::vector<std::pair<int, ZEB::Unit> > Mapper::axisUnitsFor(const ExtractorEntry & entry, unsigned int index,
+															   bool leftAxis) const
+{
+	FUNCID(Mapper::setDataSetSetup);
+	std::vector<std::pair<int, ZEB::Unit> > units;
+	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
+		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
+		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
+		if (convertible(unit, current))
+			continue;
+		if (!axisDataUnits(axis.first, static_cast<int>(index)).empty())
+			throw ZEB::Exception(ZEB::MessageFormat("Unit [%1] of the data set does not fit the unit [%2] of the axis, "
+													"which other series use.").arg(unit.name()).arg(current.name()), FUNC_ID);
+		units.emplace_back(axis.first, unit);
+	}
+	return units;
 }
 
 

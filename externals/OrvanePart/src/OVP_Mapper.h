@@ -270,6 +270,16 @@ private:
 		other charts).
 	*/
 	bool onLeftAxis(unsigned int index) const;
+	/*! Checks the files of a setup for entry old: their number, that they open and hold data of
+		the entry's format, the cut type for this chart's kind of series, a reference column.
+	*/
+	void checkSetupFiles(const DataSetSetup & setup, const ExtractorEntry & old) const;
+	/*! The new units of the axes that a new entry for entry index (on the left or right axis)
+		needs: the unit of its data on each axis whose unit does not fit and that no other entry
+		uses. Throws ZEB::Exception when such an axis is used by other entries.
+	*/
+	std::vector<std::pair<int, ZEB::Unit> > axisUnitsFor(const ExtractorEntry & entry, unsigned int index,
+														 bool leftAxis) const;
 	/*! Checks that each index the setup uses lies within the coordinates of the new entry; a
 		time index that old (same files and cut type) holds already may lie past the end.
 	*/

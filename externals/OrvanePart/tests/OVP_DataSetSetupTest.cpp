@@ -15,6 +15,7 @@
 
 #include <OVP_DataManager.h>
 #include <OVP_DataSetChoices.h>
+#include <OVP_ManipulatorOptions.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
@@ -255,6 +256,10 @@ TEST_F(DataSetSetupTest, ChoicesAndRemovedSeries) {
 			  std::vector<EM::CutType>({ EM::CT_TimeCut, EM::CT_XCut, EM::CT_YCut }));
 	std::unique_ptr<OVP::Mapper> series = create(DS{ m_dir + "/T.out" });
 	EXPECT_EQ(OVP::DataSetChoices(*series, 0).cut(), nullptr);
+	typedef OVP::ManipulatorOptions MO;
+	for (int c = MO::MC_None; c < MO::NUM_MC; ++c)
+		EXPECT_EQ(MO::choice(MO::typeKeyword(static_cast<MO::Choice>(c))), c);
+	EXPECT_EQ(MO::choice("2DScaling"), MO::MC_Scaling);
 
 	// removing a series: the others keep their data and display properties, the tree follows
 	handler().newProject();

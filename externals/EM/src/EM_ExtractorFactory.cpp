@@ -67,6 +67,18 @@ std::vector<CutType> ExtractorFactory::validCutTypes(DATAIO::DataIO::DataFormat 
 }
 
 
+std::vector<CutType> ExtractorFactory::validCutTypes(DATAIO::DataIO::DataFormat format, DATAIO::DataIO::OutputType type,
+													 ExtractorBase::OutputKind kind)
+{
+	const Kind wanted = kind == ExtractorBase::OK_2D ? K_2D : (kind == ExtractorBase::OK_3D ? K_3D : K_Vector);
+	std::vector<CutType> cutTypes;
+	for (CutType c : validCutTypes(format, type))
+		if (extractorKind(format, type, c) == wanted)
+			cutTypes.push_back(c);
+	return cutTypes;
+}
+
+
 std::unique_ptr<ExtractorBase> ExtractorFactory::createExtractor(DATAIO::DataIO * dataIO, CutType cutType,
 	std::shared_ptr<const DATAIO::GeoFile> geometry, std::uint32_t column)
 {

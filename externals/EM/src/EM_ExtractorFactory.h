@@ -8,6 +8,7 @@
 #include <DATAIO_DataIO.h>
 
 #include "EM_CutType.h"
+#include "EM_ExtractorBase.h"
 
 namespace DATAIO {
 class GeoFile;
@@ -40,6 +41,11 @@ public:
 		type, in the order of the enumeration.
 	*/
 	static std::vector<CutType> validCutTypes(DATAIO::DataIO::DataFormat format, DATAIO::DataIO::OutputType type);
+	/*! The valid cut types whose extractor has the given kind of output (the cut types a chart
+		of that kind can switch between), in the order of the enumeration.
+	*/
+	static std::vector<CutType> validCutTypes(DATAIO::DataIO::DataFormat format, DATAIO::DataIO::OutputType type,
+											  ExtractorBase::OutputKind kind);
 
 	/*! Creates the extractor of a container for a cut type. The geometry, when given, replaces
 		the container's embedded one; column is the column number (as the header lists it) of

@@ -2,6 +2,10 @@
 
 #include <DATAIO_DataIO.h>
 
+#include <ZEB_Exception.h>
+
+#include "OVP_Mapper.h"
+
 namespace OVP {
 
 QString ExtractorAxisData::replaceQuantity(const QString & title, const std::string & quantity) {
@@ -21,6 +25,23 @@ QDateTime ExtractorAxisData::dateTimeZero(const QDateTime & stored, const DATAIO
 	if (!start.isValid())
 		return stored;
 	return QDateTime(start, QTime(0, 0), Qt::UTC);
+}
+
+
+
+bool ExtractorAxisData::acceptsUnit(const Mapper & mapper, int axisPosition, const QVariant & value) {
+	bool isNumber = false;
+	const unsigned int unitId = value.toUInt(&isNumber);
+	if (!isNumber)
+		return true;
+	try {
+		mapper.checkAxisUnit(axisPosition, unitId);
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		return false;
+	}
+	return true;
 }
 
 } // namespace OVP

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QVariant>
 
 namespace DATAIO {
 class DataIO;
@@ -12,8 +13,11 @@ class DataIO;
 
 namespace OVP {
 
+class Mapper;
+
 /*! The axis properties that the series models take from the extracted data instead of the
-	stored chart properties: the quantity name in axis titles and the date of the time zero.
+	stored chart properties: the quantity name in axis titles and the date of the time zero;
+	and the check of a new axis unit against the data.
 */
 class ExtractorAxisData {
 public:
@@ -29,6 +33,12 @@ public:
 		stored value is kept.
 	*/
 	static QDateTime dateTimeZero(const QDateTime & stored, const DATAIO::DataIO * container);
+
+	/*! True when an axis of the mapper's chart may take the unit id in value (see
+		Mapper::checkAxisUnit()); otherwise the reason is reported as error. A value that is no
+		number is left to the chart model's own check.
+	*/
+	static bool acceptsUnit(const Mapper & mapper, int axisPosition, const QVariant & value);
 };
 
 } // namespace OVP

@@ -22,8 +22,7 @@ EM::ManipulatorBase::ManipulatorType manipulatorType(ManipulatorOptions::Choice 
 
 /*! The manipulator of a choice (not MC_None) with the parameter; throws when it refuses it. */
 std::unique_ptr<EM::ManipulatorBase> createManipulator(ManipulatorOptions::Choice choice, const QString & parameter) {
-	std::unique_ptr<EM::ManipulatorBase> manipulator =
-			Mapper::createManipulator(EM::ManipulatorBase::typeKeyword(manipulatorType(choice)));
+	std::unique_ptr<EM::ManipulatorBase> manipulator = Mapper::createManipulator(ManipulatorOptions::typeKeyword(choice));
 	manipulator->setFromParameter(parameter.trimmed().toStdString());
 	return manipulator;
 }
@@ -50,11 +49,23 @@ QString ManipulatorOptions::parameterLabel(Choice choice) {
 }
 
 
+std::string ManipulatorOptions::typeKeyword(Choice choice) {
+	return choice == MC_None ? std::string() : std::string(EM::ManipulatorBase::typeKeyword(manipulatorType(choice)));
+}
+
+
+ManipulatorOptions::Choice ManipulatorOptions::choice(const std::string & typeKeyword) {
+	for (int c = MC_Difference2First; c < NUM_MC; ++c)
+		if (typeKeyword == ManipulatorOptions::typeKeyword(static_cast<Choice>(c)))
+			return static_cast<Choice>(c);
+	return MC_None;
+}
+
+
 void ManipulatorOptions::setChoice(Choice choice) {
 	m_choice = choice;
 	m_parameter = choice == MC_None ? QString()
-		: QString::fromStdString(Mapper::createManipulator(EM::ManipulatorBase::typeKeyword(manipulatorType(choice)))
-								 ->parameter());
+		: QString::fromStdString(Mapper::createManipulator(typeKeyword(choice))->parameter());
 }
 
 

@@ -1,6 +1,8 @@
 #ifndef OVP_ManipulatorOptionsH
 #define OVP_ManipulatorOptionsH
 
+#include <string>
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -28,6 +30,10 @@ public:
 	static QString text(Choice choice);
 	/*! The label of the parameter field: "Factor:", "Offset:", or empty without parameter. */
 	static QString parameterLabel(Choice choice);
+	/*! The type keyword of the manipulator of a choice ("2DScaling", ...); empty for MC_None. */
+	static std::string typeKeyword(Choice choice);
+	/*! The choice of a manipulator type keyword; MC_None for an unknown keyword. */
+	static Choice choice(const std::string & typeKeyword);
 
 	Choice choice() const { return m_choice; }
 	/*! Chooses a manipulator; the parameter becomes that manipulator's default. */

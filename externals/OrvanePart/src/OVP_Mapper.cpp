@@ -1,6 +1,7 @@
 #include "OVP_Mapper.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,8 +24,10 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 #include <ZEB_StringUtils.h>
+#include <ZEB_UnitList.h>
 
 #include "OVP_DataManager.h"
+#include "OVP_ModelOptions.h"
 #include "OVP_ProjectRelativePath.h"
 #include "OVP_SeriesColorGridExtractorModel.h"
 #include "OVP_SeriesLineExtractorModel.h"
@@ -92,6 +95,63 @@ bool convertible(const ZEB::Unit & a, const ZEB::Unit & b) {
 /*! The unit of an axis of a chart model. */
 ZEB::Unit axisUnit(const CM & model, int axisPosition) {
 	return ZEB::Unit(model.axisData(axisPosition, CM::AxisUnit).toUInt());
+}
+
+/*! Names of the space dimensions in messages, indexed by EM::CutDimension. */
+const char * const SPACE_DIMENSION_NAMES[] = { "X", "Y", "Z" };
+
+/*! The chart axes an output lies on, each with the output axis (as axisUnitFromDataIO() counts)
+	it shows: x on the bottom axis, the values of a 2D series on its y axis, y and the values of
+	a 3D or vector output on the left and the right axis.
+*/
+std::vector<std::pair<int, unsigned int> > outputAxes(const EM::ExtractorBase & extractor, bool leftAxis) {
+	if (extractor.outputKind() == EM::ExtractorBase::OK_2D)
+		return { { CM::BottomAxis, 0 }, { leftAxis ? CM::LeftAxis : CM::RightAxis, 1 } };
+	return { { CM::BottomAxis, 0 }, { CM::LeftAxis, 1 }, { CM::RightAxis, 2 } };
+}
+
+/*! The error of a data set whose data format is not the chart's. */
+ZEB::Exception formatMismatch(DATAIO::DataIO::DataFormat selected, DATAIO::DataIO::DataFormat chart, const char * functionId) {
+	return ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
+		"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
+		.arg(DATAIO::DataIO::dataFormatText(selected)).arg(DATAIO::DataIO::dataFormatText(chart)), functionId);
+}
+
+/*! Checks that every manipulator type exists and accepts its parameter. */
+void checkManipulators(const DataSetSetup::KeywordList & manipulators, const char * functionId) {
+	for (const std::pair<std::string, std::string> & m : manipulators) {
+		std::unique_ptr<EM::ManipulatorBase> manipulator = Mapper::createManipulator(m.first);
+		try {
+			manipulator->setFromParameter(m.second);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Invalid parameter for manipulator.", functionId);
+		}
+	}
+}
+
+/*! The parameter text of the model of a setup, as the model writes it; keys the setup does not
+	list have their defaults. Throws ZEB::Exception for an unknown model or key and when the
+	model refuses a value.
+*/
+std::string modelParameterText(const DataSetSetup & setup, const char * functionId) {
+	ModelOptions options;
+	options.setModelType(setup.m_modelType);
+	for (const std::pair<std::string, std::string> & p : setup.m_modelParameters) {
+		unsigned int i = 0;
+		while (i < options.parameters().size() && p.first != options.parameters()[i].m_key)
+			++i;
+		if (i == options.parameters().size())
+			throw ZEB::Exception(ZEB::MessageFormat("Model '%1' has no parameter '%2'.").arg(setup.m_modelType)
+								 .arg(p.first), functionId);
+		options.setValue(i, QString::fromStdString(p.second));
+	}
+	try {
+		return options.parameterText();
+	}
+	catch (ZEB::Exception & ex) {
+		throw ZEB::Exception(ex, "Invalid parameter or model.", functionId);
+	}
 }
 
 /*! Sets an axis unit through the model's base implementation, which does not touch the
@@ -180,10 +240,7 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	const DATAIO::DataIO::DataFormat mapperFormat = m_2DExtractors.front().m_dataFormat;
 	std::shared_ptr<DATAIO::DataIO> first = m_dataManager.container(dataSets.front().m_fileName);
 	if (first->dataFormat() != mapperFormat)
-		throw ZEB::Exception(ZEB::MessageFormat("Mismatching data format of selected datasets and datasets in chart. "
-			"Selected data set hat format '%1', whereas data set in diagram/mapper has '%2'.")
-			.arg(DATAIO::DataIO::dataFormatText(first->dataFormat())).arg(DATAIO::DataIO::dataFormatText(mapperFormat)),
-			FUNC_ID);
+		throw formatMismatch(first->dataFormat(), mapperFormat, FUNC_ID);
 
 	ExtractorEntry entry;
 	if (modelType.empty()) {
@@ -227,6 +284,225 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	const int index = static_cast<int>(m_2DExtractors.size());
 	appendEntry(std::move(entry));
 	static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(index, leftAxis);
+}
+
+
+DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
+	FUNCID(Mapper::dataSetSetup);
+	const ExtractorEntry & entry = entryAt(index, FUNC_ID);
+	const EM::ExtractorBase & extractor = *entry.m_extractor;
+	DataSetSetup setup;
+	for (const std::shared_ptr<DATAIO::DataIO> & dataIO : entry.m_dataIOs)
+		setup.m_fileNames.append(QString::fromStdString(dataIO->filename()));
+	const EM::Extractor2DFromReference * reference = dynamic_cast<const EM::Extractor2DFromReference *>(&extractor);
+	if (reference != nullptr)
+		setup.m_column = reference->column();
+	setup.m_cutType = extractor.cutType();
+	for (unsigned int d = 0; d < EM::NUM_CD; ++d) {
+		if (!extractor.isCutDimension(d))
+			continue;
+		unsigned int i = extractor.cutIndex(d);
+		if (d == EM::CD_Time) {
+			// a time cut that follows offers the time point shown now for the moment it stops
+			setup.m_followLastTimePoint = i == EM::ExtractorBase::LAST_INDEX;
+			const std::size_t count = entry.m_dataIOs.front()->timePoints().size();
+			if (setup.m_followLastTimePoint)
+				i = count == 0 ? 0 : static_cast<unsigned int>(count - 1);
+		}
+		else if (i == EM::ExtractorBase::LAST_INDEX) {
+			i = 0;
+		}
+		setup.m_cutIndices[d] = i;
+	}
+	for (const std::unique_ptr<EM::ManipulatorBase> & m : extractor.manipulators())
+		setup.m_manipulators.emplace_back(m->typeKeyword(), m->parameter());
+	const EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<const EM::Extractor2DFromTwo2D *>(&extractor);
+	if (twoFiles != nullptr) {
+		setup.m_modelType = twoFiles->model().typeKeyword();
+		std::istringstream text(twoFiles->model().parameter());
+		std::string key;
+		std::string value;
+		while (text >> key >> value)
+			setup.m_modelParameters.emplace_back(key, value);
+	}
+	return setup;
+}
+
+
+void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
+	FUNCID(Mapper::setDataSetSetup);
+	const ExtractorEntry & old = entryAt(index, FUNC_ID);
+	checkSetupFiles(setup, old);
+	checkManipulators(setup.m_manipulators, FUNC_ID);
+	const bool withModel = !setup.m_modelType.empty();
+	const std::string modelParameter = withModel ? modelParameterText(setup, FUNC_ID) : std::string();
+
+	std::vector<DataSet> dataSets;
+	for (const QString & fileName : setup.m_fileNames)
+		dataSets.push_back(DataSet{ fileName, setup.m_column, setup.m_cutType });
+	for (unsigned int d = 0; d < EM::NUM_CD && !withModel; ++d)
+		if (EM::CutTypes::isCut(setup.m_cutType, d))
+			dataSets.front().m_cutIndices.emplace_back(d, setup.usesIndex(d) ? setup.m_cutIndices[d]
+																			   : EM::ExtractorBase::LAST_INDEX);
+	ExtractorEntry entry = createEntry(dataSets, setup.m_modelType, modelParameter, setup.m_manipulators);
+	checkCutIndices(setup, entry, old);
+	const bool leftAxis = onLeftAxis(index);
+	const std::vector<std::pair<int, ZEB::Unit> > newAxisUnits = axisUnitsFor(entry, index, leftAxis);
+
+	// everything fits: the entry is replaced
+	entry.m_title = old.m_title;
+	m_chartModel->beginChangeModel();
+	for (const std::pair<int, ZEB::Unit> & axis : newAxisUnits)
+		setAxisUnit(*m_chartModel, axis.first, axis.second);
+	ExtractorEntry & target = m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+	target = std::move(entry);
+	setTargetUnitsFromAxes(target, leftAxis);
+	if (m_type == MT_2D) {
+		update2DExtractor(index);
+	}
+	else {
+		m_chartModel->beginChangeSeries(0, 0);
+		updateEntry(target);
+		m_chartModel->endChangeSeries();
+	}
+	m_chartModel->endChangeModel();
+}
+
+
+void Mapper::checkSetupFiles(const DataSetSetup & setup, const ExtractorEntry & old) const {
+	FUNCID(Mapper::setDataSetSetup);
+	const bool withModel = !setup.m_modelType.empty();
+	if (setup.m_fileNames.size() != (withModel ? 2 : 1))
+		throw ZEB::Exception(withModel ? "A model combines two data files." : "A data set without model reads one data file.",
+							 FUNC_ID);
+	for (const QString & fileName : setup.m_fileNames) {
+		const std::shared_ptr<DATAIO::DataIO> dataIO = m_dataManager.container(fileName);
+		if (dataIO->dataFormat() != old.m_dataFormat)
+			throw formatMismatch(dataIO->dataFormat(), old.m_dataFormat, FUNC_ID);
+		if (withModel)
+			continue;
+		const std::vector<EM::CutType> valid = EM::ExtractorFactory::validCutTypes(dataIO->dataFormat(), dataIO->type(),
+																				   old.m_extractor->outputKind());
+		if (std::find(valid.begin(), valid.end(), setup.m_cutType) == valid.end())
+			throw ZEB::Exception(ZEB::MessageFormat("Cut type '%1' is not valid for data format '%2' in this chart.")
+								 .arg(EM::CutTypes::keyword(setup.m_cutType))
+								 .arg(DATAIO::DataIO::dataFormatText(dataIO->dataFormat())), FUNC_ID);
+		if (dataIO->type() == DATAIO::DataIO::T_REFERENCE) {
+			const std::vector<std::uint32_t> & columns = dataIO->nums();
+			if (std::find(columns.begin(), columns.end(), setup.m_column) == columns.end())
+				throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.")
+									 .arg(fileName.toStdString()).arg(setup.m_column), FUNC_ID);
+		}
+	}
+}
+
+
+std::vector<std::pair<int, ZEB::Unit> > Mapper::axisUnitsFor(const ExtractorEntry & entry, unsigned int index,
+															   bool leftAxis) const
+{
+	FUNCID(Mapper::setDataSetSetup);
+	std::vector<std::pair<int, ZEB::Unit> > units;
+	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
+		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
+		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
+		if (convertible(unit, current))
+			continue;
+		if (!axisDataUnits(axis.first, static_cast<int>(index)).empty())
+			throw ZEB::Exception(ZEB::MessageFormat("Unit [%1] of the data set does not fit the unit [%2] of the axis, "
+													"which other series use.").arg(unit.name()).arg(current.name()), FUNC_ID);
+		units.emplace_back(axis.first, unit);
+	}
+	return units;
+}
+
+
+void Mapper::checkCutIndices(const DataSetSetup & setup, const ExtractorEntry & entry, const ExtractorEntry & old) {
+	FUNCID(Mapper::setDataSetSetup);
+	for (unsigned int d = 0; d < EM::NUM_CD; ++d) {
+		if (!setup.usesIndex(d))
+			continue;
+		const unsigned int i = setup.m_cutIndices[d];
+		const std::size_t count = entry.m_extractor->cutValues(d).size();
+		if (i < count)
+			continue;
+		if (d == EM::CD_Time) {
+			// a time point picked before a rerun of the simulation stays picked until it is reached again
+			if (old.m_extractor->cutType() == setup.m_cutType && old.m_extractor->cutIndex(d) == i
+				&& old.m_dataIOs == entry.m_dataIOs)
+				continue;
+			throw ZEB::Exception(ZEB::MessageFormat("Time index %1 is beyond the last time point of the file, "
+													"which has %2 time points.").arg(i).arg(count), FUNC_ID);
+		}
+		throw ZEB::Exception(ZEB::MessageFormat("Cut index %1 in direction %2 is beyond the %3 cells of the file.")
+							 .arg(i).arg(SPACE_DIMENSION_NAMES[d]).arg(count), FUNC_ID);
+	}
+}
+
+
+void Mapper::removeExtractor(unsigned int index) {
+	FUNCID(Mapper::removeExtractor);
+	if (m_type != MT_2D)
+		throw ZEB::Exception("Only series of a line chart can be removed.", FUNC_ID);
+	entryAt(index, FUNC_ID);
+	if (m_2DExtractors.size() == 1)
+		throw ZEB::Exception("The last series of a chart cannot be removed; delete the chart instead.", FUNC_ID);
+	const int i = static_cast<int>(index);
+	m_chartModel->beginRemoveSeries(i, i);
+	m_2DExtractors.erase(m_2DExtractors.begin() + i);
+	m_chartModel->endRemoveSeries();
+}
+
+
+void Mapper::checkAxisUnit(int axisPosition, unsigned int unitId) const {
+	FUNCID(Mapper::checkAxisUnit);
+	if (axisPosition < 0 || axisPosition >= CM::NUM_AXES)
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid axis position #%1.").arg(axisPosition), FUNC_ID);
+	const ZEB::Unit unit(unitId);
+	for (const ZEB::Unit & data : axisDataUnits(axisPosition))
+		if (!convertible(unit, data))
+			throw ZEB::Exception(ZEB::MessageFormat("Unit [%1] does not fit the data shown on the axis, which are in [%2].")
+								 .arg(unit.name()).arg(data.name()), FUNC_ID);
+}
+
+
+std::vector<ZEB::Unit> Mapper::axisUnitChoices(int axisPosition) const {
+	std::vector<ZEB::Unit> units;
+	if (!m_chartModel || axisPosition < 0 || axisPosition >= CM::NUM_AXES)
+		return units;
+	const ZEB::Unit current = axisUnit(*m_chartModel, axisPosition);
+	if (current.id() == 0)
+		return units;
+	const ZEB::UnitList & list = ZEB::UnitList::instance();
+	for (unsigned int id = 1; id < list.size(); ++id)
+		if (list.retrieve(id)->base_id() == current.base_id())
+			units.push_back(ZEB::Unit(id));
+	return units;
+}
+
+
+const Mapper::ExtractorEntry & Mapper::entryAt(unsigned int index, const char * functionId) const {
+	if (index >= extractorCount())
+		throw ZEB::Exception(ZEB::MessageFormat("The chart has no data set #%1.").arg(index), functionId);
+	return m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+}
+
+
+std::vector<ZEB::Unit> Mapper::axisDataUnits(int axisPosition, int skippedEntry) const {
+	std::vector<ZEB::Unit> units;
+	for (unsigned int i = 0; i < extractorCount(); ++i) {
+		if (static_cast<int>(i) == skippedEntry)
+			continue;
+		const EM::ExtractorBase & extractor = *(m_type == MT_2D ? m_2DExtractors[i] : m_3DExtractor).m_extractor;
+		for (const std::pair<int, unsigned int> & axis : outputAxes(extractor, onLeftAxis(i)))
+			if (axis.first == axisPosition)
+				units.push_back(extractor.axisUnitFromDataIO(axis.second));
+	}
+	return units;
+}
+
+
+bool Mapper::onLeftAxis(unsigned int index) const {
+	return m_type != MT_2D || static_cast<const LM &>(*m_chartModel).lineProperties(static_cast<int>(index)).m_leftAxis;
 }
 
 

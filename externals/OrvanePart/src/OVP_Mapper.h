@@ -16,7 +16,10 @@
 
 #include <EM_CutType.h>
 
+#include <ZEB_Unit.h>
+
 #include "OVP_DataPathRemap.h"
+#include "OVP_DataSetSetup.h"
 
 class TiXmlElement;
 
@@ -75,7 +78,7 @@ public:
 	/*! Manipulators for a new series as (type keyword, parameter text) pairs, in the order in
 		which they are applied.
 	*/
-	typedef std::vector<std::pair<std::string, std::string> > ManipulatorList;
+	typedef DataSetSetup::KeywordList ManipulatorList;
 
 	/*! One extractor with the containers it reads (held open for it) and, for series of a line
 		chart, the series title that is saved with the mapper.
@@ -117,6 +120,36 @@ public:
 	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string(),
 					  const std::string & modelParameter = std::string(),
 					  const ManipulatorList & manipulators = ManipulatorList());
+
+	/*! How an entry is set up: index is the series of a line chart, 0 the 3D or vector-field
+		extractor. Throws ZEB::Exception for an index the mapper does not have.
+	*/
+	DataSetSetup dataSetSetup(unsigned int index) const;
+	/*! Rebuilds an entry from a setup: the extractor reads the files with the cut, manipulators
+		and model of the setup, and the chart model announces the changed series; the series
+		title and all chart properties stay. The data must fit the chart as for addExtractor()
+		(data format, units convertible to the axes); an axis that no other series uses takes
+		the unit of the new data when the old unit does not fit. Everything is checked first:
+		the file must open, the cut type must give this chart's kind of series from the file,
+		each cut index must lie within the file (a fixed time index that a rerun has not reached
+		again may stay as it is), manipulators and model must accept their parameters. Throws
+		ZEB::Exception when something does not fit; the mapper is then unchanged.
+	*/
+	void setDataSetSetup(unsigned int index, const DataSetSetup & setup);
+	/*! Removes a series of a line chart with its display properties. Throws ZEB::Exception for
+		other charts, for a bad index and for the last series (the chart is deleted instead).
+	*/
+	void removeExtractor(unsigned int index);
+
+	/*! Checks that an axis may take a unit: it must convert to and from the units of the data
+		shown on the axis (any unit for an axis without data). Throws ZEB::Exception telling why
+		not, also for a unit id or axis position that does not exist.
+	*/
+	void checkAxisUnit(int axisPosition, unsigned int unitId) const;
+	/*! The units an axis can be switched to: all units of the group of its unit, in registry
+		order; none while it has no unit.
+	*/
+	std::vector<ZEB::Unit> axisUnitChoices(int axisPosition) const;
 
 	/*! Reads the content of a Mapper element: extractors and chart model. Data file paths are
 		resolved against projectDir and then re-pointed by remap. Throws ZEB::Exception.
@@ -165,6 +198,10 @@ public:
 	const std::vector<ExtractorEntry> & extractors2D() const { return m_2DExtractors; }
 	/*! The 3D or vector-field extractor entry; its extractor is null in 2D mappers. */
 	const ExtractorEntry & extractor3D() const { return m_3DExtractor; }
+	/*! The entry at an index as dataSetSetup() counts; throws ZEB::Exception with the given
+		function id for an index the mapper does not have.
+	*/
+	const ExtractorEntry & entryAt(unsigned int index, const char * functionId) const;
 
 	/*! The chart model; null while the mapper has no extractor. */
 	SCI::AbstractCartesianChartModel * chartModel() const { return m_chartModel.get(); }
@@ -225,6 +262,29 @@ private:
 	*/
 	ExtractorEntry createEntry(const std::vector<DataSet> & dataSets, const std::string & modelType,
 							   const std::string & modelParameter, const ManipulatorList & manipulators) const;
+	/*! The units (as the files give them) of the data that the entries other than skippedEntry
+		show on an axis.
+	*/
+	std::vector<ZEB::Unit> axisDataUnits(int axisPosition, int skippedEntry = -1) const;
+	/*! True when series index of a line chart is drawn against the left axis (always for
+		other charts).
+	*/
+	bool onLeftAxis(unsigned int index) const;
+	/*! Checks the files of a setup for entry old: their number, that they open and hold data of
+		the entry's format, the cut type for this chart's kind of series, a reference column.
+	*/
+	void checkSetupFiles(const DataSetSetup & setup, const ExtractorEntry & old) const;
+	/*! The new units of the axes that a new entry for entry index (on the left or right axis)
+		needs: the unit of its data on each axis whose unit does not fit and that no other entry
+		uses. Throws ZEB::Exception when such an axis is used by other entries.
+	*/
+	std::vector<std::pair<int, ZEB::Unit> > axisUnitsFor(const ExtractorEntry & entry, unsigned int index,
+														 bool leftAxis) const;
+	/*! Checks that each index the setup uses lies within the coordinates of the new entry; a
+		time index that old (same files and cut type) holds already may lie past the end.
+	*/
+	static void checkCutIndices(const DataSetSetup & setup, const ExtractorEntry & entry, const ExtractorEntry & old);
+
 	/*! Appends an entry: decides the kind and creates the chart model with the first entry,
 		enforces the kind rules of a mapper. When the chart model exists already, the new series
 		is announced.

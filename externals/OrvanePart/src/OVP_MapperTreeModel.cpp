@@ -386,6 +386,10 @@ void MapperTreeModel::followSeries(Mapper * mapper) {
 		beginInsertRows(index(indexOf(mapper), 0), start, end);
 	});
 	connect(chart, &SCI::AbstractChartModel::seriesInserted, this, [this]() { endInsertRows(); });
+	connect(chart, &SCI::AbstractChartModel::seriesAboutToBeRemoved, this, [this, mapper](int start, int end) {
+		beginRemoveRows(index(indexOf(mapper), 0), start, end);
+	});
+	connect(chart, &SCI::AbstractChartModel::seriesRemoved, this, [this]() { endRemoveRows(); });
 	connect(chart, &SCI::AbstractChartModel::seriesChanged, this, [this, mapper](int start, int end) {
 		const QModelIndex parent = index(indexOf(mapper), 0);
 		start = std::max(start, 0);

@@ -29,8 +29,8 @@ class ProjectHandler;
 	Rows change only through the ProjectHandler: renaming (setData()) and reordering by drag and
 	drop (dropMimeData()) ask the handler of the open session, which marks it modified and keeps
 	the split layout's mapper indices in step. Only a model that belongs to the open session
-	accepts edits. Child rows follow the series of each mapper's chart model as they are added
-	and updated.
+	accepts edits. Child rows follow the series of each mapper's chart model as they are added,
+	removed and updated.
 
 	Top-level rows can be dragged within the model only (MoveAction, MIME_TYPE); they are dropped
 	between top-level rows, or on the empty area to go last. removeRows() is deliberately not

@@ -89,6 +89,8 @@ QVariant SeriesGridExtractorModel<ChartModel, Output>::axisData(int axisPosition
 template <class ChartModel, class Output>
 bool SeriesGridExtractorModel<ChartModel, Output>::setAxisData(const QVariant & value, int axisPosition, int role) {
 	typedef SCI::AbstractCartesianChartModel CM;
+	if (role == CM::AxisUnit && !ExtractorAxisData::acceptsUnit(*m_mapper, axisPosition, value))
+		return false;
 	const bool stored = CM::setAxisData(value, axisPosition, role);
 	if (stored && role == CM::AxisUnit)
 		m_mapper->applyAxisUnits();

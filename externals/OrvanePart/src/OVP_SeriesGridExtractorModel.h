@@ -36,7 +36,9 @@ public:
 
 	/*! Titles with "$quantity" (role 1) and the time zero of date axes (role 27) from the data. */
 	QVariant axisData(int axisPosition, int role) const override;
-	/*! Stores an axis property; a new axis unit becomes the extractor's target unit. */
+	/*! Stores an axis property; a new axis unit becomes the extractor's target unit. A unit the
+		data on the axis do not convert to is refused (reported, false returned).
+	*/
 	bool setAxisData(const QVariant & value, int axisPosition, int role) override;
 
 protected:

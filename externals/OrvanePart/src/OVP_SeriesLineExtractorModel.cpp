@@ -126,6 +126,8 @@ QVariant SeriesLineExtractorModel::axisData(int axisPosition, int role) const {
 
 
 bool SeriesLineExtractorModel::setAxisData(const QVariant & value, int axisPosition, int role) {
+	if (role == AxisUnit && !ExtractorAxisData::acceptsUnit(*m_mapper, axisPosition, value))
+		return false;
 	const bool stored = AbstractCartesianChartModel::setAxisData(value, axisPosition, role);
 	if (stored && role == AxisUnit)
 		m_mapper->applyAxisUnits();

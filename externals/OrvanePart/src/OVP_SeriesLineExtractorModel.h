@@ -44,7 +44,8 @@ public:
 	*/
 	QVariant axisData(int axisPosition, int role) const override;
 	/*! Stores an axis property; a new axis unit becomes the target unit of the extractors, whose
-		series are converted to it.
+		series are converted to it. A unit the data on the axis do not convert to is refused
+		(reported, false returned, nothing changes).
 	*/
 	bool setAxisData(const QVariant & value, int axisPosition, int role) override;
 

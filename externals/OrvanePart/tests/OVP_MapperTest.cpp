@@ -275,21 +275,6 @@ TEST_F(MapperTest, AddExtractorChecks) {
 }
 
 
-TEST_F(MapperTest, AxisUnitsConvertSeries) {
-	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/T.out" } });
-	CM & model = *m->chartModel();
-	const OVP::SeriesLineExtractorModel & lines = static_cast<const OVP::SeriesLineExtractorModel &>(model);
-	QSignalSpy changed(&model, &SCI::AbstractChartModel::seriesChanged);
-	ASSERT_TRUE(model.setAxisData(ZEB::Unit("K").id(), CM::LeftAxis, CM::AxisUnit));
-	EXPECT_GE(changed.count(), 1);
-	EXPECT_NEAR(lines.yValues(0)[1], 294.15, 1e-9);
-	EXPECT_EQ(lines.yUnit(0).name(), "K");
-	ASSERT_TRUE(model.setAxisData(ZEB::Unit("d").id(), CM::BottomAxis, CM::AxisUnit));
-	EXPECT_NEAR(lines.xValues(0)[3], 3.0/24, 1e-12);
-	EXPECT_EQ(lines.xUnit(0).name(), "d");
-}
-
-
 TEST_F(MapperTest, RefreshFollowsGrowingFiles) {
 	OVP::DataManager & dm = handler().dataManager();
 	std::unique_ptr<OVP::Mapper> a = OVP::Mapper::createNewMapper(dm, { { m_dir + "/T.out" } });

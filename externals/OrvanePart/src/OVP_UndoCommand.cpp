@@ -1,0 +1,71 @@
+#include "OVP_UndoCommand.h"
+
+#include "OVP_Mapper.h"
+#include "OVP_MapperTreeModel.h"
+#include "OVP_Project.h"
+#include "OVP_ProjectHandler.h"
+
+namespace OVP {
+
+UndoCommand::UndoCommand(ProjectHandler & handler, const QString & text, bool tracksLayout) :
+	QUndoCommand(text),
+	m_handler(handler),
+	m_tracksLayout(tracksLayout)
+{
+}
+
+
+void UndoCommand::redo() {
+	const ProjectHandler::CommandScope scope(m_handler);
+	if (!m_done && m_tracksLayout)
+		m_layoutBefore = m_handler.project().m_splitLayout;
+	doRedo();
+	if (m_tracksLayout) {
+		if (m_done)
+			applyLayout(m_layoutAfter);
+		else
+			m_layoutAfter = m_handler.project().m_splitLayout;
+	}
+	m_done = true;
+}
+
+
+void UndoCommand::undo() {
+	const ProjectHandler::CommandScope scope(m_handler);
+	doUndo();
+	if (m_tracksLayout)
+		applyLayout(m_layoutBefore);
+}
+
+
+MapperTreeModel & UndoCommand::mappers() const {
+	return *m_handler.project().mapperModel();
+}
+
+
+void UndoCommand::insertMapper(int index, std::unique_ptr<Mapper> mapper) {
+	std::vector<int> newIndex;
+	for (int i = 0; i < mappers().mapperCount(); ++i)
+		newIndex.push_back(i < index ? i : i + 1);
+	Mapper * m = mapper.get();
+	mappers().insertMapper(index, std::move(mapper));
+	m_handler.project().m_splitLayout.mappersRenumbered(newIndex);
+	m_handler.setModified(ProjectHandler::MapperInserted, m);
+}
+
+
+void UndoCommand::removeMapper(int index) {
+	mappers().removeMappers(index, 1);
+	m_handler.project().m_splitLayout.mappersRemoved(index, 1);
+	m_handler.setModified(ProjectHandler::MapperRemoved);
+}
+
+
+void UndoCommand::applyLayout(const SplitLayout & layout) {
+	if (m_handler.project().m_splitLayout == layout)
+		return;
+	m_handler.project().m_splitLayout = layout;
+	m_handler.setModified(ProjectHandler::SplitLayoutModified);
+}
+
+} // namespace OVP

@@ -134,7 +134,7 @@ void ProjectHandler::newProject() {
 
 
 bool ProjectHandler::closeProject(QWidget * parent) {
-	if (isValid() && m_modified) {
+	if (isValid() && isModified()) {
 		const UserInteraction::SaveAnswer answer = m_userInteraction->askSaveDiscardCancel(parent,
 			tr("Save project before closing"), tr("Would you like to save the project before closing it?"));
 		if (answer == UserInteraction::AnswerCancel)

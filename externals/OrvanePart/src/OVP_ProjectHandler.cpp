@@ -726,7 +726,9 @@ std::vector<int> ProjectHandler::sortedMapperIndices(const QList<int> & mapperIn
 
 void ProjectHandler::resetUndoStack() {
 	m_undoStack.clear();
-	m_undoStack.setUndoLimit(static_cast<int>(qMin<unsigned int>(Settings::instance().m_maxNumUNDOSteps, INT_MAX)));
+	// without settings (tools building sessions) the stack has no limit
+	const unsigned int limit = Settings::exists() ? Settings::instance().m_maxNumUNDOSteps : 0;
+	m_undoStack.setUndoLimit(static_cast<int>(qMin<unsigned int>(limit, INT_MAX)));
 }
 
 

@@ -285,7 +285,7 @@ private:
 		list.
 	*/
 	std::vector<int> sortedMapperIndices(const QList<int> & mapperIndices, const char * functionId) const;
-	/*! Empties the undo stack and takes the undo limit from the settings. */
+	/*! Empties the undo stack and takes the undo limit from the settings, when they exist. */
 	void resetUndoStack();
 	/*! Pushes a change of a chart model property (see setChartProperty()); kind is an
 		UndoChartProperty::TargetKind. */

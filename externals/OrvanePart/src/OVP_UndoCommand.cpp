@@ -1,5 +1,7 @@
 #include "OVP_UndoCommand.h"
 
+#include <ZEB_Exception.h>
+
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
@@ -17,6 +19,8 @@ UndoCommand::UndoCommand(ProjectHandler & handler, const QString & text, bool tr
 
 void UndoCommand::redo() {
 	const ProjectHandler::CommandScope scope(m_handler);
+	if (!prepare(false))
+		return;
 	if (!m_done && m_tracksLayout)
 		m_layoutBefore = m_handler.project().m_splitLayout;
 	doRedo();
@@ -32,9 +36,29 @@ void UndoCommand::redo() {
 
 void UndoCommand::undo() {
 	const ProjectHandler::CommandScope scope(m_handler);
+	if (!prepare(true))
+		return;
 	doUndo();
 	if (m_tracksLayout)
 		applyLayout(m_layoutBefore);
+}
+
+
+bool UndoCommand::prepare(bool undoing) {
+	// the handler prepares a command before it runs it and shows a failure; this is for a stack
+	// driven without the handler, which drops an obsolete command instead of moving past it
+	try {
+		if (undoing)
+			prepareUndo();
+		else
+			prepareRedo();
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		setObsolete(true);
+		return false;
+	}
+	return true;
 }
 
 

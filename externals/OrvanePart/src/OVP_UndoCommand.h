@@ -24,9 +24,11 @@ class ProjectHandler;
 class UndoCommand : public QUndoCommand {
 public:
 	/*! Does the change; the first time, a command that tracks the layout takes it before and
-		after. */
+		after. A failure to prepare (prepareRedo()) is reported, changes nothing and makes the
+		command obsolete. */
 	void redo() final;
-	/*! Undoes the change; a command that tracks the layout restores the one taken before. */
+	/*! Undoes the change; a command that tracks the layout restores the one taken before. A
+		failure to prepare (prepareUndo()) is handled as in redo(). */
 	void undo() final;
 
 	/*! Prepares what undo() needs where that may fail, so that the failure is told before
@@ -53,6 +55,10 @@ protected:
 	void applyLayout(const SplitLayout & layout);
 
 private:
+	/*! Runs prepareUndo() (undoing) or prepareRedo(); reports a failure, makes the command
+		obsolete and returns false. */
+	bool prepare(bool undoing);
+
 	ProjectHandler &	m_handler;
 	bool				m_tracksLayout;
 	/*! True once the command was done the first time. */

@@ -1,7 +1,5 @@
 #include "OVP_UndoMapperInserted.h"
 
-#include <ZEB_Exception.h>
-
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_ProjectHandler.h"
@@ -27,25 +25,13 @@ void UndoMapperInserted::prepareRedo() {
 
 
 void UndoMapperInserted::doRedo() {
-	try {
-		prepareRedo();
-	}
-	catch (ZEB::Exception & ex) {
-		// only when the stack is driven without the handler, which prepares first
-		ex.reportAllAsErrors();
-		return;
-	}
 	insertMapper(m_index, std::move(m_mapper));
-	m_inSession = true;
 }
 
 
 void UndoMapperInserted::doUndo() {
-	if (!m_inSession)
-		return;
 	m_snapshot.reset(new MapperSnapshot(*mappers().mapper(m_index)));
 	removeMapper(m_index);
-	m_inSession = false;
 }
 
 } // namespace OVP

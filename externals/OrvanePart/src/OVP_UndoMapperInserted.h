@@ -30,8 +30,6 @@ private:
 	std::unique_ptr<Mapper>			m_mapper;
 	/*! The mapper as it was taken out by the last undo. */
 	std::unique_ptr<MapperSnapshot>	m_snapshot;
-	/*! False after a redo that could not rebuild the mapper. */
-	bool							m_inSession = false;
 };
 
 } // namespace OVP

@@ -1,7 +1,5 @@
 #include "OVP_UndoMappersRemoved.h"
 
-#include <ZEB_Exception.h>
-
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_ProjectHandler.h"
@@ -20,7 +18,7 @@ UndoMappersRemoved::~UndoMappersRemoved() = default;
 
 
 void UndoMappersRemoved::prepareUndo() {
-	if (!m_rebuilt.empty() || !m_removed)
+	if (!m_rebuilt.empty())
 		return;
 	std::vector<std::unique_ptr<Mapper> > rebuilt;
 	for (const MapperSnapshot & s : m_snapshots)
@@ -36,25 +34,13 @@ void UndoMappersRemoved::doRedo() {
 		m_snapshots.emplace_back(*mappers().mapper(i));
 	for (auto i = m_indices.rbegin(); i != m_indices.rend(); ++i)
 		removeMapper(*i);
-	m_removed = true;
 }
 
 
 void UndoMappersRemoved::doUndo() {
-	try {
-		prepareUndo();
-	}
-	catch (ZEB::Exception & ex) {
-		// only when the stack is driven without the handler, which prepares first
-		ex.reportAllAsErrors();
-		return;
-	}
-	if (!m_removed)
-		return;
 	for (std::size_t k = 0; k < m_indices.size(); ++k)
 		insertMapper(m_indices[k], std::move(m_rebuilt[k]));
 	m_rebuilt.clear();
-	m_removed = false;
 }
 
 } // namespace OVP

@@ -31,8 +31,6 @@ private:
 	std::vector<MapperSnapshot>				m_snapshots;
 	/*! The rebuilt mappers to insert by the next undo. */
 	std::vector<std::unique_ptr<Mapper> >	m_rebuilt;
-	/*! False after an undo that could not rebuild the mappers. */
-	bool									m_removed = false;
 };
 
 } // namespace OVP

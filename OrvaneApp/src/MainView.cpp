@@ -50,6 +50,14 @@ MainView::MainView(QWidget * parent) :
 											 this, &MainView::onSaveSessionAs);
 	m_actions.m_useOtherResultFolder = createAction(tr("Use another result folder..."), QKeySequence(),
 													this, &MainView::onUseOtherResultFolder);
+	m_actions.m_undo = createAction(tr("Undo"), QKeySequence(Qt::CTRL + Qt::Key_Z), this, &MainView::onUndo);
+	m_actions.m_redo = createAction(tr("Redo"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), this, &MainView::onRedo);
+	m_actions.m_redo->setShortcuts({ QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y) });
+	QUndoStack & undoStack = OVP::ProjectHandler::instance().undoStack();
+	connect(&undoStack, &QUndoStack::indexChanged, this, &MainView::onUpdateUndoActions);
+	connect(&undoStack, &QUndoStack::undoTextChanged, this, &MainView::onUpdateUndoActions);
+	connect(&undoStack, &QUndoStack::redoTextChanged, this, &MainView::onUpdateUndoActions);
+	onUpdateUndoActions();
 	m_actions.m_splitHorizontal = createAction(tr("Horizontal split"), QKeySequence(Qt::CTRL + Qt::Key_1),
 											   m_viewManager, &ViewManager::onSplitHorizontal);
 	m_actions.m_splitVertical = createAction(tr("Vertical split"), QKeySequence(Qt::CTRL + Qt::Key_2),
@@ -206,6 +214,25 @@ void MainView::onUpdateRecentProjects() {
 		connect(action, &QAction::triggered, this, &MainView::onLoadRecent);
 	}
 	m_recentSessionsMenu->setEnabled(!files.isEmpty());
+}
+
+
+void MainView::onUndo() {
+	OVP::ProjectHandler::instance().undo(this);
+}
+
+
+void MainView::onRedo() {
+	OVP::ProjectHandler::instance().redo(this);
+}
+
+
+void MainView::onUpdateUndoActions() {
+	const QUndoStack & stack = OVP::ProjectHandler::instance().undoStack();
+	m_actions.m_undo->setEnabled(stack.canUndo());
+	m_actions.m_undo->setText(stack.canUndo() ? tr("Undo: %1").arg(stack.undoText()) : tr("Undo"));
+	m_actions.m_redo->setEnabled(stack.canRedo());
+	m_actions.m_redo->setText(stack.canRedo() ? tr("Redo: %1").arg(stack.redoText()) : tr("Redo"));
 }
 
 

@@ -37,6 +37,9 @@ public:
 		QAction * m_saveSession;
 		QAction * m_saveSessionAs;
 		QAction * m_useOtherResultFolder;
+		/*! Undo and redo of the session's changes, their texts naming the change. */
+		QAction * m_undo;
+		QAction * m_redo;
 		QAction * m_splitHorizontal;
 		QAction * m_splitVertical;
 		QAction * m_removeSplit;
@@ -85,6 +88,11 @@ public slots:
 	void onExportCurrentChart();
 	/*! Rebuilds the submenu of recent sessions from the settings. */
 	void onUpdateRecentProjects();
+	void onUndo();
+	void onRedo();
+	/*! Names the next change to undo and redo in the texts of the actions ("Undo: %1"), and
+		disables an action without change. */
+	void onUpdateUndoActions();
 
 private slots:
 	/*! Opens the session of the start-up and starts the scripted exports. */

@@ -70,6 +70,8 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	handler.dataManager().setProgressNotifier(m_progressNotifier);
 	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &OVAMainWindow::updateWindowTitle);
 	connect(&handler, &OVP::ProjectHandler::modified, this, &OVAMainWindow::updateWindowTitle);
+	// undoing back to the saved state clears the modified mark
+	connect(&handler.undoStack(), &QUndoStack::cleanChanged, this, &OVAMainWindow::updateWindowTitle);
 	// saving announces the new recent file; the title then shows the saved state
 	connect(&handler, &OVP::ProjectHandler::updateRecentProjects, this, &OVAMainWindow::updateWindowTitle);
 	updateWindowTitle();
@@ -251,6 +253,10 @@ void OVAMainWindow::setupMenus() {
 	QAction * quit = sessionMenu->addAction(tr("Quit"));
 	quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
 	connect(quit, &QAction::triggered, this, &OVAMainWindow::close);
+
+	QMenu * editMenu = menuBar()->addMenu(tr("&Edit"));
+	editMenu->addAction(a.m_undo);
+	editMenu->addAction(a.m_redo);
 
 	QMenu * viewMenu = menuBar()->addMenu(tr("&View"));
 	viewMenu->addAction(a.m_splitHorizontal);

@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QSettings>
 #include <QTableView>
@@ -144,6 +146,37 @@ TEST_F(MainWindowTest, OpeningSessionFiles) {
 	view->openSession(QFileInfo(file).absolutePath() + "/broken.o2");
 	ASSERT_TRUE(handler().isValid());
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+}
+
+
+TEST_F(MainWindowTest, EditMenuNamesTheChangeAndUndoingToTheSavedStateClearsTheMark) {
+	writeModifiedSession("mw-undo");
+	OVAMainWindow window;
+	const MainView::Actions & a = window.mainView()->actions();
+	QMenu * edit = nullptr;
+	for (QAction * menu : window.menuBar()->actions())
+		if (menu->text() == "&Edit")
+			edit = menu->menu();
+	ASSERT_NE(edit, nullptr);
+	EXPECT_EQ(edit->actions(), QList<QAction *>({ a.m_undo, a.m_redo }));
+	EXPECT_EQ(a.m_undo->shortcut(), QKeySequence("Ctrl+Z"));
+	EXPECT_EQ(a.m_redo->shortcuts(), QList<QKeySequence>({ QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") }));
+
+	EXPECT_TRUE(window.isWindowModified());
+	EXPECT_EQ(a.m_undo->text(), "Undo: rename chart 'T'");
+	EXPECT_FALSE(a.m_redo->isEnabled());
+	EXPECT_EQ(a.m_redo->text(), "Redo");
+	a.m_undo->trigger();
+	EXPECT_FALSE(window.isWindowModified());
+	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T");
+	EXPECT_EQ(a.m_redo->text(), "Redo: rename chart 'T'");
+	a.m_redo->trigger();
+	EXPECT_TRUE(window.isWindowModified());
+	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "Temperature");
+
+	handler().newProject();
+	EXPECT_FALSE(a.m_undo->isEnabled());
+	EXPECT_EQ(a.m_undo->text(), "Undo");
 }
 
 

@@ -131,6 +131,11 @@ TEST_F(ViewManagerTest, ViewsFollowRemovedMappersAndClosedSessions) {
 	handler().removeMappers(1, 1);
 	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, -1, 1 }));
 	EXPECT_EQ(vm.views()[2]->chart(), mapperChart(1));
+	// undone, the chart is back in its view
+	ASSERT_TRUE(handler().undo(nullptr));
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2 }));
+	EXPECT_EQ(vm.views()[1]->chart(), mapperChart(1));
+	ASSERT_TRUE(handler().redo(nullptr));
 
 	// moved charts stay in their views; a copy goes into the empty focused view
 	handler().moveMappers({ 1 }, 0);
@@ -139,6 +144,10 @@ TEST_F(ViewManagerTest, ViewsFollowRemovedMappersAndClosedSessions) {
 	while (vm.focusedView()->mapperIndex() != -1)
 		vm.onGotoNextSplit();
 	handler().duplicateMapper(0);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 2, 1, 0 }));
+	ASSERT_TRUE(handler().undo(nullptr));
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 1, -1, 0 }));
+	ASSERT_TRUE(handler().redo(nullptr));
 	EXPECT_EQ(shownMappers(vm), QList<int>({ 2, 1, 0 }));
 
 	ASSERT_TRUE(handler().closeProject(nullptr));

@@ -170,6 +170,22 @@
         <source>The current view shows no chart that could be exported.</source>
         <translation>Die aktuelle Ansicht zeigt kein Diagramm, das exportiert werden könnte.</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Undo: %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo: %1</source>
+        <translation>Wiederherstellen: %1</translation>
+    </message>
 </context>
 <context>
     <name>ManipulatorOptions</name>
@@ -264,6 +280,10 @@
     <message>
         <source>Session panel</source>
         <translation>Sitzungsbereich</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
     </message>
 </context>
 <context>
@@ -544,6 +564,82 @@ Its backup copy &apos;%3&apos; can be read. Restore the session from the backup?
 %2
 
 Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sicherung wiederherstellen? Die Sitzungsdatei selbst wird erst ersetzt, wenn Sie die Sitzung speichern.</translation>
+    </message>
+    <message>
+        <source>create chart &apos;%1&apos;</source>
+        <translation>Diagramm &apos;%1&apos; erstellen</translation>
+    </message>
+    <message>
+        <source>delete chart &apos;%1&apos;</source>
+        <translation>Diagramm &apos;%1&apos; löschen</translation>
+    </message>
+    <message>
+        <source>delete %1 charts</source>
+        <translation>%1 Diagramme löschen</translation>
+    </message>
+    <message>
+        <source>duplicate chart &apos;%1&apos;</source>
+        <translation>Diagramm &apos;%1&apos; duplizieren</translation>
+    </message>
+    <message>
+        <source>move chart &apos;%1&apos;</source>
+        <translation>Diagramm &apos;%1&apos; verschieben</translation>
+    </message>
+    <message>
+        <source>move %1 charts</source>
+        <translation>%1 Diagramme verschieben</translation>
+    </message>
+    <message>
+        <source>Cannot undo</source>
+        <translation>Rückgängig nicht möglich</translation>
+    </message>
+    <message>
+        <source>Cannot redo</source>
+        <translation>Wiederherstellen nicht möglich</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be undone:
+%2</source>
+        <translation>&apos;%1&apos; kann nicht rückgängig gemacht werden:
+%2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be redone:
+%2</source>
+        <translation>&apos;%1&apos; kann nicht wiederhergestellt werden:
+%2</translation>
+    </message>
+    <message>
+        <source>property %1</source>
+        <translation>Eigenschaft %1</translation>
+    </message>
+    <message>
+        <source>change %1</source>
+        <translation>%1 ändern</translation>
+    </message>
+    <message>
+        <source>change %1 %2</source>
+        <translation>%1: %2 ändern</translation>
+    </message>
+    <message>
+        <source>change %1 of &apos;%2&apos;</source>
+        <translation>%1 von &apos;%2&apos; ändern</translation>
+    </message>
+    <message>
+        <source>rename chart &apos;%1&apos;</source>
+        <translation>Diagramm &apos;%1&apos; umbenennen</translation>
+    </message>
+    <message>
+        <source>split view</source>
+        <translation>Ansicht teilen</translation>
+    </message>
+    <message>
+        <source>remove split view</source>
+        <translation>Teilung aufheben</translation>
+    </message>
+    <message>
+        <source>show chart in view</source>
+        <translation>Diagramm in Ansicht zeigen</translation>
     </message>
 </context>
 <context>
@@ -950,6 +1046,613 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>Invalid graphics dimensions</source>
         <translation>Ungültige Grafikabmessungen</translation>
+    </message>
+</context>
+<context>
+    <name>SCI::PropertyRoleTable</name>
+    <message>
+        <source>x-axis</source>
+        <translation>x-Achse</translation>
+    </message>
+    <message>
+        <source>y-axis</source>
+        <translation>y-Achse</translation>
+    </message>
+    <message>
+        <source>right y-axis</source>
+        <translation>rechte y-Achse</translation>
+    </message>
+    <message>
+        <source>title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>title font</source>
+        <translation>Schriftart des Titels</translation>
+    </message>
+    <message>
+        <source>legend visible</source>
+        <translation>Legende sichtbar</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>legend position</source>
+        <translation>Position der Legende</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>inside the chart</source>
+        <translation>im Diagramm</translation>
+    </message>
+    <message>
+        <source>legend corner</source>
+        <translation>Ecke der Legende</translation>
+    </message>
+    <message>
+        <source>top left</source>
+        <translation>oben links</translation>
+    </message>
+    <message>
+        <source>top right</source>
+        <translation>oben rechts</translation>
+    </message>
+    <message>
+        <source>bottom left</source>
+        <translation>unten links</translation>
+    </message>
+    <message>
+        <source>bottom right</source>
+        <translation>unten rechts</translation>
+    </message>
+    <message>
+        <source>legend offset</source>
+        <translation>Abstand der Legende</translation>
+    </message>
+    <message>
+        <source>legend frame</source>
+        <translation>Rahmen der Legende</translation>
+    </message>
+    <message>
+        <source>legend symbol</source>
+        <translation>Legendensymbol</translation>
+    </message>
+    <message>
+        <source>line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>box</source>
+        <translation>Kästchen</translation>
+    </message>
+    <message>
+        <source>legend symbol width</source>
+        <translation>Breite des Legendensymbols</translation>
+    </message>
+    <message>
+        <source>legend background colour</source>
+        <translation>Hintergrundfarbe der Legende</translation>
+    </message>
+    <message>
+        <source>legend background opacity</source>
+        <translation>Deckkraft des Legendenhintergrunds</translation>
+    </message>
+    <message>
+        <source>legend columns</source>
+        <translation>Spalten der Legende</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>unbegrenzt</translation>
+    </message>
+    <message>
+        <source>legend spacing</source>
+        <translation>Abstände der Legende</translation>
+    </message>
+    <message>
+        <source>legend font</source>
+        <translation>Schriftart der Legende</translation>
+    </message>
+    <message>
+        <source>right axis title turned</source>
+        <translation>Titel der rechten Achse gedreht</translation>
+    </message>
+    <message>
+        <source>Axes</source>
+        <translation>Achsen</translation>
+    </message>
+    <message>
+        <source>scales inside</source>
+        <translation>Skalen innen</translation>
+    </message>
+    <message>
+        <source>construction lines visible</source>
+        <translation>Konstruktionslinien sichtbar</translation>
+    </message>
+    <message>
+        <source>Construction lines</source>
+        <translation>Konstruktionslinien</translation>
+    </message>
+    <message>
+        <source>construction lines pen</source>
+        <translation>Stift der Konstruktionslinien</translation>
+    </message>
+    <message>
+        <source>current time marked</source>
+        <translation>aktuellen Zeitpunkt markieren</translation>
+    </message>
+    <message>
+        <source>Time position</source>
+        <translation>Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>visible</source>
+        <translation>sichtbar</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skala</translation>
+    </message>
+    <message>
+        <source>title spacing</source>
+        <translation>Abstand des Titels</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>automatic scale</source>
+        <translation>automatische Skalierung</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>logarithmic</source>
+        <translation>logarithmisch</translation>
+    </message>
+    <message>
+        <source>same scale as the other axis</source>
+        <translation>gleicher Maßstab wie die andere Achse</translation>
+    </message>
+    <message>
+        <source>major ticks</source>
+        <translation>Hauptstriche</translation>
+    </message>
+    <message>
+        <source>Ticks</source>
+        <translation>Teilstriche</translation>
+    </message>
+    <message>
+        <source>minor ticks per major step</source>
+        <translation>Zwischenstriche je Hauptschritt</translation>
+    </message>
+    <message>
+        <source>label font</source>
+        <translation>Schriftart der Beschriftung</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>label horizontal alignment</source>
+        <translation>waagerechte Ausrichtung der Beschriftung</translation>
+    </message>
+    <message>
+        <source>centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>label vertical alignment</source>
+        <translation>senkrechte Ausrichtung der Beschriftung</translation>
+    </message>
+    <message>
+        <source>label rotation</source>
+        <translation>Drehung der Beschriftung</translation>
+    </message>
+    <message>
+        <source>label spacing</source>
+        <translation>Abstand der Beschriftung</translation>
+    </message>
+    <message>
+        <source>grid visible</source>
+        <translation>Gitter sichtbar</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>Gitter</translation>
+    </message>
+    <message>
+        <source>grid pen</source>
+        <translation>Stift des Gitters</translation>
+    </message>
+    <message>
+        <source>grid width</source>
+        <translation>Breite des Gitters</translation>
+    </message>
+    <message>
+        <source>grid colour</source>
+        <translation>Farbe des Gitters</translation>
+    </message>
+    <message>
+        <source>minor grid visible</source>
+        <translation>feines Gitter sichtbar</translation>
+    </message>
+    <message>
+        <source>Minor grid</source>
+        <translation>Feines Gitter</translation>
+    </message>
+    <message>
+        <source>minor grid pen</source>
+        <translation>Stift des feinen Gitters</translation>
+    </message>
+    <message>
+        <source>minor grid width</source>
+        <translation>Breite des feinen Gitters</translation>
+    </message>
+    <message>
+        <source>minor grid colour</source>
+        <translation>Farbe des feinen Gitters</translation>
+    </message>
+    <message>
+        <source>dates as labels</source>
+        <translation>Datum als Beschriftung</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>date and time of zero</source>
+        <translation>Datum und Uhrzeit des Nullpunkts</translation>
+    </message>
+    <message>
+        <source>time zone</source>
+        <translation>Zeitzone</translation>
+    </message>
+    <message>
+        <source>local time</source>
+        <translation>Ortszeit</translation>
+    </message>
+    <message>
+        <source>UTC</source>
+        <translation>UTC</translation>
+    </message>
+    <message>
+        <source>offset from UTC</source>
+        <translation>Versatz zu UTC</translation>
+    </message>
+    <message>
+        <source>named time zone</source>
+        <translation>benannte Zeitzone</translation>
+    </message>
+    <message>
+        <source>date formats</source>
+        <translation>Datumsformate</translation>
+    </message>
+    <message>
+        <source>in legend</source>
+        <translation>in der Legende</translation>
+    </message>
+    <message>
+        <source>pen</source>
+        <translation>Stift</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>pen width</source>
+        <translation>Stiftbreite</translation>
+    </message>
+    <message>
+        <source>pen colour</source>
+        <translation>Stiftfarbe</translation>
+    </message>
+    <message>
+        <source>line style</source>
+        <translation>Linienart</translation>
+    </message>
+    <message>
+        <source>no line</source>
+        <translation>keine Linie</translation>
+    </message>
+    <message>
+        <source>lines</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>sticks</source>
+        <translation>Stäbe</translation>
+    </message>
+    <message>
+        <source>steps</source>
+        <translation>Stufen</translation>
+    </message>
+    <message>
+        <source>dots</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>smoothed</source>
+        <translation>geglättet</translation>
+    </message>
+    <message>
+        <source>sign inverted</source>
+        <translation>Vorzeichen umgekehrt</translation>
+    </message>
+    <message>
+        <source>on the left y-axis</source>
+        <translation>an der linken y-Achse</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>marker</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>Markers</source>
+        <translation>Marker</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>circle</source>
+        <translation>Kreis</translation>
+    </message>
+    <message>
+        <source>square</source>
+        <translation>Quadrat</translation>
+    </message>
+    <message>
+        <source>diamond</source>
+        <translation>Raute</translation>
+    </message>
+    <message>
+        <source>triangle</source>
+        <translation>Dreieck</translation>
+    </message>
+    <message>
+        <source>triangle down</source>
+        <translation>Dreieck nach unten</translation>
+    </message>
+    <message>
+        <source>triangle up</source>
+        <translation>Dreieck nach oben</translation>
+    </message>
+    <message>
+        <source>triangle left</source>
+        <translation>Dreieck nach links</translation>
+    </message>
+    <message>
+        <source>triangle right</source>
+        <translation>Dreieck nach rechts</translation>
+    </message>
+    <message>
+        <source>cross</source>
+        <translation>Kreuz</translation>
+    </message>
+    <message>
+        <source>diagonal cross</source>
+        <translation>schräges Kreuz</translation>
+    </message>
+    <message>
+        <source>horizontal line</source>
+        <translation>waagerechter Strich</translation>
+    </message>
+    <message>
+        <source>vertical line</source>
+        <translation>senkrechter Strich</translation>
+    </message>
+    <message>
+        <source>star</source>
+        <translation>Stern</translation>
+    </message>
+    <message>
+        <source>six-pointed star</source>
+        <translation>sechszackiger Stern</translation>
+    </message>
+    <message>
+        <source>hexagon</source>
+        <translation>Sechseck</translation>
+    </message>
+    <message>
+        <source>marker size</source>
+        <translation>Markergröße</translation>
+    </message>
+    <message>
+        <source>marker filled</source>
+        <translation>Marker gefüllt</translation>
+    </message>
+    <message>
+        <source>marker colour</source>
+        <translation>Markerfarbe</translation>
+    </message>
+    <message>
+        <source>colour map</source>
+        <translation>Farbskala</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>display</source>
+        <translation>Darstellung</translation>
+    </message>
+    <message>
+        <source>colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>isolines only</source>
+        <translation>nur Isolinien</translation>
+    </message>
+    <message>
+        <source>interpolation</source>
+        <translation>Interpolation</translation>
+    </message>
+    <message>
+        <source>bilinear</source>
+        <translation>bilinear</translation>
+    </message>
+    <message>
+        <source>automatic value range</source>
+        <translation>automatischer Wertebereich</translation>
+    </message>
+    <message>
+        <source>Value range</source>
+        <translation>Wertebereich</translation>
+    </message>
+    <message>
+        <source>value minimum</source>
+        <translation>Wertminimum</translation>
+    </message>
+    <message>
+        <source>from the data</source>
+        <translation>aus den Daten</translation>
+    </message>
+    <message>
+        <source>value maximum</source>
+        <translation>Wertmaximum</translation>
+    </message>
+    <message>
+        <source>colour bar visible</source>
+        <translation>Farbleiste sichtbar</translation>
+    </message>
+    <message>
+        <source>Colour bar</source>
+        <translation>Farbleiste</translation>
+    </message>
+    <message>
+        <source>isoline step</source>
+        <translation>Isolinienabstand</translation>
+    </message>
+    <message>
+        <source>Isolines</source>
+        <translation>Isolinien</translation>
+    </message>
+    <message>
+        <source>no isolines</source>
+        <translation>keine Isolinien</translation>
+    </message>
+    <message>
+        <source>isolines in colours</source>
+        <translation>Isolinien farbig</translation>
+    </message>
+    <message>
+        <source>isoline pen</source>
+        <translation>Stift der Isolinien</translation>
+    </message>
+    <message>
+        <source>arrow colours from the colour map</source>
+        <translation>Pfeilfarben aus der Farbskala</translation>
+    </message>
+    <message>
+        <source>arrow colour</source>
+        <translation>Pfeilfarbe</translation>
+    </message>
+    <message>
+        <source>automatic magnitude range</source>
+        <translation>automatischer Betragsbereich</translation>
+    </message>
+    <message>
+        <source>magnitude minimum</source>
+        <translation>Betragsminimum</translation>
+    </message>
+    <message>
+        <source>magnitude maximum</source>
+        <translation>Betragsmaximum</translation>
+    </message>
+    <message>
+        <source>arrows on a raster</source>
+        <translation>Pfeile im Raster</translation>
+    </message>
+    <message>
+        <source>Arrows</source>
+        <translation>Pfeile</translation>
+    </message>
+    <message>
+        <source>raster size</source>
+        <translation>Rasterweite</translation>
+    </message>
+    <message>
+        <source>arrow position</source>
+        <translation>Lage der Pfeile</translation>
+    </message>
+    <message>
+        <source>starts at the point</source>
+        <translation>beginnt am Punkt</translation>
+    </message>
+    <message>
+        <source>centred on the point</source>
+        <translation>mittig am Punkt</translation>
+    </message>
+    <message>
+        <source>ends at the point</source>
+        <translation>endet am Punkt</translation>
+    </message>
+    <message>
+        <source>thin arrows</source>
+        <translation>schmale Pfeile</translation>
+    </message>
+    <message>
+        <source>arrow scale factor</source>
+        <translation>Skalierungsfaktor der Pfeile</translation>
+    </message>
+    <message>
+        <source>shortest arrow</source>
+        <translation>kürzester Pfeil</translation>
+    </message>
+    <message>
+        <source>longest arrow</source>
+        <translation>längster Pfeil</translation>
+    </message>
+    <message>
+        <source>bar colour</source>
+        <translation>Balkenfarbe</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Balken</translation>
+    </message>
+    <message>
+        <source>frame pen</source>
+        <translation>Stift des Rahmens</translation>
     </message>
 </context>
 </TS>

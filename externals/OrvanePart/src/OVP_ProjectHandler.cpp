@@ -1,19 +1,19 @@
 #include "OVP_ProjectHandler.h"
 
 #include <algorithm>
+#include <climits>
 #include <exception>
 #include <memory>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QSettings>
 
-#include <tinyxml.h>
-
 #include <EM_ExtractorBase.h>
+
+#include <Sci_AbstractCartesianChartModel.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -21,10 +21,17 @@
 
 #include "OVP_DialogUserInteraction.h"
 #include "OVP_Mapper.h"
+#include "OVP_MapperSnapshot.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
 #include "OVP_ProjectRelativePath.h"
 #include "OVP_Settings.h"
+#include "OVP_UndoChartProperty.h"
+#include "OVP_UndoMapperInserted.h"
+#include "OVP_UndoMapperRenamed.h"
+#include "OVP_UndoMappersMoved.h"
+#include "OVP_UndoMappersRemoved.h"
+#include "OVP_UndoSplitLayout.h"
 
 namespace OVP {
 
@@ -119,6 +126,7 @@ QString ProjectHandler::lastUsedDirectory() {
 
 void ProjectHandler::newProject() {
 	replaceProject(std::unique_ptr<Project>(new Project));
+	resetUndoStack();
 	m_projectFile.clear();
 	m_modified = false;
 	m_lastReadTime = QDateTime();
@@ -126,7 +134,7 @@ void ProjectHandler::newProject() {
 
 
 bool ProjectHandler::closeProject(QWidget * parent) {
-	if (isValid() && m_modified) {
+	if (isValid() && isModified()) {
 		const UserInteraction::SaveAnswer answer = m_userInteraction->askSaveDiscardCancel(parent,
 			tr("Save project before closing"), tr("Would you like to save the project before closing it?"));
 		if (answer == UserInteraction::AnswerCancel)
@@ -139,6 +147,7 @@ bool ProjectHandler::closeProject(QWidget * parent) {
 		}
 	}
 	replaceProject(nullptr);
+	resetUndoStack();
 	m_projectFile.clear();
 	m_modified = false;
 	m_lastReadTime = QDateTime();
@@ -165,6 +174,7 @@ bool ProjectHandler::loadProject(QWidget * parent, const QString & fileName, boo
 	if (m_project)
 		emit projectAboutToBeClosed();
 	m_project = std::move(project);
+	resetUndoStack();
 	m_projectFile = fileName;
 	updateLastReadTime();
 	// a re-pointed or restored session differs from its file until it is saved
@@ -197,6 +207,7 @@ ProjectHandler::SaveResult ProjectHandler::saveProject(QWidget * parent, const Q
 		return SaveFailed;
 	}
 	m_modified = false;
+	m_undoStack.setClean();
 	m_projectFile = name;
 	rememberProjectFile(name);
 	return SaveOK;
@@ -251,8 +262,37 @@ void ProjectHandler::updateLastReadTime() {
 
 
 void ProjectHandler::setModified(int modificationType, void * data) {
-	m_modified = true;
+	if (m_commandDepth == 0)
+		m_modified = true;
 	emit modified(modificationType, data);
+}
+
+
+bool ProjectHandler::undo(QWidget * parent) {
+	return undoOrRedo(parent, true);
+}
+
+
+bool ProjectHandler::redo(QWidget * parent) {
+	return undoOrRedo(parent, false);
+}
+
+
+bool ProjectHandler::setChartProperty(int mapperIndex, int role, const QVariant & value) {
+	FUNCID(ProjectHandler::setChartProperty);
+	return changeChartModel(mapperIndex, UndoChartProperty::ChartProperty, 0, role, value, FUNC_ID);
+}
+
+
+bool ProjectHandler::setAxisProperty(int mapperIndex, int axisPosition, int role, const QVariant & value) {
+	FUNCID(ProjectHandler::setAxisProperty);
+	return changeChartModel(mapperIndex, UndoChartProperty::AxisProperty, axisPosition, role, value, FUNC_ID);
+}
+
+
+bool ProjectHandler::setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value) {
+	FUNCID(ProjectHandler::setSeriesProperty);
+	return changeChartModel(mapperIndex, UndoChartProperty::SeriesProperty, seriesIndex, role, value, FUNC_ID);
 }
 
 
@@ -319,9 +359,8 @@ void ProjectHandler::setSubDirectoryExpanded(int directoryIndex, const QString &
 void ProjectHandler::addMapper(std::unique_ptr<Mapper> mapper) {
 	FUNCID(ProjectHandler::addMapper);
 	checkValid(FUNC_ID);
-	Mapper * m = mapper.get();
-	m_project->mapperModel()->appendMapper(std::move(mapper));
-	setModified(MapperInserted, m);
+	const QString text = tr("create chart '%1'").arg(mapper->name());
+	m_undoStack.push(new UndoMapperInserted(*this, m_project->mapperModel()->mapperCount(), std::move(mapper), text));
 }
 
 
@@ -330,9 +369,12 @@ void ProjectHandler::removeMappers(int row, int count) {
 	checkValid(FUNC_ID);
 	if (row < 0 || count < 1 || row + count > m_project->mapperModel()->mapperCount())
 		throw ZEB::Exception("Invalid arguments row or count.", FUNC_ID);
-	m_project->mapperModel()->removeMappers(row, count);
-	m_project->m_splitLayout.mappersRemoved(row, count);
-	setModified(MapperRemoved);
+	std::vector<int> rows;
+	for (int i = row; i < row + count; ++i)
+		rows.push_back(i);
+	const QString text = count == 1 ? tr("delete chart '%1'").arg(m_project->mapperModel()->mapper(row)->name())
+									: tr("delete %1 charts").arg(count);
+	m_undoStack.push(new UndoMappersRemoved(*this, rows, text));
 }
 
 
@@ -353,9 +395,7 @@ void ProjectHandler::renameMapper(int mapperIndex, const QString & name) {
 		throw ZEB::Exception("A chart name must not be empty.", FUNC_ID);
 	if (name == m->name())
 		return;
-	m->setName(name);
-	m_project->mapperModel()->mapperChanged(mapperIndex);
-	setModified(MapperRenamed, m);
+	m_undoStack.push(new UndoMapperRenamed(*this, mapperIndex, m->name(), name));
 }
 
 
@@ -377,14 +417,9 @@ bool ProjectHandler::deleteMappers(QWidget * parent, const QList<int> & mapperIn
 	}
 	if (!m_userInteraction->askConfirmation(parent, tr("Delete charts"), question))
 		return false;
-	// contiguous runs, the last one first, so that the indices still to be removed stay valid
-	for (std::size_t end = rows.size(); end > 0; ) {
-		std::size_t start = end - 1;
-		while (start > 0 && rows[start - 1] == rows[start] - 1)
-			--start;
-		removeMappers(rows[start], static_cast<int>(end - start));
-		end = start;
-	}
+	const QString text = rows.size() == 1 ? tr("delete chart '%1'").arg(mappers->mapper(rows.front())->name())
+										  : tr("delete %1 charts").arg(rows.size());
+	m_undoStack.push(new UndoMappersRemoved(*this, rows, text));
 	return true;
 }
 
@@ -392,34 +427,18 @@ bool ProjectHandler::deleteMappers(QWidget * parent, const QList<int> & mapperIn
 int ProjectHandler::duplicateMapper(int mapperIndex) {
 	FUNCID(ProjectHandler::duplicateMapper);
 	const Mapper * original = mapperAt(mapperIndex, FUNC_ID);
-	// paths are written relative to a folder and resolved against the same folder, so any
-	// folder gives back the original paths
-	const QString folder = QDir::rootPath();
-	std::unique_ptr<Mapper> copy(new Mapper(m_dataManager));
+	std::unique_ptr<Mapper> copy;
 	try {
-		TiXmlElement element("Mapper");
-		original->writeXML(&element, folder, true);
-		copy->readXML(&element, folder);
+		copy = MapperSnapshot(*original).restore(m_dataManager);
 	}
 	catch (ZEB::Exception & ex) {
 		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot duplicate chart '%1'.").arg(original->name().toStdString()),
 							 FUNC_ID);
 	}
-	catch (std::exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot duplicate chart '%1'.").arg(original->name().toStdString()),
-							 FUNC_ID);
-	}
 	copy->setName(tr("%1 (copy)").arg(original->name()));
-
-	MapperTreeModel * mappers = m_project->mapperModel();
 	const int copyIndex = mapperIndex + 1;
-	std::vector<int> newIndex;
-	for (int i = 0; i < mappers->mapperCount(); ++i)
-		newIndex.push_back(i < copyIndex ? i : i + 1);
-	Mapper * m = copy.get();
-	mappers->insertMapper(copyIndex, std::move(copy));
-	m_project->m_splitLayout.mappersRenumbered(newIndex);
-	setModified(MapperInserted, m);
+	m_undoStack.push(new UndoMapperInserted(*this, copyIndex, std::move(copy),
+											tr("duplicate chart '%1'").arg(original->name())));
 	return copyIndex;
 }
 
@@ -447,9 +466,9 @@ bool ProjectHandler::moveMappers(const QList<int> & mapperIndices, int destinati
 	}
 	if (!changed)
 		return false;
-	mappers->reorderMappers(order);
-	m_project->m_splitLayout.mappersRenumbered(newIndex);
-	setModified(MappersMoved);
+	const QString text = moved.size() == 1 ? tr("move chart '%1'").arg(mappers->mapper(moved.front())->name())
+										   : tr("move %1 charts").arg(moved.size());
+	m_undoStack.push(new UndoMappersMoved(*this, order, text));
 	return true;
 }
 
@@ -476,8 +495,13 @@ void ProjectHandler::refreshAllMappers(DATAIO::DataIO::RefreshMode mode) {
 void ProjectHandler::setSplitLayout(const SplitLayout & layout) {
 	FUNCID(ProjectHandler::setSplitLayout);
 	checkValid(FUNC_ID);
-	m_project->m_splitLayout = layout;
-	setModified(SplitLayoutModified);
+	if (m_commandDepth > 0) {
+		m_project->m_splitLayout = layout;
+		setModified(SplitLayoutModified);
+	}
+	else if (layout != m_project->m_splitLayout) {
+		m_undoStack.push(new UndoSplitLayout(*this, m_project->m_splitLayout, layout));
+	}
 }
 
 
@@ -697,6 +721,62 @@ std::vector<int> ProjectHandler::sortedMapperIndices(const QList<int> & mapperIn
 	std::sort(sorted.begin(), sorted.end());
 	sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
 	return sorted;
+}
+
+
+void ProjectHandler::resetUndoStack() {
+	m_undoStack.clear();
+	// without settings (tools building sessions) the stack has no limit
+	const unsigned int limit = Settings::exists() ? Settings::instance().m_maxNumUNDOSteps : 0;
+	m_undoStack.setUndoLimit(static_cast<int>(qMin<unsigned int>(limit, INT_MAX)));
+}
+
+
+bool ProjectHandler::changeChartModel(int mapperIndex, int kind, int targetIndex, int role, const QVariant & value,
+									  const char * functionId)
+{
+	const SCI::AbstractCartesianChartModel & model = *mapperAt(mapperIndex, functionId)->chartModel();
+	const UndoChartProperty::TargetKind k = static_cast<UndoChartProperty::TargetKind>(kind);
+	if (k == UndoChartProperty::AxisProperty && (targetIndex < 0 || targetIndex >= SCI::AbstractCartesianChartModel::NUM_AXES))
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid axis position %1.").arg(targetIndex), functionId);
+	if (k == UndoChartProperty::SeriesProperty && (targetIndex < 0 || targetIndex >= static_cast<int>(model.seriesCount())))
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid series index %1.").arg(targetIndex), functionId);
+	const QVariant old = UndoChartProperty::storedValue(model, k, targetIndex, role);
+	if (old == value)
+		return true;
+	bool accepted = false;
+	m_undoStack.push(new UndoChartProperty(*this, mapperIndex, k, targetIndex, role, old, value, &accepted));
+	return accepted;
+}
+
+
+bool ProjectHandler::undoOrRedo(QWidget * parent, bool undoing) {
+	FUNCID(ProjectHandler::undoOrRedo);
+	if (undoing ? !m_undoStack.canUndo() : !m_undoStack.canRedo())
+		return false;
+	const int index = undoing ? m_undoStack.index() - 1 : m_undoStack.index();
+	UndoCommand * command = dynamic_cast<UndoCommand *>(const_cast<QUndoCommand *>(m_undoStack.command(index)));
+	try {
+		if (command != nullptr) {
+			if (undoing)
+				command->prepareUndo();
+			else
+				command->prepareRedo();
+		}
+	}
+	catch (ZEB::Exception & ex) {
+		const QString text = undoing ? m_undoStack.undoText() : m_undoStack.redoText();
+		ZEB::Exception(ex, ZEB::MessageFormat("Cannot undo/redo '%1'.").arg(text.toStdString()), FUNC_ID)
+			.reportAllAsErrors();
+		m_userInteraction->showCritical(parent, undoing ? tr("Cannot undo") : tr("Cannot redo"),
+			(undoing ? tr("'%1' cannot be undone:\n%2") : tr("'%1' cannot be redone:\n%2")).arg(text, exceptionText(ex)));
+		return false;
+	}
+	if (undoing)
+		m_undoStack.undo();
+	else
+		m_undoStack.redo();
+	return true;
 }
 
 } // namespace OVP

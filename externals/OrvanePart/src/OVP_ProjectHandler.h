@@ -8,6 +8,8 @@
 #include <QDateTime>
 #include <QObject>
 #include <QStringList>
+#include <QUndoStack>
+#include <QVariant>
 
 #include "OVP_DataManager.h"
 #include "OVP_DataPathRemap.h"
@@ -25,6 +27,12 @@ class UserInteraction;
 	time the file was last read or written; opens, saves and closes projects and is the one
 	place through which the project is changed, so that every change marks it modified and is
 	announced to the views.
+
+	Changes of the charts (created, deleted, renamed, moved, duplicated, their properties) and of
+	the split views go through an undo stack (undoStack()), limited to the settings' number of
+	undo steps and emptied when a session is opened or created. The session counts as modified
+	while the stack is away from the state last saved or loaded, or after a change that is not on
+	the stack (directories, data sets added to a chart) until it is saved.
 
 	There is exactly one instance, created by the entry function and reached through instance().
 	Dialogs are shown through a UserInteraction object, which tests replace.
@@ -78,7 +86,9 @@ public:
 	Project & project() const;
 	/*! File of the project; empty for a new project that was never saved. */
 	const QString & projectFile() const { return m_projectFile; }
-	bool isModified() const { return m_modified; }
+	/*! True when the session differs from its file: the undo stack is not at the state saved
+		or loaded, or a change that is not on the stack was made since. */
+	bool isModified() const { return m_modified || !m_undoStack.isClean(); }
 	/*! Last-modified time of the project file as of the last load or save. */
 	const QDateTime & lastReadTime() const { return m_lastReadTime; }
 	/*! The containers of all open data files. */
@@ -117,9 +127,44 @@ public:
 	void updateLastReadTime();
 
 	/*! Marks the project modified and announces the kind of change (a ModificationTypes value)
-		with optional data that identifies the changed part.
+		with optional data that identifies the changed part. While an undo command is done or
+		undone (CommandScope), the change belongs to the command and is only announced.
 	*/
 	void setModified(int modificationType, void * data = nullptr);
+
+	/*! Marks the time an undo command is done or undone, while it lives. */
+	class CommandScope {
+	public:
+		explicit CommandScope(ProjectHandler & handler) : m_handler(handler) { ++m_handler.m_commandDepth; }
+		~CommandScope() { --m_handler.m_commandDepth; }
+		CommandScope(const CommandScope &) = delete;
+		CommandScope & operator=(const CommandScope &) = delete;
+	private:
+		ProjectHandler & m_handler;
+	};
+
+	/*! The undoable changes of the open session. */
+	QUndoStack & undoStack() { return m_undoStack; }
+	/*! Undoes the last change. A change that cannot be undone (e.g. a deleted chart whose data
+		files are gone) is shown through the user interaction and stays done. Returns true when
+		a change was undone.
+	*/
+	bool undo(QWidget * parent);
+	/*! Redoes the change undone last, as undo() does. */
+	bool redo(QWidget * parent);
+
+	/*! Sets a chart property (SCI::AbstractChartModel::ChartDataRole) of the chart of the mapper
+		at a mapper index as an undoable change. Returns false when the chart model refuses the
+		value (it reports why); the current value is no change and returns true. Throws
+		ZEB::Exception for a bad mapper index.
+	*/
+	bool setChartProperty(int mapperIndex, int role, const QVariant & value);
+	/*! Sets a property of the axis at axisPosition, as setChartProperty() does; throws
+		ZEB::Exception for a bad axis position, too. */
+	bool setAxisProperty(int mapperIndex, int axisPosition, int role, const QVariant & value);
+	/*! Sets a property of the series at seriesIndex, as setChartProperty() does; throws
+		ZEB::Exception for a bad series index, too. */
+	bool setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value);
 
 	/*! Appends a top-level directory; a directory already listed is reported and not added
 		again. Returns true when it was added.
@@ -136,28 +181,29 @@ public:
 	/*! Marks a sub-directory as expanded or collapsed in the directory tree. */
 	void setSubDirectoryExpanded(int directoryIndex, const QString & relativePath, bool expanded);
 
-	/*! Appends a mapper to the project. */
+	/*! Appends a mapper to the project (undoable). */
 	void addMapper(std::unique_ptr<Mapper> mapper);
-	/*! Removes count mappers starting at row; throws ZEB::Exception for a range outside the
-		list. The split layout follows the closed-up indices.
+	/*! Removes count mappers starting at row (undoable); throws ZEB::Exception for a range
+		outside the list. The split layout follows the closed-up indices.
 	*/
 	void removeMappers(int row, int count);
 	/*! Marks the project modified after series were added to or changed in the mapper at a
-		mapper index, and announces it.
+		mapper index, and announces it (not undoable).
 	*/
 	void mapperContentChanged(int mapperIndex);
-	/*! Renames the mapper at a mapper index; the same name again is no change. Throws
+	/*! Renames the mapper at a mapper index (undoable); the same name again is no change. Throws
 		ZEB::Exception for a bad index and for an empty or blank name.
 	*/
 	void renameMapper(int mapperIndex, const QString & name);
 	/*! Deletes the mappers at the given mapper indices (any order, repeats count once) once the
-		user has confirmed through the user interaction; the split layout follows as with
+		user has confirmed through the user interaction, as one undoable change; undoing brings
+		them back at their places and in their views. The split layout follows as with
 		removeMappers(). Returns false when the list is empty or the user declined. Throws
 		ZEB::Exception for an index outside the list, before asking.
 	*/
 	bool deleteMappers(QWidget * parent, const QList<int> & mapperIndices);
-	/*! Inserts a deep copy of the mapper at a mapper index right after it and returns the copy's
-		index. The copy is read back from the original's Mapper element (written with all
+	/*! Inserts a deep copy of the mapper at a mapper index right after it (undoable) and returns
+		the copy's index. The copy is read back from the original's Mapper element (written with all
 		properties), so it has the same extractors, cuts, manipulators, models and chart
 		properties; it is named "<name> (copy)". Views keep their charts. Throws ZEB::Exception
 		for a bad index or when the copy cannot be built.
@@ -165,7 +211,8 @@ public:
 	int duplicateMapper(int mapperIndex);
 	/*! Moves the mappers at the given mapper indices (any order, repeats count once), keeping
 		their order among each other, to the place before the mapper at destination as numbered
-		now (mapperCount() for the end). The split layout's views keep showing their charts.
+		now (mapperCount() for the end), as one undoable change. The split layout's views keep
+		showing their charts.
 		Returns false when the order stays as it was. Throws ZEB::Exception for an index or a
 		destination outside the list.
 	*/
@@ -177,7 +224,8 @@ public:
 	/*! Refreshes all mappers in list order. */
 	void refreshAllMappers(DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 
-	/*! Replaces the layout of the split chart views. */
+	/*! Replaces the layout of the split chart views (undoable; while an undo command is done,
+		the change belongs to it). */
 	void setSplitLayout(const SplitLayout & layout);
 
 	/*! Re-points the open session: every mapper gets its extractors rebuilt from the files remap
@@ -237,6 +285,15 @@ private:
 		list.
 	*/
 	std::vector<int> sortedMapperIndices(const QList<int> & mapperIndices, const char * functionId) const;
+	/*! Empties the undo stack and takes the undo limit from the settings, when they exist. */
+	void resetUndoStack();
+	/*! Pushes a change of a chart model property (see setChartProperty()); kind is an
+		UndoChartProperty::TargetKind. */
+	bool changeChartModel(int mapperIndex, int kind, int targetIndex, int role, const QVariant & value,
+						  const char * functionId);
+	/*! Prepares the command that undo (undoing) or redo would run next and runs it; a failure is
+		shown. */
+	bool undoOrRedo(QWidget * parent, bool undoing);
 
 	static ProjectHandler *				m_self;
 
@@ -244,7 +301,12 @@ private:
 	DataManager							m_dataManager;
 	std::unique_ptr<Project>			m_project;
 	QString								m_projectFile;
+	/*! A change that is not on the undo stack was made since the last load or save. */
 	bool								m_modified = false;
+	/*! Declared after the project: commands may hold mappers that read through the data manager. */
+	QUndoStack							m_undoStack;
+	/*! Number of undo commands being done or undone (CommandScope). */
+	int									m_commandDepth = 0;
 	QDateTime							m_lastReadTime;
 	std::unique_ptr<UserInteraction>	m_userInteraction;
 };

@@ -31,6 +31,8 @@ public:
 
 	/*! The one instance; throws ZEB::Exception when none has been created. */
 	static Settings & instance();
+	/*! True when the instance exists (tools may run without settings). */
+	static bool exists() { return m_self != nullptr; }
 
 	/*! Whether data export uses a decimal comma, decided from a locale: 1 when its decimal point
 		is ",", else 0.

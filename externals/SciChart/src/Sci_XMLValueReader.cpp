@@ -212,6 +212,11 @@ QFont XMLValueReader::parseFont(const std::string & text, const std::string & co
 	if (!font.fromString(QString::fromStdString(text)))
 		throw ZEB::Exception(ZEB::MessageFormat("Invalid font '%1' in %2.")
 							 .arg(text).arg(context), FUNC_ID);
+	// a font that says no more than the default font (as written with all properties) is the
+	// default font, which sets nothing: the plot then draws it in the font of its widget (the
+	// bold chart title), as it does when the font was not written at all
+	if (font == QFont())
+		return QFont();
 	return font;
 }
 

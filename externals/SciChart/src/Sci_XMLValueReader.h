@@ -51,6 +51,7 @@ public:
 	/*! Accepts "NaN" besides ordinary numbers. */
 	static double parseDouble(const std::string & text, const std::string & context);
 	static QColor parseColor(const std::string & text, const std::string & context);
+	/*! A font equal to the default font gives the default font itself, which sets nothing. */
 	static QFont parseFont(const std::string & text, const std::string & context);
 	/*! Pen styles from Qt::NoPen to Qt::CustomDashLine. */
 	static Qt::PenStyle parsePenStyle(const std::string & text, const std::string & context);

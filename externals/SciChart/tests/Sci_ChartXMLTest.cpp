@@ -287,6 +287,10 @@ TEST(SciChartXML, WriteAllWritesEveryElementInOrder) {
 	roundTrip(line, fresh);
 	for (int r = 0; r < 22; ++r)
 		EXPECT_TRUE(sameValue(fresh.chartData(r), TestLineModel(1).chartData(r))) << r;
+	// and its default fonts set nothing, so that the plot still draws them in the font of its
+	// widgets (the bold chart title) instead of the plain application font they were written as
+	EXPECT_EQ(fresh.chartData(SCI::AbstractChartModel::TitleFont).value<QFont>().resolve(), 0u);
+	EXPECT_EQ(fresh.axisData(1, SCI::AbstractCartesianChartModel::AxisTitleFont).value<QFont>().resolve(), 0u);
 }
 
 

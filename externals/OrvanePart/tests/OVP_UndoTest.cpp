@@ -1,0 +1,190 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <functional>
+
+#include <QAbstractItemModelTester>
+#include <QFile>
+
+#include <Sci_AbstractColorGridSeriesModel.h>
+#include <Sci_AbstractLineSeriesModel.h>
+#include <Sci_ColorMap.h>
+
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+/*! A saved session of three charts (line, colour grid, vector field) shown in three of four
+	views; the mapper model runs under the model tester.
+*/
+class UndoTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		m_dir = m_testDir + "/data";
+		writeSampleData(m_dir);
+		handler().newProject();
+		m_tester.reset(new QAbstractItemModelTester(handler().project().mapperModel(),
+													QAbstractItemModelTester::FailureReportingMode::Fatal));
+		addChart("T.out");
+		addChart("plane.out", EM::CT_TimeCut);
+		addChart("flux.out", EM::CT_TimeCut);
+		OVP::SplitLayout layout;
+		for (int i = 0; i < 4; ++i)
+			layout.m_widgets.append(OVP::SplitLayout::Widget{ i, -1, false, i < 3 ? i : -1, 0, 0, 0 });
+		handler().setSplitLayout(layout);
+		ASSERT_EQ(handler().saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+	}
+	void TearDown() override {
+		m_tester.reset();
+		ProjectTest::TearDown();
+	}
+
+	/*! Adds a chart of one data set, named after its file. */
+	void addChart(const QString & file, EM::CutType cut = EM::CT_NoCut) {
+		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(),
+																		{ { m_dir + "/" + file, 0, cut } });
+		m->setName(file);
+		handler().addMapper(std::move(m));
+	}
+
+	/*! The session file as it would be saved now. */
+	std::string sessionXML() {
+		const QString file = m_testDir + "/now.o2";
+		handler().project().writeXML(file, false);
+		return readText(file).toStdString();
+	}
+
+	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
+
+	QString											m_dir;
+	std::unique_ptr<QAbstractItemModelTester>		m_tester;
+};
+
+} // namespace
+
+
+TEST_F(UndoTest, MapperCommandsUndoToTheSameSession) {
+	OVP::ProjectHandler & h = handler();
+	OVP::SplitLayout split = h.project().m_splitLayout;
+	split.m_widgets.append(OVP::SplitLayout::Widget{ 4, 0, false, -1, 0, 0, 1 });
+	SCI::ColorMap map;
+	map.setLinearMap(Qt::green, Qt::black, 4);
+	const std::pair<QString, std::function<void()> > operations[] = {
+		{ "create chart 'RH.out'", [&]() { addChart("RH.out"); } },
+		{ "delete 2 charts", [&]() { m_ui->m_confirmAnswers = { true }; h.deleteMappers(nullptr, { 2, 0 }); } },
+		{ "delete chart 'plane.out'", [&]() { h.removeMappers(1, 1); } },
+		{ "rename chart 'T.out'", [&]() { h.renameMapper(0, "Wall"); } },
+		{ "move chart 'flux.out'", [&]() { h.moveMappers({ 2 }, 0); } },
+		{ "duplicate chart 'plane.out'", [&]() { h.duplicateMapper(1); } },
+		{ "split view", [&]() { h.setSplitLayout(split); } },
+		{ "change colour map", [&]() { h.setSeriesProperty(1, 0, SCI::AbstractColorGridSeriesModel::ColorGridColorMap,
+														   QVariant::fromValue(map)); } }
+	};
+	const std::string saved = sessionXML();
+	for (const auto & op : operations) {
+		SCOPED_TRACE(op.first.toStdString());
+		op.second();
+		EXPECT_EQ(h.undoStack().undoText(), op.first);
+		EXPECT_TRUE(h.isModified());
+		const std::string changed = sessionXML();
+		EXPECT_NE(changed, saved);
+		ASSERT_TRUE(h.undo(nullptr));
+		EXPECT_EQ(sessionXML(), saved);
+		EXPECT_FALSE(h.isModified());
+		ASSERT_TRUE(h.redo(nullptr));
+		EXPECT_EQ(sessionXML(), changed);
+		EXPECT_TRUE(h.isModified());
+		ASSERT_TRUE(h.undo(nullptr));
+	}
+}
+
+
+TEST_F(UndoTest, PropertyChangesNameTheRoleAndMerge) {
+	OVP::ProjectHandler & h = handler();
+	QUndoStack & stack = h.undoStack();
+	const std::string saved = sessionXML();
+	const int base = stack.count();
+
+	// typing a title is one step, picking two colours two
+	EXPECT_TRUE(h.setChartProperty(0, SCI::AbstractChartModel::TitleText, "W"));
+	EXPECT_TRUE(h.setChartProperty(0, SCI::AbstractChartModel::TitleText, "Wall"));
+	EXPECT_EQ(stack.count(), base + 1);
+	EXPECT_EQ(stack.undoText(), "change title");
+	EXPECT_TRUE(h.setSeriesProperty(0, 0, LM::SeriesPenColor, QColor(Qt::red)));
+	EXPECT_TRUE(h.setSeriesProperty(0, 0, LM::SeriesPenColor, QColor(Qt::blue)));
+	EXPECT_EQ(stack.count(), base + 3);
+	EXPECT_EQ(stack.undoText(), "change pen colour of 'T.out'");
+	EXPECT_TRUE(h.setAxisProperty(0, CM::LeftAxis, CM::AxisMaximum, 30.5));
+	EXPECT_EQ(stack.undoText(), "change y-axis maximum");
+	// refused values and the current value leave the stack alone
+	EXPECT_FALSE(h.setAxisProperty(0, CM::LeftAxis, CM::AxisMaximum, "thirty"));
+	EXPECT_FALSE(h.setChartProperty(0, SCI::AbstractChartModel::Title, "alias"));
+	EXPECT_TRUE(h.setAxisProperty(0, CM::LeftAxis, CM::AxisMaximum, 30.5));
+	EXPECT_EQ(stack.count(), base + 4);
+	EXPECT_EQ(thrown([&h]() { h.setAxisProperty(0, 3, CM::AxisMaximum, 1.0); }).second, "Invalid axis position 3.");
+	EXPECT_EQ(thrown([&h]() { h.setSeriesProperty(0, 1, LM::SeriesPenWidth, 2); }).second, "Invalid series index 1.");
+	// typed back to what it was: no step at all
+	EXPECT_TRUE(h.setAxisProperty(2, CM::BottomAxis, CM::AxisTitleText, "x"));
+	const QVariant before = mapper(2).chartModel()->axisData(CM::BottomAxis, CM::AxisTitleText);
+	EXPECT_TRUE(h.setAxisProperty(2, CM::BottomAxis, CM::AxisTitleText, "x $unit"));
+	EXPECT_EQ(stack.count(), base + 5);
+	EXPECT_TRUE(h.setAxisProperty(2, CM::BottomAxis, CM::AxisTitleText, before));
+	EXPECT_EQ(stack.count(), base + 5);
+	// the series title is stored with a placeholder for the file name
+	EXPECT_TRUE(h.setSeriesProperty(0, 0, LM::SeriesTitleText, "Outside"));
+	EXPECT_EQ(stack.undoText(), "change title of 'T.out'");
+
+	while (stack.index() > base)
+		ASSERT_TRUE(h.undo(nullptr));
+	EXPECT_EQ(sessionXML(), saved);
+	EXPECT_FALSE(h.isModified());
+	EXPECT_EQ(mapper(0).extractors2D()[0].m_title, "$filename");
+	while (h.redo(nullptr)) {}
+	EXPECT_EQ(mapper(0).chartModel()->seriesData(0, LM::SeriesPenColor).value<QColor>(), QColor(Qt::blue));
+	EXPECT_EQ(mapper(0).chartModel()->chartData(SCI::AbstractChartModel::TitleText).toString(), "Wall");
+}
+
+
+TEST_F(UndoTest, LimitOutsideChangesAndFailedUndo) {
+	OVP::ProjectHandler & h = handler();
+	// the limit of the settings applies from the next session on; the saved state falls off
+	m_settings->m_maxNumUNDOSteps = 2;
+	ASSERT_TRUE(h.loadProject(nullptr, m_testDir + "/s.o2", false));
+	EXPECT_EQ(h.undoStack().count(), 0);
+	for (const char * name : { "a", "b", "c" })
+		h.renameMapper(0, name);
+	EXPECT_EQ(h.undoStack().count(), 2);
+	while (h.undo(nullptr)) {}
+	EXPECT_EQ(mapper(0).name(), "a");
+	EXPECT_TRUE(h.isModified());
+
+	// a change that is not on the stack keeps the session modified until it is saved
+	ASSERT_EQ(h.saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+	h.addDirectory(m_dir);
+	h.renameMapper(0, "d");
+	ASSERT_TRUE(h.undo(nullptr));
+	EXPECT_TRUE(h.isModified());
+	ASSERT_EQ(h.saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+
+	// a deleted chart whose data file has gone cannot come back: the deletion stays done
+	m_ui->m_confirmAnswers = { true };
+	ASSERT_TRUE(h.deleteMappers(nullptr, { 1 }));
+	ASSERT_TRUE(QFile::rename(m_dir + "/plane.out", m_dir + "/gone.out"));
+	EXPECT_FALSE(h.undo(nullptr));
+	EXPECT_EQ(m_ui->m_shown.back().m_title, "Cannot undo");
+	EXPECT_TRUE(m_ui->m_shown.back().m_text.startsWith("'delete chart 'plane.out'' cannot be undone:\n"));
+	EXPECT_EQ(h.project().mapperModel()->mapperCount(), 2);
+	EXPECT_EQ(h.undoStack().undoText(), "delete chart 'plane.out'");
+	ASSERT_TRUE(QFile::rename(m_dir + "/gone.out", m_dir + "/plane.out"));
+	ASSERT_TRUE(h.undo(nullptr));
+	EXPECT_EQ(mapper(1).name(), "plane.out");
+	EXPECT_EQ(h.project().m_splitLayout.m_widgets[1].m_mapperIndex, 1);
+	EXPECT_FALSE(h.isModified());
+}

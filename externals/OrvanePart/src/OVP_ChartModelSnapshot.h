@@ -2,8 +2,15 @@
 #define OVP_ChartModelSnapshotH
 
 #include <memory>
+#include <vector>
+
+#include <QVariant>
 
 class TiXmlElement;
+
+namespace SCI {
+class AbstractCartesianChartModel;
+}
 
 namespace OVP {
 
@@ -34,6 +41,24 @@ public:
 
 private:
 	std::unique_ptr<TiXmlElement>	m_element;
+};
+
+/*! The texts of a chart as stored: its title, the axis titles and the series titles. A chart
+	style gives a chart another look but leaves it these texts.
+*/
+class ChartTexts {
+public:
+	/*! Takes the texts of model. */
+	explicit ChartTexts(const SCI::AbstractCartesianChartModel & model);
+	/*! Gives the texts back to model (series titles of series it still has). */
+	void restore(SCI::AbstractCartesianChartModel & model) const;
+
+private:
+	QVariant				m_title;
+	std::vector<QVariant>	m_axisTitles;
+	std::vector<QVariant>	m_seriesTitles;
+	/*! Role of the series titles; -1 for charts whose series have no title. */
+	int						m_seriesTitleRole = -1;
 };
 
 } // namespace OVP

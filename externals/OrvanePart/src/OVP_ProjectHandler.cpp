@@ -303,11 +303,13 @@ void ProjectHandler::applyChartStyle(int mapperIndex, const QString & path) {
 	FUNCID(ProjectHandler::applyChartStyle);
 	Mapper * m = mapperAt(mapperIndex, FUNC_ID);
 	ChartModelSnapshot before(*m);
+	const ChartTexts texts(*m->chartModel());
 	{
 		// the change is announced by the command, which is made once the style is in place
 		CommandScope scope(*this);
 		try {
 			SCI::ChartStyleFile::apply(*m->chartModel(), path);
+			texts.restore(*m->chartModel());
 			ChartModelSnapshot::adopt(*m);
 		}
 		catch (ZEB::Exception & ex) {

@@ -166,7 +166,8 @@ public:
 		ZEB::Exception for a bad series index, too. */
 	bool setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value);
 	/*! Applies the chart style file at path to the chart of the mapper at a mapper index as an
-		undoable change. The axis units of the style must fit the data of the chart. Throws
+		undoable change. The chart keeps its texts (title, axis and series titles); the axis
+		units of the style must fit the data of the chart. Throws
 		ZEB::Exception (with SCI::ChartStyleFile::APPLY_ERROR_TEXT) when the style cannot be
 		applied; the chart is then as it was and nothing is put on the undo stack.
 	*/

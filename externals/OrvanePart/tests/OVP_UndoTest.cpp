@@ -78,6 +78,7 @@ protected:
 																		  { { m_dir + "/T.out", 0, EM::CT_NoCut } });
 		SCI::AbstractCartesianChartModel & model = *other->chartModel();
 		model.setChartData("Styled", SCI::AbstractChartModel::TitleText);
+		model.setSeriesData("Styled series", 0, LM::SeriesTitleText);
 		model.setChartData(SCI::ChartProperties::LegendInside, SCI::AbstractChartModel::LegendPosition);
 		model.setSeriesData(QColor(Qt::darkGreen), 0, LM::SeriesPenColor);
 		model.setAxisData(ZEB::Unit("K").id(), CM::LeftAxis, CM::AxisUnit);
@@ -222,10 +223,14 @@ TEST_F(UndoTest, ChartStylesAreSavedByNameAndAppliedAsOneStep) {
 	QUndoStack & stack = h.undoStack();
 	const std::vector<double> celsius = lineValues(mapper(0), 0);
 
-	// applied: the look of the other chart, the data converted to its axis unit
-	h.applyChartStyle(0, styleOfAnotherChart());
+	// applied: the look of the other chart, the data converted to its axis unit, the texts kept
 	const CM & model = *mapper(0).chartModel();
-	EXPECT_EQ(model.chartData(SCI::AbstractChartModel::TitleText).toString(), "Styled");
+	const QString title = model.chartData(SCI::AbstractChartModel::TitleText).toString();
+	const QString seriesTitle = model.seriesData(0, LM::SeriesTitleText).toString();
+	h.applyChartStyle(0, styleOfAnotherChart());
+	EXPECT_EQ(model.chartData(SCI::AbstractChartModel::LegendPosition).toInt(), SCI::ChartProperties::LegendInside);
+	EXPECT_EQ(model.chartData(SCI::AbstractChartModel::TitleText).toString(), title);
+	EXPECT_EQ(model.seriesData(0, LM::SeriesTitleText).toString(), seriesTitle);
 	EXPECT_EQ(model.seriesData(0, LM::SeriesPenColor).value<QColor>(), QColor(Qt::darkGreen));
 	const std::vector<double> kelvin = lineValues(mapper(0), 0);
 	ASSERT_EQ(kelvin.size(), celsius.size());

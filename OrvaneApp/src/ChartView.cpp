@@ -84,6 +84,7 @@ void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI
 			chart->installEventFilter(this);
 			for (QWidget * w : chart->findChildren<QWidget *>())
 				w->installEventFilter(this);
+			connect(chart, &SCI::Chart::contextMenuRequested, this, &ChartView::onChartMenuRequested);
 			chart->show();
 		}
 	}
@@ -143,9 +144,16 @@ void ChartView::onChartListActivated(int index) {
 }
 
 
+void ChartView::onChartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos) {
+	emit activated(m_widgetId);
+	emit chartMenuRequested(element, globalPos);
+}
+
+
 void ChartView::detachChart() {
 	if (m_chart.isNull())
 		return;
+	disconnect(m_chart, &SCI::Chart::contextMenuRequested, this, &ChartView::onChartMenuRequested);
 	m_chart->removeEventFilter(this);
 	for (QWidget * w : m_chart->findChildren<QWidget *>())
 		w->removeEventFilter(this);

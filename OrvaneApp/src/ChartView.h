@@ -7,6 +7,8 @@
 
 #include <OVP_Mapper.h>
 
+#include <Sci_ChartElement.h>
+
 class QComboBox;
 class QLabel;
 class QVBoxLayout;
@@ -53,6 +55,8 @@ signals:
 	void mapperChosen(int widgetId, int mapperIndex);
 	/*! Data sets were dropped on the view, after activated(). */
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
+	/*! The user asked for the context menu of an element of the chart, after activated(). */
+	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 
 protected:
 	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */
@@ -65,6 +69,8 @@ protected:
 
 private slots:
 	void onChartListActivated(int index);
+	/*! Makes the view the focused one and passes the request on. */
+	void onChartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 
 private:
 	/*! Removes the chart from the view without deleting it. */

@@ -60,6 +60,14 @@ QString LogUserInteraction::existingDirectory(QWidget *, const QString & caption
 }
 
 
+QString LogUserInteraction::askText(QWidget *, const QString & title, const QString & label) {
+	FUNCID(LogUserInteraction::askText);
+	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> no text can be entered in a scripted run.")
+					   .arg(title.toStdString()).arg(label.toStdString()).str(), FUNC_ID);
+	return QString();
+}
+
+
 int LogUserInteraction::chooseItem(QWidget *, const QString & title, const QString & label, const QStringList &) {
 	FUNCID(LogUserInteraction::chooseItem);
 	ZEB::reportWarning(ZEB::MessageFormat("%1: %2 -> nothing can be chosen in a scripted run.")

@@ -20,6 +20,7 @@ public:
 	QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
 						  const QString & startFolder) override;
 	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
+	QString askText(QWidget * parent, const QString & title, const QString & label) override;
 	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
 };
 

@@ -9,13 +9,21 @@
 #include <QVBoxLayout>
 
 #include <OVP_DialogUserInteraction.h>
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
 
+#include <Sci_AbstractCartesianChartModel.h>
 #include <Sci_Chart.h>
 #include <Sci_ExportDialog.h>
 
+#include <ZEB_Exception.h>
+
+#include "ChartView.h"
 #include "LogUserInteraction.h"
+#include "OVADirectories.h"
 #include "ViewManager.h"
 
 template <typename Receiver, typename Slot>
@@ -73,6 +81,15 @@ MainView::MainView(QWidget * parent) :
 	m_actions.m_refreshMappers->setShortcuts({ QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL + Qt::Key_R) });
 	m_actions.m_exportCurrentChart = createAction(tr("Export current chart..."), QKeySequence(Qt::CTRL + Qt::Key_E),
 												  this, &MainView::onExportCurrentChart);
+
+	m_actions.m_storeChartStyle = createAction(tr("Save current chart style/format..."), QKeySequence(),
+											   this, &MainView::onStoreCurrentChartStyle);
+	m_actions.m_applyLastChartStyle = createAction(QString(), QKeySequence(Qt::CTRL + Qt::Key_F),
+												   this, &MainView::onApplyLastChartStyleAgain);
+	updateLastChartStyleAction();
+	m_chartStylesMenu = new QMenu(tr("Apply saved chart style/format"), this);
+	connect(m_chartStylesMenu, &QMenu::aboutToShow, this, &MainView::onUpdateChartStylesMenu);
+	connect(m_viewManager, &ViewManager::chartMenuRequested, this, &MainView::onChartMenuRequested);
 
 	m_actions.m_autoRefresh = new QAction(tr("Auto-refresh charts/data"), this);
 	m_actions.m_autoRefresh->setCheckable(true);
@@ -191,6 +208,105 @@ void MainView::onAutoRefreshTriggerd() {
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	if (handler.isValid())
 		handler.refreshAllMappers(DATAIO::DataIO::RM_FOLLOW);
+}
+
+
+OVP::ChartStyleLibrary MainView::chartStyleLibrary() {
+	return OVP::ChartStyleLibrary(OVADirectories::userDataDir() + "/styles");
+}
+
+
+void MainView::onStoreCurrentChartStyle() {
+	const ChartView * view = m_viewManager->focusedView();
+	if (view == nullptr || view->chart() == nullptr) {
+		m_userInteraction->showCritical(this, tr("Save chart style/format"), tr("The current view shows no chart."));
+		return;
+	}
+	OVP::Mapper * mapper = OVP::ProjectHandler::instance().project().mapperModel()->mapper(view->mapperIndex());
+	try {
+		chartStyleLibrary().saveStyle(this, *m_userInteraction, *mapper->chartModel());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		m_userInteraction->showCritical(this, tr("Save chart style/format"), OVP::exceptionText(ex));
+	}
+}
+
+
+void MainView::onApplyStyleFile() {
+	const QAction * action = qobject_cast<const QAction *>(sender());
+	if (action != nullptr)
+		applyChartStyle(action->data().toString());
+}
+
+
+void MainView::onApplyLastChartStyleAgain() {
+	const QString path = OVP::Settings::instance().m_chartStyleFileLastUsed;
+	if (!path.isEmpty())
+		applyChartStyle(path);
+}
+
+
+void MainView::onUpdateChartStylesMenu() {
+	m_chartStylesMenu->clear();
+	const QStringList files = chartStyleLibrary().styleFiles();
+	for (const QString & file : files) {
+		QAction * a = m_chartStylesMenu->addAction(QFileInfo(file).completeBaseName(), this, &MainView::onApplyStyleFile);
+		a->setData(file);
+	}
+	if (files.isEmpty())
+		m_chartStylesMenu->addAction(tr("(no saved styles)"))->setEnabled(false);
+}
+
+
+void MainView::applyChartStyle(const QString & path) {
+	const ChartView * view = m_viewManager->focusedView();
+	if (view == nullptr || view->chart() == nullptr) {
+		m_userInteraction->showCritical(this, tr("Apply chart style/format"), tr("The current view shows no chart."));
+		return;
+	}
+	try {
+		OVP::ProjectHandler::instance().applyChartStyle(view->mapperIndex(), path);
+		OVP::Settings::instance().m_chartStyleFileLastUsed = path;
+		updateLastChartStyleAction();
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		m_userInteraction->showCritical(this, tr("Apply chart style/format"), OVP::exceptionText(ex));
+	}
+}
+
+
+void MainView::updateLastChartStyleAction() {
+	const QString path = OVP::Settings::instance().m_chartStyleFileLastUsed;
+	// the text is kept as it has always read, without a closing quote
+	m_actions.m_applyLastChartStyle->setText(tr("Apply style/format: '%1").arg(QFileInfo(path).completeBaseName()));
+	m_actions.m_applyLastChartStyle->setEnabled(!path.isEmpty());
+}
+
+
+void MainView::onChartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos) {
+	SCI::Chart * chart = m_viewManager->currentChart();
+	if (chart == nullptr)
+		return;
+	QMenu menu(this);
+	QString properties;
+	switch (element.m_kind) {
+		case SCI::ChartElement::Axis :		properties = tr("Axis properties..."); break;
+		case SCI::ChartElement::Series :	properties = tr("Series properties..."); break;
+		case SCI::ChartElement::ColorBar :	properties = tr("Colour map properties..."); break;
+		case SCI::ChartElement::Legend :	properties = tr("Legend properties..."); break;
+		default :							properties = tr("Chart properties..."); break;
+	}
+	menu.addAction(properties, this, [this, element]() { emit chartPropertiesRequested(element); });
+	menu.addAction(tr("Reset zoom"), chart, &SCI::Chart::resetView);
+	menu.addSeparator();
+	menu.addAction(m_actions.m_storeChartStyle);
+	menu.addMenu(m_chartStylesMenu);
+	menu.addAction(m_actions.m_applyLastChartStyle);
+	menu.addSeparator();
+	menu.addAction(m_actions.m_exportCurrentChart);
+	menu.exec(globalPos);
 }
 
 

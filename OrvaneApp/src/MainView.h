@@ -6,6 +6,10 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <OVP_ChartStyleLibrary.h>
+
+#include <Sci_ChartElement.h>
+
 #include "ChartExportProperties.h"
 
 class QAction;
@@ -48,6 +52,9 @@ public:
 		QAction * m_refreshMappers;
 		QAction * m_autoRefresh;
 		QAction * m_exportCurrentChart;
+		QAction * m_storeChartStyle;
+		/*! Applies the style last applied again; its text names the style. */
+		QAction * m_applyLastChartStyle;
 	};
 
 	explicit MainView(QWidget * parent = nullptr);
@@ -56,6 +63,10 @@ public:
 	const Actions & actions() const { return m_actions; }
 	/*! The submenu "Recent Sessions", kept up to date with the recent sessions of the settings. */
 	QMenu * recentSessionsMenu() const { return m_recentSessionsMenu; }
+	/*! The saved chart styles, one entry each (filled when shown). */
+	QMenu * chartStylesMenu() const { return m_chartStylesMenu; }
+	/*! The library of saved chart styles, in the user's data area. */
+	static OVP::ChartStyleLibrary chartStyleLibrary();
 	ViewManager * viewManager() const { return m_viewManager; }
 
 	/*! Switches to a scripted run: from now on notices and questions go to the log instead of
@@ -93,12 +104,31 @@ public slots:
 	/*! Names the next change to undo and redo in the texts of the actions ("Undo: %1"), and
 		disables an action without change. */
 	void onUpdateUndoActions();
+	/*! Saves the style of the focused view's chart under a name the user enters. */
+	void onStoreCurrentChartStyle();
+	/*! Applies the style file of the triggering action of the chart styles menu. */
+	void onApplyStyleFile();
+	/*! Applies the style last applied to the focused view's chart. */
+	void onApplyLastChartStyleAgain();
+	/*! Shows the context menu of a chart element: its properties, reset zoom, styles, export. */
+	void onChartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
+
+signals:
+	/*! The user asked for the properties of an element of the focused view's chart. */
+	void chartPropertiesRequested(const SCI::ChartElement & element);
 
 private slots:
 	/*! Opens the session of the start-up and starts the scripted exports. */
 	void onStartup();
+	/*! Lists the saved chart styles in the chart styles menu. */
+	void onUpdateChartStylesMenu();
 
 private:
+	/*! Applies a style file to the focused view's chart and remembers it as the last one;
+		failures are shown. */
+	void applyChartStyle(const QString & path);
+	/*! Names the last applied style in its action, disabled when there is none. */
+	void updateLastChartStyleAction();
 	/*! Creates an action with text, shortcut and the slot it triggers. */
 	template <typename Receiver, typename Slot>
 	QAction * createAction(const QString & text, const QKeySequence & shortcut, Receiver * receiver, Slot slot);
@@ -106,6 +136,7 @@ private:
 	ViewManager *							m_viewManager;
 	Actions									m_actions;
 	QMenu *									m_recentSessionsMenu;
+	QMenu *									m_chartStylesMenu;
 	QTimer									m_autoRefreshTimer;
 	/*! Dialogs of the session handling here: message boxes, or the log in a scripted run. */
 	std::unique_ptr<OVP::UserInteraction>	m_userInteraction;

@@ -272,6 +272,10 @@ void OVAMainWindow::setupMenus() {
 
 	QMenu * chartMenu = menuBar()->addMenu(tr("&Chart"));
 	chartMenu->addAction(a.m_exportCurrentChart);
+	chartMenu->addSeparator();
+	chartMenu->addAction(a.m_storeChartStyle);
+	chartMenu->addMenu(m_mainView->chartStylesMenu());
+	chartMenu->addAction(a.m_applyLastChartStyle);
 }
 
 

@@ -249,6 +249,7 @@ QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringLi
 		connect(v, &ChartView::activated, this, &ViewManager::onViewActivated);
 		connect(v, &ChartView::mapperChosen, this, &ViewManager::onViewMapperChosen);
 		connect(v, &ChartView::dataSetsDropped, this, &ViewManager::dataSetsDropped);
+		connect(v, &ChartView::chartMenuRequested, this, &ViewManager::chartMenuRequested);
 		m_views.append(v);
 		return v;
 	}

@@ -9,6 +9,8 @@
 
 #include <OVP_Mapper.h>
 
+#include <Sci_ChartElement.h>
+
 #include "ChartExportProperties.h"
 
 class QVBoxLayout;
@@ -53,6 +55,8 @@ public:
 signals:
 	/*! Data sets were dropped on a view, which is the focused view now. */
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
+	/*! The context menu of an element of the focused view's chart was asked for. */
+	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 
 public slots:
 	/*! Shows the chart of the mapper at mapperIndex in the focused view. */

@@ -73,6 +73,9 @@ public:
 	QString existingDirectory(QWidget *, const QString &, const QString &) override {
 		return QString();
 	}
+	QString askText(QWidget *, const QString &, const QString &) override {
+		return QString();
+	}
 	int chooseItem(QWidget *, const QString &, const QString &, const QStringList &) override {
 		return -1;
 	}

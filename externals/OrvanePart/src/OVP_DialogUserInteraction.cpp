@@ -64,6 +64,11 @@ QString DialogUserInteraction::existingDirectory(QWidget * parent, const QString
 }
 
 
+QString DialogUserInteraction::askText(QWidget * parent, const QString & title, const QString & label) {
+	return QInputDialog::getText(parent, title, label).trimmed();
+}
+
+
 int DialogUserInteraction::chooseItem(QWidget * parent, const QString & title, const QString & label,
 									  const QStringList & items)
 {

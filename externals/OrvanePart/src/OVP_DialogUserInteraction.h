@@ -21,6 +21,7 @@ public:
 						  const QString & startFolder) override;
 	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
 	/*! A list of the items in an input dialog. */
+	QString askText(QWidget * parent, const QString & title, const QString & label) override;
 	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
 };
 

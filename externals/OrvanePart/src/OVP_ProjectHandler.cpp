@@ -14,11 +14,13 @@
 #include <EM_ExtractorBase.h>
 
 #include <Sci_AbstractCartesianChartModel.h>
+#include <Sci_ChartStyleFile.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
+#include "OVP_ChartModelSnapshot.h"
 #include "OVP_DialogUserInteraction.h"
 #include "OVP_Mapper.h"
 #include "OVP_MapperSnapshot.h"
@@ -27,6 +29,7 @@
 #include "OVP_ProjectRelativePath.h"
 #include "OVP_Settings.h"
 #include "OVP_UndoChartProperty.h"
+#include "OVP_UndoChartStyle.h"
 #include "OVP_UndoMapperInserted.h"
 #include "OVP_UndoMapperRenamed.h"
 #include "OVP_UndoMappersMoved.h"
@@ -293,6 +296,29 @@ bool ProjectHandler::setAxisProperty(int mapperIndex, int axisPosition, int role
 bool ProjectHandler::setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value) {
 	FUNCID(ProjectHandler::setSeriesProperty);
 	return changeChartModel(mapperIndex, UndoChartProperty::SeriesProperty, seriesIndex, role, value, FUNC_ID);
+}
+
+
+void ProjectHandler::applyChartStyle(int mapperIndex, const QString & path) {
+	FUNCID(ProjectHandler::applyChartStyle);
+	Mapper * m = mapperAt(mapperIndex, FUNC_ID);
+	ChartModelSnapshot before(*m);
+	const ChartTexts texts(*m->chartModel());
+	{
+		// the change is announced by the command, which is made once the style is in place
+		CommandScope scope(*this);
+		try {
+			SCI::ChartStyleFile::apply(*m->chartModel(), path);
+			texts.restore(*m->chartModel());
+			ChartModelSnapshot::adopt(*m);
+		}
+		catch (ZEB::Exception & ex) {
+			before.restore(*m);
+			throw ZEB::Exception(ex, SCI::ChartStyleFile::APPLY_ERROR_TEXT, FUNC_ID);
+		}
+	}
+	m_undoStack.push(new UndoChartStyle(*this, mapperIndex, std::move(before), ChartModelSnapshot(*m),
+										QFileInfo(path).completeBaseName()));
 }
 
 

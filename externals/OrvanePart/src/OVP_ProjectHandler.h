@@ -165,6 +165,13 @@ public:
 	/*! Sets a property of the series at seriesIndex, as setChartProperty() does; throws
 		ZEB::Exception for a bad series index, too. */
 	bool setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value);
+	/*! Applies the chart style file at path to the chart of the mapper at a mapper index as an
+		undoable change. The chart keeps its texts (title, axis and series titles); the axis
+		units of the style must fit the data of the chart. Throws
+		ZEB::Exception (with SCI::ChartStyleFile::APPLY_ERROR_TEXT) when the style cannot be
+		applied; the chart is then as it was and nothing is put on the undo stack.
+	*/
+	void applyChartStyle(int mapperIndex, const QString & path);
 
 	/*! Appends a top-level directory; a directory already listed is reported and not added
 		again. Returns true when it was added.

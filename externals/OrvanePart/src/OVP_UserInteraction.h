@@ -64,6 +64,8 @@ public:
 	/*! Asks for an existing folder; an empty text means the user cancelled. */
 	virtual QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) = 0;
 
+	/*! Asks for a line of text; an empty text means the user cancelled. */
+	virtual QString askText(QWidget * parent, const QString & title, const QString & label) = 0;
 	/*! Lets the user pick one of several texts; returns its index, -1 when the user cancelled. */
 	virtual int chooseItem(QWidget * parent, const QString & title, const QString & label,
 						   const QStringList & items) = 0;

@@ -90,6 +90,12 @@ int TestUserInteraction::chooseItem(QWidget *, const QString & title, const QStr
 }
 
 
+QString TestUserInteraction::askText(QWidget *, const QString & title, const QString & label) {
+	m_shown.push_back(Shown{ "text", title, label, QString() });
+	return nextReply(m_texts, label, QString());
+}
+
+
 QString scratchDir(const QString & name) {
 	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
 	if (base.isEmpty())

@@ -67,6 +67,7 @@ public:
 						  const QString & startFolder) override;
 	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
 	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
+	QString askText(QWidget * parent, const QString & title, const QString & label) override;
 
 	/*! Replies given in order; an exhausted list fails the test. */
 	std::deque<SaveAnswer>	m_saveAnswers;
@@ -76,6 +77,7 @@ public:
 	/*! Answers of both folder questions. */
 	std::deque<QString>		m_folders;
 	std::deque<int>			m_choices;
+	std::deque<QString>		m_texts;
 	std::vector<Shown>		m_shown;
 };
 

@@ -7,8 +7,10 @@
 
 #include <Sci_AbstractColorGridSeriesModel.h>
 #include <Sci_AbstractLineSeriesModel.h>
+#include <Sci_ChartStyleFile.h>
 #include <Sci_ColorMap.h>
 
+#include <OVP_ChartStyleLibrary.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
@@ -19,6 +21,12 @@ namespace {
 
 typedef SCI::AbstractCartesianChartModel CM;
 typedef SCI::AbstractLineSeriesModel LM;
+
+/*! The y values of a line series as the chart shows them. */
+std::vector<double> lineValues(const OVP::Mapper & m, int series) {
+	const LM & model = static_cast<const LM &>(*m.chartModel());
+	return std::vector<double>(model.yValues(series), model.yValues(series) + model.size(series));
+}
 
 /*! A saved session of three charts (line, colour grid, vector field) shown in three of four
 	views; the mapper model runs under the model tester.
@@ -63,6 +71,24 @@ protected:
 
 	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
 
+	/*! A style file "look" saved from a temperature chart outside the session, with its own
+		title, legend place, pen and axis unit (K). */
+	QString styleOfAnotherChart() {
+		std::unique_ptr<OVP::Mapper> other = OVP::Mapper::createNewMapper(handler().dataManager(),
+																		  { { m_dir + "/T.out", 0, EM::CT_NoCut } });
+		SCI::AbstractCartesianChartModel & model = *other->chartModel();
+		model.setChartData("Styled", SCI::AbstractChartModel::TitleText);
+		model.setSeriesData("Styled series", 0, LM::SeriesTitleText);
+		model.setChartData(SCI::ChartProperties::LegendInside, SCI::AbstractChartModel::LegendPosition);
+		model.setSeriesData(QColor(Qt::darkGreen), 0, LM::SeriesPenColor);
+		model.setAxisData(ZEB::Unit("K").id(), CM::LeftAxis, CM::AxisUnit);
+		const QString path = m_testDir + "/look.o2style";
+		SCI::ChartStyleFile::save(model, path);
+		// the series model marks the open session modified, although the chart is not in it
+		EXPECT_EQ(handler().saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+		return path;
+	}
+
 	QString											m_dir;
 	std::unique_ptr<QAbstractItemModelTester>		m_tester;
 };
@@ -76,6 +102,7 @@ TEST_F(UndoTest, MapperCommandsUndoToTheSameSession) {
 	split.m_widgets.append(OVP::SplitLayout::Widget{ 4, 0, false, -1, 0, 0, 1 });
 	SCI::ColorMap map;
 	map.setLinearMap(Qt::green, Qt::black, 4);
+	const QString style = styleOfAnotherChart();
 	const std::pair<QString, std::function<void()> > operations[] = {
 		{ "create chart 'RH.out'", [&]() { addChart("RH.out"); } },
 		{ "delete 2 charts", [&]() { m_ui->m_confirmAnswers = { true }; h.deleteMappers(nullptr, { 2, 0 }); } },
@@ -85,7 +112,8 @@ TEST_F(UndoTest, MapperCommandsUndoToTheSameSession) {
 		{ "duplicate chart 'plane.out'", [&]() { h.duplicateMapper(1); } },
 		{ "split view", [&]() { h.setSplitLayout(split); } },
 		{ "change colour map", [&]() { h.setSeriesProperty(1, 0, SCI::AbstractColorGridSeriesModel::ColorGridColorMap,
-														   QVariant::fromValue(map)); } }
+														   QVariant::fromValue(map)); } },
+		{ "apply chart style 'look'", [&]() { h.applyChartStyle(0, style); } }
 	};
 	const std::string saved = sessionXML();
 	for (const auto & op : operations) {
@@ -187,4 +215,55 @@ TEST_F(UndoTest, LimitOutsideChangesAndFailedUndo) {
 	EXPECT_EQ(mapper(1).name(), "plane.out");
 	EXPECT_EQ(h.project().m_splitLayout.m_widgets[1].m_mapperIndex, 1);
 	EXPECT_FALSE(h.isModified());
+}
+
+
+TEST_F(UndoTest, ChartStylesAreSavedByNameAndAppliedAsOneStep) {
+	OVP::ProjectHandler & h = handler();
+	QUndoStack & stack = h.undoStack();
+	const std::vector<double> celsius = lineValues(mapper(0), 0);
+
+	// applied: the look of the other chart, the data converted to its axis unit, the texts kept
+	const CM & model = *mapper(0).chartModel();
+	const QString title = model.chartData(SCI::AbstractChartModel::TitleText).toString();
+	const QString seriesTitle = model.seriesData(0, LM::SeriesTitleText).toString();
+	h.applyChartStyle(0, styleOfAnotherChart());
+	EXPECT_EQ(model.chartData(SCI::AbstractChartModel::LegendPosition).toInt(), SCI::ChartProperties::LegendInside);
+	EXPECT_EQ(model.chartData(SCI::AbstractChartModel::TitleText).toString(), title);
+	EXPECT_EQ(model.seriesData(0, LM::SeriesTitleText).toString(), seriesTitle);
+	EXPECT_EQ(model.seriesData(0, LM::SeriesPenColor).value<QColor>(), QColor(Qt::darkGreen));
+	const std::vector<double> kelvin = lineValues(mapper(0), 0);
+	ASSERT_EQ(kelvin.size(), celsius.size());
+	for (std::size_t i = 0; i < kelvin.size(); ++i)
+		EXPECT_DOUBLE_EQ(kelvin[i], celsius[i] + 273.15);
+	ASSERT_TRUE(h.undo(nullptr));
+	EXPECT_EQ(lineValues(mapper(0), 0), celsius);
+
+	// the library: named files, a name in use only replaced on request, no way out of the folder
+	const OVP::ChartStyleLibrary library(m_testDir + "/styles/mine");
+	m_ui->m_texts = { "Report", "Report", "../escape" };
+	m_ui->m_confirmAnswers = { false };
+	EXPECT_EQ(library.saveStyle(nullptr, *m_ui, *mapper(1).chartModel()), library.directory() + "/Report.o2style");
+	EXPECT_EQ(library.saveStyle(nullptr, *m_ui, *mapper(0).chartModel()), QString());
+	EXPECT_THROW(library.saveStyle(nullptr, *m_ui, *mapper(0).chartModel()), ZEB::Exception);
+	EXPECT_EQ(library.styleFiles(), QStringList{ library.directory() + "/Report.o2style" });
+
+	// refused: a colour grid's style on a line chart, a humidity unit on a temperature axis and
+	// a file that is no style; the chart stays as it was and no step is added
+	std::unique_ptr<OVP::Mapper> humidity = OVP::Mapper::createNewMapper(h.dataManager(), { { m_dir + "/RH.out", 0, EM::CT_NoCut } });
+	SCI::ChartStyleFile::save(*humidity->chartModel(), m_testDir + "/rh.o2style");
+	QFile broken(m_testDir + "/broken.o2style");
+	ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+	broken.write("<OrvaneStyle><ChartModel chartType=\"2D\"><ChartProperties><Legend><Font>");
+	broken.close();
+	const std::string before = sessionXML();
+	const int steps = stack.count();
+	for (const QString & style : { library.directory() + "/Report.o2style", m_testDir + "/rh.o2style", broken.fileName() }) {
+		SCOPED_TRACE(style.toStdString());
+		const auto failure = thrown([&]() { h.applyChartStyle(0, style); });
+		EXPECT_EQ(failure.second, SCI::ChartStyleFile::APPLY_ERROR_TEXT);
+		EXPECT_EQ(sessionXML(), before);
+		EXPECT_EQ(stack.count(), steps);
+		EXPECT_EQ(lineValues(mapper(0), 0), celsius);
+	}
 }

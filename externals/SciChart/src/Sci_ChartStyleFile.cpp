@@ -5,6 +5,7 @@
 #include <tinyxml.h>
 
 #include <ZEB_Exception.h>
+#include <ZEB_MessageFormat.h>
 
 #include "Sci_AbstractBarSeriesModel.h"
 #include "Sci_AbstractColorGridSeriesModel.h"
@@ -62,6 +63,10 @@ void ChartStyleFile::apply(AbstractChartModel & model, const QString & path) {
 		const TiXmlElement * chartModel = root->FirstChildElement("ChartModel");
 		if (chartModel == nullptr || chartModel->Attribute("chartType") == nullptr)
 			throw ZEB::Exception("Expected 'chartType' attribute in ChartModel tag.", FUNC_ID);
+		const std::string styleType = chartModel->Attribute("chartType");
+		if (styleType != chartType(model))
+			throw ZEB::Exception(ZEB::MessageFormat("The style belongs to a chart of type '%1' and does not fit this chart "
+													"of type '%2'.").arg(styleType).arg(chartType(model)), FUNC_ID);
 		model.readXML(chartModel);
 	}
 	catch (ZEB::Exception & ex) {

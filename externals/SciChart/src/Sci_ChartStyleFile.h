@@ -23,7 +23,8 @@ public:
 
 	/*! Reads the style file at path into model. Everything that goes wrong is thrown as
 		ZEB::Exception with the message APPLY_ERROR_TEXT on top of the cause. A file that is no
-		style file (parse error, other root element, missing chartType) leaves model unchanged.
+		style file (parse error, other root element, missing chartType) or the style of another
+		kind of chart leaves model unchanged.
 	*/
 	static void apply(AbstractChartModel & model, const QString & path);
 

@@ -557,6 +557,9 @@ TEST(SciChartStyleFile, SaveApplyAndRefuseForeignFiles) {
 		{ "<?xml version=\"1.0\"?>\n<OrvaneStyle><ChartModel><ChartProperties>"
 		  "<TitleText>Evil</TitleText></ChartProperties></ChartModel></OrvaneStyle>\n",
 		  "Expected 'chartType' attribute in ChartModel tag." },
+		{ "<?xml version=\"1.0\"?>\n<OrvaneStyle><ChartModel chartType='3D'><ChartProperties>"
+		  "<TitleText>Evil</TitleText></ChartProperties></ChartModel></OrvaneStyle>\n",
+		  "The style belongs to a chart of type '3D' and does not fit this chart of type '2D'." },
 	};
 	for (const Case & c : cases) {
 		SciTest::writeTextFile(bad, c.text);

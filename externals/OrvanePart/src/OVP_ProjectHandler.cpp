@@ -27,6 +27,8 @@
 #include "OVP_ProjectRelativePath.h"
 #include "OVP_Settings.h"
 #include "OVP_UndoChartProperty.h"
+#include "OVP_UndoDataSetRemoved.h"
+#include "OVP_UndoDataSetSetup.h"
 #include "OVP_UndoMapperInserted.h"
 #include "OVP_UndoMapperRenamed.h"
 #include "OVP_UndoMappersMoved.h"
@@ -293,6 +295,27 @@ bool ProjectHandler::setAxisProperty(int mapperIndex, int axisPosition, int role
 bool ProjectHandler::setSeriesProperty(int mapperIndex, int seriesIndex, int role, const QVariant & value) {
 	FUNCID(ProjectHandler::setSeriesProperty);
 	return changeChartModel(mapperIndex, UndoChartProperty::SeriesProperty, seriesIndex, role, value, FUNC_ID);
+}
+
+
+void ProjectHandler::setDataSetSetup(int mapperIndex, unsigned int entryIndex, const DataSetSetup & setup) {
+	FUNCID(ProjectHandler::setDataSetSetup);
+	const DataSetSetup old = mapperAt(mapperIndex, FUNC_ID)->dataSetSetup(entryIndex);
+	if (old == setup)
+		return;
+	std::unique_ptr<UndoDataSetSetup> command(new UndoDataSetSetup(*this, mapperIndex, entryIndex, old, setup));
+	// a setup the chart refuses throws here, before anything is pushed
+	command->prepareRedo();
+	m_undoStack.push(command.release());
+}
+
+
+void ProjectHandler::removeDataSet(int mapperIndex, unsigned int entryIndex) {
+	FUNCID(ProjectHandler::removeDataSet);
+	const Mapper * m = mapperAt(mapperIndex, FUNC_ID);
+	m->checkRemovable(entryIndex);
+	m_undoStack.push(new UndoDataSetRemoved(*this, mapperIndex, entryIndex,
+											tr("remove series '%1'").arg(m->dataSetTitle(entryIndex))));
 }
 
 

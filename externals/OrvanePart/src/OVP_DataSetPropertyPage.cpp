@@ -9,8 +9,6 @@
 
 #include <DATAIO_DataIO.h>
 
-#include <EM_ExtractorBase.h>
-
 #include <QPB_CoordinateIndexType.h>
 #include <QPB_EnumType.h>
 #include <QPB_NumberType.h>

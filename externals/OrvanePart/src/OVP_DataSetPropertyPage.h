@@ -68,8 +68,8 @@ private:
 	/*! Adds a row that edits kind with number index. */
 	QPB::Property * addRow(QPB::Property * parent, const QString & name, const QString & typeId,
 						   const QVariant & value, RowKind kind, int index = 0);
-	/*! Keeps the entry index in step with series inserted (count > 0) or removed (count < 0)
-		at start..end; a removed entry empties the page. */
+	/*! Keeps the entry index in step with series start..end inserted or removed; a removed
+		entry empties the page. */
 	void onSeriesMoved(int start, int end, bool inserted);
 	/*! True while the chart and the entry exist. */
 	bool isValid() const;

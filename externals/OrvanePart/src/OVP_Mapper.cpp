@@ -330,6 +330,11 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 
 
 void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
+	applyDataSetSetup(prepareDataSetSetup(index, setup));
+}
+
+
+Mapper::PreparedSetup Mapper::prepareDataSetSetup(unsigned int index, const DataSetSetup & setup) const {
 	FUNCID(Mapper::setDataSetSetup);
 	const ExtractorEntry & old = entryAt(index, FUNC_ID);
 	checkSetupFiles(setup, old);
@@ -344,18 +349,25 @@ void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
 		if (EM::CutTypes::isCut(setup.m_cutType, d))
 			dataSets.front().m_cutIndices.emplace_back(d, setup.usesIndex(d) ? setup.m_cutIndices[d]
 																			   : EM::ExtractorBase::LAST_INDEX);
-	ExtractorEntry entry = createEntry(dataSets, setup.m_modelType, modelParameter, setup.m_manipulators);
-	checkCutIndices(setup, entry, old);
-	const bool leftAxis = onLeftAxis(index);
-	const std::vector<std::pair<int, ZEB::Unit> > newAxisUnits = axisUnitsFor(entry, index, leftAxis);
+	PreparedSetup prepared;
+	prepared.m_index = index;
+	prepared.m_entry = createEntry(dataSets, setup.m_modelType, modelParameter, setup.m_manipulators);
+	checkCutIndices(setup, prepared.m_entry, old);
+	prepared.m_axisUnits = axisUnitsFor(prepared.m_entry, index, onLeftAxis(index));
+	prepared.m_entry.m_title = old.m_title;
+	return prepared;
+}
 
-	// everything fits: the entry is replaced
-	entry.m_title = old.m_title;
+
+void Mapper::applyDataSetSetup(PreparedSetup prepared) {
+	const unsigned int index = prepared.m_index;
+	Q_ASSERT(index < extractorCount());
+	const bool leftAxis = onLeftAxis(index);
 	m_chartModel->beginChangeModel();
-	for (const std::pair<int, ZEB::Unit> & axis : newAxisUnits)
+	for (const std::pair<int, ZEB::Unit> & axis : prepared.m_axisUnits)
 		setAxisUnit(*m_chartModel, axis.first, axis.second);
 	ExtractorEntry & target = m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
-	target = std::move(entry);
+	target = std::move(prepared.m_entry);
 	setTargetUnitsFromAxes(target, leftAxis);
 	if (m_type == MT_2D) {
 		update2DExtractor(index);
@@ -440,16 +452,52 @@ void Mapper::checkCutIndices(const DataSetSetup & setup, const ExtractorEntry & 
 
 
 void Mapper::removeExtractor(unsigned int index) {
+	checkRemovable(index);
+	const int i = static_cast<int>(index);
+	m_chartModel->beginRemoveSeries(i, i);
+	m_2DExtractors.erase(m_2DExtractors.begin() + i);
+	m_chartModel->endRemoveSeries();
+}
+
+
+void Mapper::checkRemovable(unsigned int index) const {
 	FUNCID(Mapper::removeExtractor);
 	if (m_type != MT_2D)
 		throw ZEB::Exception("Only series of a line chart can be removed.", FUNC_ID);
 	entryAt(index, FUNC_ID);
 	if (m_2DExtractors.size() == 1)
 		throw ZEB::Exception("The last series of a chart cannot be removed; delete the chart instead.", FUNC_ID);
+}
+
+
+void Mapper::restoreSeries(unsigned int index, Mapper & source) {
+	FUNCID(Mapper::restoreSeries);
+	if (m_type != MT_2D || source.m_type != MT_2D)
+		throw ZEB::Exception("Only series of a line chart can be restored.", FUNC_ID);
+	source.entryAt(index, FUNC_ID);
+	if (index > m_2DExtractors.size())
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot restore series #%1 of a chart with %2 series.")
+							 .arg(index).arg(m_2DExtractors.size()), FUNC_ID);
 	const int i = static_cast<int>(index);
-	m_chartModel->beginRemoveSeries(i, i);
-	m_2DExtractors.erase(m_2DExtractors.begin() + i);
-	m_chartModel->endRemoveSeries();
+	const LM & from = static_cast<const LM &>(*source.m_chartModel);
+	std::vector<QVariant> properties;
+	// the stored values, not what the derived model makes of them; width and colour are parts of the pen
+	for (int role = LM::SeriesTitleText; role < LM::NUM_SDR; ++role)
+		properties.push_back(from.LM::seriesData(i, role));
+	ExtractorEntry entry = std::move(source.m_2DExtractors[index]);
+	source.m_chartModel->beginRemoveSeries(i, i);
+	source.m_2DExtractors.erase(source.m_2DExtractors.begin() + i);
+	source.m_chartModel->endRemoveSeries();
+
+	setTargetUnitsFromAxes(entry, properties[LM::SeriesLeftAxis - LM::SeriesTitleText].toBool());
+	updateEntry(entry);
+	m_chartModel->beginInsertSeries(i, i);
+	m_2DExtractors.insert(m_2DExtractors.begin() + i, std::move(entry));
+	m_chartModel->endInsertSeries();
+	LM & to = static_cast<LM &>(*m_chartModel);
+	for (int role = LM::SeriesTitleText; role < LM::NUM_SDR; ++role)
+		if (role != LM::SeriesTitle && role != LM::SeriesPenWidth && role != LM::SeriesPenColor)
+			to.LM::setSeriesData(properties[static_cast<std::size_t>(role - LM::SeriesTitleText)], i, role);
 }
 
 
@@ -484,6 +532,13 @@ const Mapper::ExtractorEntry & Mapper::entryAt(unsigned int index, const char * 
 	if (index >= extractorCount())
 		throw ZEB::Exception(ZEB::MessageFormat("The chart has no data set #%1.").arg(index), functionId);
 	return m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+}
+
+
+QString Mapper::dataSetTitle(unsigned int index) const {
+	if (m_type != MT_2D || index >= m_2DExtractors.size())
+		return m_name;
+	return m_chartModel->seriesData(static_cast<int>(index), LM::SeriesTitle).toString();
 }
 
 

@@ -136,10 +136,38 @@ public:
 		ZEB::Exception when something does not fit; the mapper is then unchanged.
 	*/
 	void setDataSetSetup(unsigned int index, const DataSetSetup & setup);
-	/*! Removes a series of a line chart with its display properties. Throws ZEB::Exception for
-		other charts, for a bad index and for the last series (the chart is deleted instead).
+
+	/*! A new entry built and checked from a setup, with the axis units it needs: the part of
+		setDataSetSetup() that may fail, done before anything changes (an undo step prepares it).
+	*/
+	struct PreparedSetup {
+		unsigned int									m_index = 0;
+		ExtractorEntry									m_entry;
+		std::vector<std::pair<int, ZEB::Unit> >		m_axisUnits;
+	};
+	/*! Builds and checks the entry of a setup as setDataSetSetup() does, without changing the
+		mapper. Throws ZEB::Exception telling why the setup does not fit.
+	*/
+	PreparedSetup prepareDataSetSetup(unsigned int index, const DataSetSetup & setup) const;
+	/*! Puts a prepared entry in place of the old one; the mapper must not have changed since it
+		was prepared.
+	*/
+	void applyDataSetSetup(PreparedSetup prepared);
+
+	/*! Removes a series of a line chart with its display properties. Throws ZEB::Exception as
+		checkRemovable() does.
 	*/
 	void removeExtractor(unsigned int index);
+	/*! Throws ZEB::Exception when a series cannot be removed: for other charts than line charts,
+		for a bad index and for the last series (the chart is deleted instead).
+	*/
+	void checkRemovable(unsigned int index) const;
+	/*! Puts series index of source, a line chart read back from a snapshot of this one before
+		the series was removed, back at index with its title and display properties; source
+		loses the series. Throws ZEB::Exception when either chart is no line chart or index does
+		not fit.
+	*/
+	void restoreSeries(unsigned int index, Mapper & source);
 
 	/*! Checks that an axis may take a unit: it must convert to and from the units of the data
 		shown on the axis (any unit for an axis without data). Throws ZEB::Exception telling why
@@ -202,6 +230,10 @@ public:
 		function id for an index the mapper does not have.
 	*/
 	const ExtractorEntry & entryAt(unsigned int index, const char * functionId) const;
+	/*! The name of an entry for the user: the series title of a line chart (with the file name
+		for "$filename"), the chart's name for a colour grid or vector field.
+	*/
+	QString dataSetTitle(unsigned int index) const;
 
 	/*! The chart model; null while the mapper has no extractor. */
 	SCI::AbstractCartesianChartModel * chartModel() const { return m_chartModel.get(); }

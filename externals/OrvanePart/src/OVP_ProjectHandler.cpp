@@ -30,6 +30,8 @@
 #include "OVP_Settings.h"
 #include "OVP_UndoChartProperty.h"
 #include "OVP_UndoChartStyle.h"
+#include "OVP_UndoDataSetRemoved.h"
+#include "OVP_UndoDataSetSetup.h"
 #include "OVP_UndoMapperInserted.h"
 #include "OVP_UndoMapperRenamed.h"
 #include "OVP_UndoMappersMoved.h"
@@ -319,6 +321,27 @@ void ProjectHandler::applyChartStyle(int mapperIndex, const QString & path) {
 	}
 	m_undoStack.push(new UndoChartStyle(*this, mapperIndex, std::move(before), ChartModelSnapshot(*m),
 										QFileInfo(path).completeBaseName()));
+}
+
+
+void ProjectHandler::setDataSetSetup(int mapperIndex, unsigned int entryIndex, const DataSetSetup & setup) {
+	FUNCID(ProjectHandler::setDataSetSetup);
+	const DataSetSetup old = mapperAt(mapperIndex, FUNC_ID)->dataSetSetup(entryIndex);
+	if (old == setup)
+		return;
+	std::unique_ptr<UndoDataSetSetup> command(new UndoDataSetSetup(*this, mapperIndex, entryIndex, old, setup));
+	// a setup the chart refuses throws here, before anything is pushed
+	command->prepareRedo();
+	m_undoStack.push(command.release());
+}
+
+
+void ProjectHandler::removeDataSet(int mapperIndex, unsigned int entryIndex) {
+	FUNCID(ProjectHandler::removeDataSet);
+	const Mapper * m = mapperAt(mapperIndex, FUNC_ID);
+	m->checkRemovable(entryIndex);
+	m_undoStack.push(new UndoDataSetRemoved(*this, mapperIndex, entryIndex,
+											tr("remove series '%1'").arg(m->dataSetTitle(entryIndex))));
 }
 
 

@@ -18,6 +18,7 @@ class QWidget;
 
 namespace OVP {
 
+struct DataSetSetup;
 class Mapper;
 class Project;
 class SplitLayout;
@@ -172,6 +173,17 @@ public:
 		applied; the chart is then as it was and nothing is put on the undo stack.
 	*/
 	void applyChartStyle(int mapperIndex, const QString & path);
+	/*! Gives extractor entry entryIndex (as Mapper::dataSetSetup() counts) of the chart of the
+		mapper at a mapper index a new setup as an undoable change; the current setup again is no
+		change. Throws ZEB::Exception for a bad index and, with the reason, when the chart refuses
+		the setup; nothing is pushed then.
+	*/
+	void setDataSetSetup(int mapperIndex, unsigned int entryIndex, const DataSetSetup & setup);
+	/*! Removes series entryIndex of the line chart of the mapper at a mapper index as an undoable
+		change; undoing brings it back at its place with its display properties. Throws
+		ZEB::Exception for a bad index, another kind of chart or the last series.
+	*/
+	void removeDataSet(int mapperIndex, unsigned int entryIndex);
 
 	/*! Appends a top-level directory; a directory already listed is reported and not added
 		again. Returns true when it was added.

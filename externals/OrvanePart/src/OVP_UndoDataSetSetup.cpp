@@ -3,44 +3,47 @@
 #include <utility>
 #include <vector>
 
-#include <Sci_AbstractLineSeriesModel.h>
+#include <EM_ExtractorBase.h>
 
-#include <ZEB_Exception.h>
-#include <ZEB_MessageFormat.h>
-
-#include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
 #include "OVP_ProjectHandler.h"
 
 namespace OVP {
 
-UndoDataSetSetup::UndoDataSetSetup(int mapperIndex, unsigned int entryIndex, const DataSetSetup & oldSetup,
-								   const DataSetSetup & newSetup, QUndoCommand * parent) :
-	QUndoCommand(parent),
+UndoDataSetSetup::UndoDataSetSetup(ProjectHandler & handler, int mapperIndex, unsigned int entryIndex,
+								   const DataSetSetup & oldSetup, const DataSetSetup & newSetup) :
+	UndoCommand(handler, changeText(oldSetup, newSetup,
+									handler.project().mapperModel()->mapper(mapperIndex)->dataSetTitle(entryIndex)),
+				false),
 	m_mapperIndex(mapperIndex),
 	m_entryIndex(entryIndex),
 	m_oldSetup(oldSetup),
 	m_newSetup(newSetup)
 {
-	FUNCID(UndoDataSetSetup::UndoDataSetSetup);
-	const Mapper & m = mapper(FUNC_ID);
-	m.entryAt(entryIndex, FUNC_ID);
-	// a line series is known by its title, a colour grid or vector field by the chart's name
-	const QString name = m.type() == Mapper::MT_2D
-		? m.chartModel()->seriesData(static_cast<int>(entryIndex), SCI::AbstractLineSeriesModel::SeriesTitle).toString()
-		: m.name();
-	setText(changeText(oldSetup, newSetup, name));
 }
 
 
-void UndoDataSetSetup::undo() {
-	apply(m_oldSetup);
+UndoDataSetSetup::~UndoDataSetSetup() = default;
+
+
+void UndoDataSetSetup::prepareUndo() {
+	prepare(m_oldSetup, true);
 }
 
 
-void UndoDataSetSetup::redo() {
-	apply(m_newSetup);
+void UndoDataSetSetup::prepareRedo() {
+	prepare(m_newSetup, false);
+}
+
+
+void UndoDataSetSetup::doRedo() {
+	apply();
+}
+
+
+void UndoDataSetSetup::doUndo() {
+	apply();
 }
 
 
@@ -72,27 +75,20 @@ QString UndoDataSetSetup::changeText(const DataSetSetup & oldSetup, const DataSe
 }
 
 
-Mapper & UndoDataSetSetup::mapper(const char * functionId) const {
-	ProjectHandler & handler = ProjectHandler::instance();
-	if (!handler.isValid())
-		throw ZEB::Exception("No session is open.", functionId);
-	const MapperTreeModel & mappers = *handler.project().mapperModel();
-	if (m_mapperIndex < 0 || m_mapperIndex >= mappers.mapperCount())
-		throw ZEB::Exception(ZEB::MessageFormat("Invalid mapper index %1.").arg(m_mapperIndex), functionId);
-	return *mappers.mapper(m_mapperIndex);
+void UndoDataSetSetup::prepare(const DataSetSetup & setup, bool undoing) {
+	if (m_prepared != nullptr && m_preparedForUndo == undoing)
+		return;
+	m_prepared.reset();
+	m_prepared.reset(new Mapper::PreparedSetup(mappers().mapper(m_mapperIndex)->prepareDataSetSetup(m_entryIndex, setup)));
+	m_preparedForUndo = undoing;
 }
 
 
-void UndoDataSetSetup::apply(const DataSetSetup & setup) {
-	FUNCID(UndoDataSetSetup::apply);
-	try {
-		mapper(FUNC_ID).setDataSetSetup(m_entryIndex, setup);
-		ProjectHandler::instance().mapperContentChanged(m_mapperIndex);
-	}
-	catch (ZEB::Exception & ex) {
-		ZEB::Exception(ex, ZEB::MessageFormat("Cannot %1.").arg(text().toStdString()), FUNC_ID).reportAllAsErrors();
-		setObsolete(true);
-	}
+void UndoDataSetSetup::apply() {
+	Q_ASSERT(m_prepared != nullptr);
+	mappers().mapper(m_mapperIndex)->applyDataSetSetup(std::move(*m_prepared));
+	m_prepared.reset();
+	handler().mapperContentChanged(m_mapperIndex);
 }
 
 } // namespace OVP

@@ -3,6 +3,8 @@
 #include <functional>
 #include <tuple>
 
+#include <QFile>
+#include <QPen>
 #include <QSignalSpy>
 #include <QUndoStack>
 
@@ -261,24 +263,36 @@ TEST_F(DataSetSetupTest, ChoicesAndRemovedSeries) {
 		EXPECT_EQ(MO::choice(MO::typeKeyword(static_cast<MO::Choice>(c))), c);
 	EXPECT_EQ(MO::choice("2DScaling"), MO::MC_Scaling);
 
-	// removing a series: the others keep their data and display properties, the tree follows
+	// removing a series: the others keep their data and display properties, the tree follows;
+	// undoing brings the series back as it was
 	handler().newProject();
 	series->addExtractor({ DS{ m_dir + "/TK.out" } });
 	series->addExtractor({ DS{ m_dir + "/RH.out" } });
-	const QVariant colour = series->chartModel()->seriesData(2, SCI::AbstractLineSeriesModel::SeriesPenColor);
-	const std::vector<double> humidity = output(*series, 2);
 	OVP::Mapper * m = series.get();
 	handler().addMapper(std::move(series));
+	typedef SCI::AbstractLineSeriesModel LM;
+	ASSERT_TRUE(m->chartModel()->setSeriesData(QPen(QColor(Qt::red), 2.5), 1, LM::SeriesPen));
+	ASSERT_TRUE(m->chartModel()->setSeriesData("Kelvin $filename", 1, LM::SeriesTitleText));
+	const QVariant colour = m->chartModel()->seriesData(2, LM::SeriesPenColor);
+	const std::vector<double> humidity = output(*m, 2);
+	const std::string before = xml(*m);
 	OVP::MapperTreeModel & tree = *handler().project().mapperModel();
 	QSignalSpy removedRows(&tree, &QAbstractItemModel::rowsRemoved);
-	m->removeExtractor(1);
+	handler().removeDataSet(0, 1);
+	EXPECT_EQ(handler().undoStack().undoText(), "remove series 'Kelvin TK.out'");
 	ASSERT_EQ(removedRows.count(), 1);
 	EXPECT_EQ(removedRows[0][0].value<QModelIndex>(), tree.index(0, 0));
 	EXPECT_EQ(output(*m, 1), humidity);
-	EXPECT_EQ(m->chartModel()->seriesData(1, SCI::AbstractLineSeriesModel::SeriesPenColor), colour);
-	m->removeExtractor(1);
-	EXPECT_EQ(thrown([m]() { m->removeExtractor(0); }).second,
+	EXPECT_EQ(m->chartModel()->seriesData(1, LM::SeriesPenColor), colour);
+	ASSERT_TRUE(handler().undo(nullptr));
+	EXPECT_EQ(xml(*m), before);
+	EXPECT_EQ(output(*m, 2), humidity);
+	EXPECT_EQ(m->dataSetTitle(1), "Kelvin TK.out");
+	ASSERT_TRUE(handler().redo(nullptr));
+	handler().removeDataSet(0, 1);
+	EXPECT_EQ(thrown([this]() { handler().removeDataSet(0, 0); }).second,
 			  "The last series of a chart cannot be removed; delete the chart instead.");
+	EXPECT_EQ(handler().undoStack().count(), 3);
 	EXPECT_EQ(thrown([&profile]() { profile->setDataSetSetup(1, profile->dataSetSetup(0)); }).second,
 			  "The chart has no data set #1.");
 }
@@ -287,6 +301,7 @@ TEST_F(DataSetSetupTest, ChoicesAndRemovedSeries) {
 TEST_F(DataSetSetupTest, UndoAndRedo) {
 	handler().newProject();
 	handler().addMapper(create(DS{ m_dir + "/plane.out", 0, EM::CT_XTCut }));
+	handler().addMapper(create(DS{ m_dir + "/T.out" }));
 	OVP::Mapper & m = *handler().project().mapperModel()->mapper(0);
 	const OVP::DataSetSetup first = m.dataSetSetup(0);
 	const std::vector<double> firstData = output(m);
@@ -294,26 +309,41 @@ TEST_F(DataSetSetupTest, UndoAndRedo) {
 	second.m_followLastTimePoint = false;
 	second.m_cutIndices[EM::CD_Time] = 0;
 	ASSERT_EQ(handler().saveProject(nullptr, m_testDir + "/session.o2"), OVP::ProjectHandler::SaveOK);
-	QUndoStack stack;
-	stack.push(new OVP::UndoDataSetSetup(0, 0, first, second));
+	const QUndoStack & stack = handler().undoStack();
+	handler().setDataSetSetup(0, 0, second);
 	EXPECT_EQ(stack.undoText(), "change time point of 'plane.out'");
 	EXPECT_TRUE(handler().isModified());
 	EXPECT_EQ(m.dataSetSetup(0), second);
 	const std::vector<double> secondData = output(m);
 	EXPECT_NE(secondData, firstData);
-	stack.undo();
+	// back at the saved state the session is not modified
+	ASSERT_TRUE(handler().undo(nullptr));
 	EXPECT_EQ(output(m), firstData);
-	stack.redo();
+	EXPECT_FALSE(handler().isModified());
+	ASSERT_TRUE(handler().redo(nullptr));
 	EXPECT_EQ(output(m), secondData);
 
-	// a change that fails is reported and leaves no step behind
-	OVP::DataSetSetup missing = second;
-	missing.m_fileNames = QStringList{ m_dir + "/gone.out" };
-	m_messages->m_messages.clear();
-	stack.push(new OVP::UndoDataSetSetup(0, 0, second, missing));
-	EXPECT_EQ(stack.count(), 1);
-	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Cannot change data file of 'plane.out'.", "[UndoDataSetSetup::apply]"), 1);
+	// a refused setup throws the reason and leaves no step behind, as does the same setup again
+	OVP::DataSetSetup beyond = second;
+	beyond.m_cutIndices[EM::CD_Time] = 2;
+	EXPECT_EQ(thrown([&]() { handler().setDataSetSetup(0, 0, beyond); }).second,
+			  "Time index 2 is beyond the last time point of the file, which has 2 time points.");
+	handler().setDataSetSetup(0, 0, second);
+	EXPECT_EQ(stack.count(), 3);
 	EXPECT_EQ(output(m), secondData);
+
+	// a step that cannot be undone any more is told and changes nothing
+	OVP::Mapper & series = *handler().project().mapperModel()->mapper(1);
+	OVP::DataSetSetup kelvin = series.dataSetSetup(0);
+	kelvin.m_fileNames = QStringList{ m_dir + "/TK.out" };
+	handler().setDataSetSetup(1, 0, kelvin);
+	const std::vector<double> kelvinData = output(series);
+	ASSERT_TRUE(QFile::remove(m_dir + "/T.out"));
+	EXPECT_FALSE(handler().undo(nullptr));
+	ASSERT_EQ(m_ui->m_shown.size(), 1u);
+	EXPECT_EQ(m_ui->m_shown[0].m_title, "Cannot undo");
+	EXPECT_EQ(stack.index(), 4);
+	EXPECT_EQ(output(series), kelvinData);
 
 	// the text names what changed; the time index of a cut that follows the last time point is no change
 	OVP::DataSetSetup other = first;

@@ -1,0 +1,209 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QUndoStack>
+
+#include <EM_ExtractorBase.h>
+
+#include <QPB_Property.h>
+
+#include <OVP_DataSetPropertyPage.h>
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+#include <OVP_SeriesLineExtractorModel.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef OVP::Mapper::DataSet DS;
+const unsigned int FOLLOW = EM::ExtractorBase::LAST_INDEX;
+
+/*! The rows of a page as "name: shown value", groups as "[name]", depth first. */
+QStringList rows(const QPB::Property * parent) {
+	QStringList list;
+	for (int r = 0; r < parent->childCount(); ++r) {
+		const QPB::Property * p = parent->child(r);
+		const QModelIndex value = p->model()->indexOf(p, QPB::PropertyModel::C_Value);
+		list.append(p->isGroup() ? "[" + p->name() + "]"
+								 : p->name() + ": " + p->model()->data(value).toString() + (p->isModified() ? " (bold)" : ""));
+		list += rows(p);
+	}
+	return list;
+}
+
+/*! The row of a page with this name. */
+QPB::Property * row(OVP::DataSetPropertyPage & page, const QString & name, QPB::Property * parent = nullptr) {
+	parent = parent == nullptr ? page.properties().root() : parent;
+	for (int r = 0; r < parent->childCount(); ++r) {
+		if (parent->child(r)->name() == name)
+			return parent->child(r);
+		if (QPB::Property * p = row(page, name, parent->child(r)))
+			return p;
+	}
+	return nullptr;
+}
+
+/*! Edits a row as the view does. */
+bool edit(OVP::DataSetPropertyPage & page, const QString & name, const QVariant & value) {
+	QPB::Property * p = row(page, name);
+	EXPECT_NE(p, nullptr) << name.toStdString();
+	return p != nullptr && page.properties().setData(page.properties().indexOf(p, QPB::PropertyModel::C_Value), value);
+}
+
+/*! The x and y values of series 0 of a line chart. */
+std::vector<double> values(const OVP::Mapper & m) {
+	const OVP::SeriesLineExtractorModel & model = static_cast<const OVP::SeriesLineExtractorModel &>(*m.chartModel());
+	std::vector<double> v(model.xValues(0), model.xValues(0) + model.size(0));
+	v.insert(v.end(), model.yValues(0), model.yValues(0) + model.size(0));
+	return v;
+}
+
+class DataSetPropertyPageTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		m_dir = m_testDir + "/data";
+		writeSampleData(m_dir);
+		handler().newProject();
+	}
+
+	/*! Adds a chart to the session; returns its mapper. */
+	OVP::Mapper & add(const std::vector<DS> & dataSets, const std::string & model = std::string(),
+					  const std::string & parameter = std::string(), const OVP::Mapper::ManipulatorList & manipulators = {}) {
+		handler().addMapper(OVP::Mapper::createNewMapper(handler().dataManager(), dataSets, model, parameter, manipulators));
+		return *handler().project().mapperModel()->mapper(handler().project().mapperModel()->mapperCount() - 1);
+	}
+
+	/*! The data of a line chart made directly from data sets. */
+	std::vector<double> direct(const std::vector<DS> & dataSets, const std::string & model = std::string(),
+							   const std::string & parameter = std::string(),
+							   const OVP::Mapper::ManipulatorList & manipulators = {}) {
+		return values(*OVP::Mapper::createNewMapper(handler().dataManager(), dataSets, model, parameter, manipulators));
+	}
+
+	QString m_dir;
+};
+
+} // namespace
+
+
+TEST_F(DataSetPropertyPageTest, RowsOfAProfileAGridAndAModel) {
+	OVP::DataSetPropertyPage profile(add({ DS{ m_dir + "/plane.out", 0, EM::CT_XTCut } }), 0);
+	OVP::DataSetPropertyPage grid(add({ DS{ m_dir + "/plane.out", 0, EM::CT_TimeCut } }), 0);
+	OVP::DataSetPropertyPage model(add({ DS{ m_dir + "/T.out" }, DS{ m_dir + "/RH.out" } }, "VTTMouldModel", "MC 2"), 0);
+	const QString plane = QDir::toNativeSeparators(m_dir + "/plane.out");
+	EXPECT_EQ(profile.title(), "Data set 'plane.out'");
+	EXPECT_EQ(rows(profile.properties().root()), QStringList({ "[Data]", "File: " + plane, "Quantity: Temperature [C]",
+		"[Cut]", "Cut type: XTCut", "x: 0.05 m", "Time: follow last time point", "[Manipulators]", "Add manipulator: None" }));
+	EXPECT_EQ(grid.title(), "Data set 'Temperature'");
+	EXPECT_EQ(rows(grid.properties().root()), QStringList({ "[Data]", "File: " + plane, "Quantity: Temperature [C]",
+		"[Cut]", "Cut type: TimeCut", "Time: follow last time point" }));
+	EXPECT_EQ(model.title(), "Data set 'VTT Mould Index from T.out'");
+	EXPECT_EQ(rows(model.properties().root()), QStringList({ "[Data]",
+		"File 1: " + QDir::toNativeSeparators(m_dir + "/T.out"), "Quantity 1: Temperature [C]",
+		"File 2: " + QDir::toNativeSeparators(m_dir + "/RH.out"), "Quantity 2: Relative humidity [%]",
+		"[Manipulators]", "Add manipulator: None", "[Model]", "Model: VTT Mould Index",
+		"Material class (1..4): 2 (bold)", "Sensitivity class (1..4): 1", "Decline class (1..4): 4" }));
+	// files are shown, not edited
+	EXPECT_FALSE(edit(profile, "File", "other.out"));
+}
+
+
+TEST_F(DataSetPropertyPageTest, EditsAreUndoStepsGivingTheDataOfADirectChart) {
+	const DS plane{ m_dir + "/plane.out", 0, EM::CT_XTCut, { { EM::CD_X, 0 }, { EM::CD_Time, FOLLOW } } };
+	OVP::Mapper & profile = add({ plane });
+	OVP::Mapper & series = add({ DS{ m_dir + "/T.out" } });
+	OVP::Mapper & mould = add({ DS{ m_dir + "/T.out" }, DS{ m_dir + "/RH.out" } }, "VTTMouldModel");
+	OVP::DataSetPropertyPage profilePage(profile, 0);
+	OVP::DataSetPropertyPage seriesPage(series, 0);
+	OVP::DataSetPropertyPage mouldPage(mould, 0);
+	QUndoStack & stack = handler().undoStack();
+	const int start = stack.count();
+	const DS yt{ m_dir + "/plane.out", 0, EM::CT_YTCut, { { EM::CD_Y, 1 }, { EM::CD_Time, 0 } } };
+	struct Case {
+		OVP::DataSetPropertyPage *	m_page;
+		QString						m_row;
+		QVariant					m_value;
+		OVP::Mapper *				m_mapper;
+		std::vector<double>			m_expected;
+	};
+	const std::vector<Case> cases = {
+		{ &profilePage, "x", 2, &profile, direct({ DS{ plane.m_fileName, 0, EM::CT_XTCut, { { EM::CD_X, 2 } } } }) },
+		{ &profilePage, "Time", 0, &profile, direct({ DS{ plane.m_fileName, 0, EM::CT_XTCut, { { EM::CD_X, 2 }, { EM::CD_Time, 0 } } } }) },
+		// YTCut among XYCut, XTCut, YTCut; the indices picked so far stay
+		{ &profilePage, "Cut type", 2, &profile, direct({ DS{ plane.m_fileName, 0, EM::CT_YTCut, { { EM::CD_Time, 0 } } } }) },
+		{ &profilePage, "y", 1, &profile, direct({ yt }) },
+		// scaling has the factor 1 at first
+		{ &seriesPage, "Add manipulator", 2, &series, direct({ DS{ m_dir + "/T.out" } }, "", "", { { "2DScaling", "1" } }) },
+		{ &seriesPage, "Factor", "2", &series, direct({ DS{ m_dir + "/T.out" } }, "", "", { { "2DScaling", "2" } }) },
+		{ &seriesPage, "Add manipulator", 3, &series, direct({ DS{ m_dir + "/T.out" } }, "", "",
+			{ { "2DScaling", "2" }, { "2DOffset", "0" } }) },
+		{ &seriesPage, "Offset", "1", &series, direct({ DS{ m_dir + "/T.out" } }, "", "",
+			{ { "2DScaling", "2" }, { "2DOffset", "1" } }) },
+		// the offset moved before the scaling: (T + 1) * 2
+		{ &seriesPage, "Manipulator 2", 3, &series, direct({ DS{ m_dir + "/T.out" } }, "", "",
+			{ { "2DOffset", "1" }, { "2DScaling", "2" } }) },
+		// removing the first manipulator (actions follow the three types)
+		{ &seriesPage, "Manipulator 1", 5, &series, direct({ DS{ m_dir + "/T.out" } }, "", "", { { "2DScaling", "2" } }) },
+		{ &mouldPage, "Material class (1..4)", 3, &mould, direct({ DS{ m_dir + "/T.out" }, DS{ m_dir + "/RH.out" } },
+			"VTTMouldModel", "MC 3") }
+	};
+	std::vector<std::vector<double> > before;
+	for (const Case & c : cases) {
+		SCOPED_TRACE(c.m_row.toStdString());
+		before.push_back(values(*c.m_mapper));
+		const int count = stack.count();
+		ASSERT_TRUE(edit(*c.m_page, c.m_row, c.m_value));
+		EXPECT_EQ(values(*c.m_mapper), c.m_expected);
+		EXPECT_EQ(stack.count(), count + 1);
+	}
+	EXPECT_EQ(rows(seriesPage.properties().root()), QStringList({ "[Data]", "File: " + QDir::toNativeSeparators(m_dir + "/T.out"),
+		"Quantity: Temperature [C]", "[Manipulators]", "Manipulator 1: Scale by factor", "Factor: 2", "Add manipulator: None" }));
+	EXPECT_TRUE(row(mouldPage, "Material class (1..4)")->isModified());
+
+	// each step undone gives the data before it, and the rows follow
+	for (std::size_t i = cases.size(); i-- > 0;) {
+		ASSERT_TRUE(handler().undo(nullptr));
+		EXPECT_EQ(values(*cases[i].m_mapper), before[i]) << i;
+	}
+	EXPECT_EQ(stack.count() - stack.index(), static_cast<int>(cases.size()));
+	EXPECT_EQ(row(profilePage, "x")->value(), 0);
+	EXPECT_EQ(row(seriesPage, "Factor"), nullptr);
+	while (stack.canRedo())
+		ASSERT_TRUE(handler().redo(nullptr));
+	for (std::size_t i : { 3, 9, 10 })
+		EXPECT_EQ(values(*cases[i].m_mapper), cases[i].m_expected) << i;
+
+	// refused edits change nothing and leave no step; the chart's refusals are told
+	QSignalSpy refused(&seriesPage, &OVP::DataSetPropertyPage::editRefused);
+	const std::vector<double> scaled = values(series);
+	EXPECT_TRUE(edit(seriesPage, "Factor", "2x"));
+	ASSERT_EQ(refused.count(), 1);
+	EXPECT_TRUE(refused[0][0].toString().contains("Invalid parameter for manipulator.")) << refused[0][0].toString().toStdString();
+	EXPECT_EQ(row(seriesPage, "Factor")->value(), "2");
+	EXPECT_FALSE(edit(profilePage, "Time", 2));
+	EXPECT_FALSE(edit(mouldPage, "Material class (1..4)", 5));
+	EXPECT_EQ(values(series), scaled);
+	EXPECT_EQ(stack.count(), start + static_cast<int>(cases.size()));
+
+	// a time point a growing file gained is offered after the refresh
+	writeField(m_dir + "/plane.out", "wall.g6a", { 0, 1, 2, 3, 4, 5 }, { 0, 1, 2 },
+			   { { 1, 2, 3, 4, 5, 6 }, { 7, 8, 9, 10, 11, 12 }, { 13, 14, 15, 16, 17, 18 } });
+	handler().refreshMapper(0, DATAIO::DataIO::RM_EXPLICIT);
+	ASSERT_TRUE(edit(profilePage, "Time", 2));
+	// the row y = 1 at hour 2: elements 3, 4, 5 hold 3j + i + 1 + 12
+	const std::vector<double> lastRow = { 0.05, 0.15, 0.25, 16, 17, 18 };
+	for (std::size_t i = 0; i < lastRow.size(); ++i)
+		EXPECT_NEAR(values(profile).at(i), lastRow[i], 1e-9);
+
+	// saved and read back with the changes; the pages of the closed session are empty
+	const std::vector<std::vector<double> > saved = { values(profile), values(series), values(mould) };
+	ASSERT_EQ(handler().saveProject(nullptr, m_testDir + "/session.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(handler().loadProject(nullptr, m_testDir + "/session.o2", true));
+	EXPECT_TRUE(rows(profilePage.properties().root()).isEmpty());
+	for (int i = 0; i < 3; ++i)
+		EXPECT_EQ(values(*handler().project().mapperModel()->mapper(i)), saved[static_cast<std::size_t>(i)]) << i;
+}

@@ -14,6 +14,7 @@ class SessionPanel;
 
 namespace OVP {
 class ProgressNotifier;
+class PropertyPanel;
 }
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
@@ -32,6 +33,8 @@ class OVAMainWindow : public QMainWindow {
 public:
 	/*! Width of the session panel on the first start, in pixels. */
 	static constexpr int SESSION_PANEL_WIDTH = 460;
+	/*! Width of the property panel on the first start, in pixels. */
+	static constexpr int PROPERTY_PANEL_WIDTH = 340;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);
@@ -87,6 +90,10 @@ private:
 	void setupMenus();
 	/*! Puts the session panel into a dock on the left. */
 	void setupSessionPanel();
+	/*! Puts the property panel into a dock on the right. */
+	void setupPropertyPanel();
+	/*! Shows the chart of the focused view in the property panel. */
+	void onFocusedChartChanged();
 	/*! Asks whether to reload a session file that has been changed by another program. */
 	void checkForExternalChanges();
 
@@ -95,6 +102,10 @@ private:
 	MainView *							m_mainView;
 	SessionPanel *						m_sessionPanel;
 	QDockWidget *						m_sessionDock;
+	OVP::PropertyPanel *				m_propertyPanel;
+	QDockWidget *						m_propertyDock;
+	/*! The double clicks of the chart in the focused view, which open its pages. */
+	QMetaObject::Connection				m_doubleClickConnection;
 	ChartActions *						m_chartActions;
 	std::unique_ptr<DroppedFileOpener>	m_droppedFileOpener;
 	/*! Receives the progress of the data manager's reads. */

@@ -53,6 +53,8 @@ public:
 signals:
 	/*! Data sets were dropped on a view, which is the focused view now. */
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
+	/*! The focused view changed, or the chart it shows. */
+	void focusedChartChanged();
 
 public slots:
 	/*! Shows the chart of the mapper at mapperIndex in the focused view. */

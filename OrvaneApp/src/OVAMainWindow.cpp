@@ -94,7 +94,7 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	if (!state.isEmpty())
 		restoreState(state);
 	else
-		resizeDocks({ m_sessionDock, m_propertyDock }, { SESSION_PANEL_WIDTH, PROPERTY_PANEL_WIDTH }, Qt::Horizontal);
+		resizeDocks({ m_sessionDock }, { SESSION_PANEL_WIDTH }, Qt::Horizontal);
 	// the settings decide, also when the stored window state says otherwise
 	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
 	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {

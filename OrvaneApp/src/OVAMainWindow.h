@@ -33,8 +33,6 @@ class OVAMainWindow : public QMainWindow {
 public:
 	/*! Width of the session panel on the first start, in pixels. */
 	static constexpr int SESSION_PANEL_WIDTH = 460;
-	/*! Width of the property panel on the first start, in pixels. */
-	static constexpr int PROPERTY_PANEL_WIDTH = 340;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);

@@ -19,11 +19,17 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
 
+#include <Sci_Chart.h>
+
+#include <OVP_MapperTreeModel.h>
 #include <OVP_ProgressNotifier.h>
+#include <OVP_Project.h>
 #include <OVP_ProjectHandler.h>
+#include <OVP_PropertyPanel.h>
 #include <OVP_Settings.h>
 
 #include "ChartActions.h"
+#include "ChartView.h"
 #include "ChartExportProperties.h"
 #include "DataManagerPanel.h"
 #include "DroppedFileOpener.h"
@@ -61,6 +67,7 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	m_mainView = new MainView(this);
 	setCentralWidget(m_mainView);
 	setupSessionPanel();
+	setupPropertyPanel();
 	setupMenus();
 	setAcceptDrops(true);
 
@@ -88,10 +95,14 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 		restoreState(state);
 	else
 		resizeDocks({ m_sessionDock }, { SESSION_PANEL_WIDTH }, Qt::Horizontal);
-	// the setting decides, also when the stored window state says otherwise
+	// the settings decide, also when the stored window state says otherwise
 	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
 	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
 		OVP::Settings::instance().m_panelWestVisible = visible;
+	});
+	m_propertyDock->setVisible(OVP::Settings::instance().m_panelEastVisible);
+	connect(m_propertyDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
+		OVP::Settings::instance().m_panelEastVisible = visible;
 	});
 }
 
@@ -266,6 +277,7 @@ void OVAMainWindow::setupMenus() {
 	viewMenu->addAction(a.m_gotoNextSplit);
 	viewMenu->addSeparator();
 	viewMenu->addAction(m_sessionDock->toggleViewAction());
+	viewMenu->addAction(m_propertyDock->toggleViewAction());
 	viewMenu->addSeparator();
 	viewMenu->addAction(a.m_refreshMappers);
 	viewMenu->addAction(a.m_autoRefresh);
@@ -297,6 +309,44 @@ void OVAMainWindow::setupSessionPanel() {
 	connect(dataManager, &DataManagerPanel::addToChartRequested, m_chartActions, &ChartActions::addToCurrentChart);
 	connect(m_mainView->viewManager(), &ViewManager::dataSetsDropped, m_chartActions, &ChartActions::dropDataSets);
 	m_droppedFileOpener.reset(new DroppedFileOpener(*m_mainView, *m_sessionPanel));
+}
+
+
+void OVAMainWindow::setupPropertyPanel() {
+	m_propertyPanel = new OVP::PropertyPanel;
+	m_propertyDock = new QDockWidget(tr("Properties"), this);
+	m_propertyDock->setObjectName("PropertyPanel");
+	m_propertyDock->setWidget(m_propertyPanel);
+	m_propertyDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+	addDockWidget(Qt::RightDockWidgetArea, m_propertyDock);
+	m_propertyDock->toggleViewAction()->setText(tr("Property panel"));
+	connect(m_mainView->viewManager(), &ViewManager::focusedChartChanged, this, &OVAMainWindow::onFocusedChartChanged);
+	connect(m_mainView, &MainView::chartPropertiesRequested, this, &OVAMainWindow::showProperties);
+	onFocusedChartChanged();
+}
+
+
+void OVAMainWindow::onFocusedChartChanged() {
+	OVP::Mapper * mapper = nullptr;
+	const ChartView * view = m_mainView->viewManager()->focusedView();
+	const OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (view != nullptr && view->mapperIndex() >= 0 && handler.isValid())
+		mapper = handler.project().mapperModel()->mapper(view->mapperIndex());
+	m_propertyPanel->setMapper(mapper);
+
+	// the first click of a double click focuses the view, so the focused chart is the one clicked
+	disconnect(m_doubleClickConnection);
+	SCI::Chart * chart = m_mainView->viewManager()->currentChart();
+	if (chart == nullptr)
+		return;
+	m_doubleClickConnection = connect(chart, &SCI::Chart::elementDoubleClicked, this, &OVAMainWindow::showProperties);
+}
+
+
+void OVAMainWindow::showProperties(const SCI::ChartElement & element) {
+	m_propertyDock->show();
+	m_propertyDock->raise();
+	m_propertyPanel->showElement(element);
 }
 
 

@@ -12,8 +12,13 @@ class DroppedFileOpener;
 class MainView;
 class SessionPanel;
 
+namespace SCI {
+struct ChartElement;
+}
+
 namespace OVP {
 class ProgressNotifier;
+class PropertyPanel;
 }
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
@@ -87,6 +92,12 @@ private:
 	void setupMenus();
 	/*! Puts the session panel into a dock on the left. */
 	void setupSessionPanel();
+	/*! Puts the property panel into a dock on the right. */
+	void setupPropertyPanel();
+	/*! Shows the chart of the focused view in the property panel. */
+	void onFocusedChartChanged();
+	/*! Shows the property panel with the page of an element of the focused view's chart. */
+	void showProperties(const SCI::ChartElement & element);
 	/*! Asks whether to reload a session file that has been changed by another program. */
 	void checkForExternalChanges();
 
@@ -95,6 +106,10 @@ private:
 	MainView *							m_mainView;
 	SessionPanel *						m_sessionPanel;
 	QDockWidget *						m_sessionDock;
+	OVP::PropertyPanel *				m_propertyPanel;
+	QDockWidget *						m_propertyDock;
+	/*! The double clicks of the chart in the focused view, which open its pages. */
+	QMetaObject::Connection				m_doubleClickConnection;
 	ChartActions *						m_chartActions;
 	std::unique_ptr<DroppedFileOpener>	m_droppedFileOpener;
 	/*! Receives the progress of the data manager's reads. */

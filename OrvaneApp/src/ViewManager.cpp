@@ -234,6 +234,7 @@ void ViewManager::clearViews() {
 		m_root = nullptr;
 	}
 	m_focusedId = -1;
+	emit focusedChartChanged();
 }
 
 
@@ -298,6 +299,7 @@ void ViewManager::setFocusedView(int widgetId) {
 void ViewManager::updateFocusHighlight() {
 	for (ChartView * v : m_views)
 		v->setFocused(m_views.size() > 1 && v->widgetId() == m_focusedId);
+	emit focusedChartChanged();
 }
 
 

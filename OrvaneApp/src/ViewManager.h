@@ -57,6 +57,8 @@ signals:
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
 	/*! The context menu of an element of the focused view's chart was asked for. */
 	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
+	/*! The focused view changed, or the chart it shows. */
+	void focusedChartChanged();
 
 public slots:
 	/*! Shows the chart of the mapper at mapperIndex in the focused view. */

@@ -17,12 +17,16 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <Sci_Chart.h>
+
 #include <OVP_DataManagerTableModel.h>
 #include <OVP_DirectoryTreeModel.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_ProgressNotifier.h>
 #include <OVP_Project.h>
+#include <OVP_PropertyPage.h>
+#include <OVP_PropertyPanel.h>
 
 #include <EM_Extractor2DOutputBase.h>
 #include <ZEB_UnitVector.h>
@@ -225,15 +229,19 @@ TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
 
 
 TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
-	// the panel follows its setting, and the View menu entry changes it
+	// the panels follow their settings, and the View menu entries change them
 	m_settings->m_panelWestVisible = false;
+	m_settings->m_panelEastVisible = false;
 	OVAMainWindow window;
 	window.show();
 	QCoreApplication::processEvents();
-	QAction * toggle = window.findChild<QDockWidget *>("SessionPanel")->toggleViewAction();
-	EXPECT_FALSE(window.sessionPanel()->isVisible());
-	EXPECT_FALSE(toggle->isChecked());
-	toggle->trigger();
+	for (const char * dock : { "SessionPanel", "PropertyPanel" }) {
+		QDockWidget * panelDock = window.findChild<QDockWidget *>(dock);
+		EXPECT_FALSE(panelDock->isVisible());
+		EXPECT_FALSE(panelDock->toggleViewAction()->isChecked());
+		if (dock == std::string("SessionPanel"))
+			panelDock->toggleViewAction()->trigger();
+	}
 	EXPECT_TRUE(window.sessionPanel()->isVisible());
 	EXPECT_TRUE(m_settings->m_panelWestVisible);
 	const QString dir = OVATest::scratchDir("mw-panel");
@@ -271,6 +279,13 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	QCoreApplication::sendEvent(charts, &focusIn);
 	EXPECT_TRUE(charts->currentIndex().isValid());
 	EXPECT_EQ(views->focusedView()->mapperIndex(), 1);
+	// the property panel shows the focused chart; a double click on an axis opens its page
+	OVP::PropertyPanel * properties = window.findChild<OVP::PropertyPanel *>();
+	EXPECT_EQ(properties->mapper(), handler().project().mapperModel()->mapper(1));
+	emit views->currentChart()->elementDoubleClicked(SCI::ChartElement(SCI::ChartElement::Axis, 1));
+	EXPECT_TRUE(properties->isVisible());
+	EXPECT_TRUE(m_settings->m_panelEastVisible);
+	EXPECT_EQ(properties->currentPage()->title(), "y-axis");
 	// a chart made current in the tree goes into the focused view; Delete asks first
 	charts->setCurrentIndex(charts->model()->index(2, 0));
 	EXPECT_EQ(views->focusedView()->mapperIndex(), 2);

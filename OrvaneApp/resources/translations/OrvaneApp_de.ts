@@ -285,6 +285,91 @@
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
     </message>
+    <message>
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message>
+        <source>Property panel</source>
+        <translation>Eigenschaftenbereich</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::ChartPropertyPage</name>
+    <message>
+        <source>Chart</source>
+        <translation>Diagramm</translation>
+    </message>
+    <message>
+        <source>Colour grid</source>
+        <translation>Farbraster</translation>
+    </message>
+    <message>
+        <source>Vector field</source>
+        <translation>Vektorfeld</translation>
+    </message>
+    <message>
+        <source>Series &apos;%1&apos;</source>
+        <translation>Datenreihe &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>The chart does not take this value for &apos;%1&apos;; the log says why.</source>
+        <translation>Das Diagramm übernimmt diesen Wert für &apos;%1&apos; nicht; der Grund steht im Protokoll.</translation>
+    </message>
+    <message>
+        <source>Shown range</source>
+        <translation>Angezeigter Bereich</translation>
+    </message>
+    <message>
+        <source>shown minimum</source>
+        <translation>angezeigtes Minimum</translation>
+    </message>
+    <message>
+        <source>shown maximum</source>
+        <translation>angezeigtes Maximum</translation>
+    </message>
+    <message>
+        <source>The range shown now, after zooming and panning.</source>
+        <translation>Der jetzt angezeigte Bereich, nach Zoomen und Verschieben.</translation>
+    </message>
+    <message>
+        <source>An axis of a line chart is shown while a series uses it.</source>
+        <translation>Eine Achse eines Liniendiagramms wird angezeigt, solange eine Datenreihe sie nutzt.</translation>
+    </message>
+    <message>
+        <source>The %1 must be less than the %2 (%3).</source>
+        <translation>&apos;%1&apos; muss kleiner als &apos;%2&apos; sein (%3).</translation>
+    </message>
+    <message>
+        <source>The %1 must be greater than the %2 (%3).</source>
+        <translation>&apos;%1&apos; muss größer als &apos;%2&apos; sein (%3).</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::ColorMapType</name>
+    <message>
+        <source>Colour map</source>
+        <translation>Farbskala</translation>
+    </message>
+    <message>
+        <source>fading %1</source>
+        <translation>Verlauf nach %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n colours</source>
+        <translation>
+            <numerusform>%n Farbe</numerusform>
+            <numerusform>%n Farben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose a colour map.</source>
+        <translation>Wählen Sie eine Farbskala.</translation>
+    </message>
+    <message>
+        <source>A colour map needs at least two colours.</source>
+        <translation>Eine Farbskala braucht mindestens zwei Farben.</translation>
+    </message>
 </context>
 <context>
     <name>OVP::DataFolderDialog</name>
@@ -640,6 +725,52 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>show chart in view</source>
         <translation>Diagramm in Ansicht zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::SizeType</name>
+    <message>
+        <source>%1 x %2 px</source>
+        <translation>%1 x %2 px</translation>
+    </message>
+    <message>
+        <source>Enter a width and a height.</source>
+        <translation>Geben Sie eine Breite und eine Höhe ein.</translation>
+    </message>
+    <message>
+        <source>Width and height must be between %1 and %2.</source>
+        <translation>Breite und Höhe müssen zwischen %1 und %2 liegen.</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>px</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::StringListType</name>
+    <message>
+        <source>Edit list</source>
+        <translation>Liste bearbeiten</translation>
+    </message>
+    <message>
+        <source>One entry per line:</source>
+        <translation>Ein Eintrag je Zeile:</translation>
+    </message>
+    <message>
+        <source>Enter a list of texts.</source>
+        <translation>Geben Sie eine Liste von Texten ein.</translation>
+    </message>
+    <message>
+        <source>The list must not have empty entries.</source>
+        <translation>Die Liste darf keine leeren Einträge haben.</translation>
     </message>
 </context>
 <context>
@@ -1653,6 +1784,41 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>frame pen</source>
         <translation>Stift des Rahmens</translation>
+    </message>
+</context>
+<context>
+    <name>UndoDataSetSetup</name>
+    <message>
+        <source>change data file of &apos;%1&apos;</source>
+        <translation>Datendatei von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change cut type of &apos;%1&apos;</source>
+        <translation>Schnittart von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change time point of &apos;%1&apos;</source>
+        <translation>Zeitpunkt von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change cut position of &apos;%1&apos;</source>
+        <translation>Schnittposition von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change manipulators of &apos;%1&apos;</source>
+        <translation>Manipulatoren von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change model of &apos;%1&apos;</source>
+        <translation>Modell von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change model parameters of &apos;%1&apos;</source>
+        <translation>Modellparameter von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change data set of &apos;%1&apos;</source>
+        <translation>Datensatz von &apos;%1&apos; ändern</translation>
     </message>
 </context>
 </TS>

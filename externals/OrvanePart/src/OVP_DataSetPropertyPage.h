@@ -35,10 +35,6 @@ public:
 	/*! The entry shown now; it follows series inserted or removed before it. */
 	unsigned int entryIndex() const { return m_entryIndex; }
 
-signals:
-	/*! An edit was refused by the chart; message tells why. Nothing changed. */
-	void editRefused(const QString & message);
-
 protected:
 	void onEditRequested(QPB::Property * property, const QVariant & newValue) override;
 

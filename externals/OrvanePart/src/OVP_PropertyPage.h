@@ -25,6 +25,10 @@ public:
 	/*! The properties shown. */
 	QPB::PropertyModel & properties() { return m_properties; }
 
+signals:
+	/*! An edit was refused; reason says why, as a sentence, for the panel to show. */
+	void editRefused(const QString & reason);
+
 protected:
 	/*! An edit of property to newValue that the property's type accepted; the page changes the
 		session (or refuses with a message) and shows the outcome. */

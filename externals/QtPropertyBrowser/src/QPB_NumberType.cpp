@@ -32,6 +32,8 @@ NumberType::NumberType(bool integer) :
 
 
 QString NumberType::displayText(const Property & property) const {
+	if (isSpecialValue(property, property.value().toDouble()))
+		return property.attribute(SpecialValueText).toString();
 	const QString text = QtExt::ValidatingLineEdit::formatNumber(property.value().toDouble(), decimals(property),
 																 QLocale());
 	const QString unit = property.attribute(Unit).toString();
@@ -41,6 +43,8 @@ QString NumberType::displayText(const Property & property) const {
 
 QString NumberType::check(const Property & property, const QVariant & value) const {
 	const double number = value.toDouble();
+	if (holdsNumber(value) && !m_integer && std::isnan(number) && isSpecialValue(property, number))
+		return QString();
 	if (!holdsNumber(value) || !std::isfinite(number))
 		return m_integer ? tr("Enter a whole number.") : tr("Enter a number.");
 	if (m_integer && number != std::floor(number))
@@ -68,21 +72,34 @@ QWidget * NumberType::createEditor(QWidget * parent, const Property & property) 
 	range(property, minimum, maximum);
 	edit->setMinimum(minimum, !property.attribute(MinimumExclusive).toBool());
 	edit->setMaximum(maximum, !property.attribute(MaximumExclusive).toBool());
+	if (!m_integer)
+		edit->setPlaceholderText(property.attribute(SpecialValueText).toString());
 	return edit;
 }
 
 
 void NumberType::setEditorValue(QWidget * editor, const Property & property) const {
-	static_cast<QtExt::ValidatingLineEdit *>(editor)->setValue(property.value().toDouble());
+	QtExt::ValidatingLineEdit * edit = static_cast<QtExt::ValidatingLineEdit *>(editor);
+	const double value = property.value().toDouble();
+	if (std::isnan(value))
+		edit->clear();
+	else
+		edit->setValue(value);
 }
 
 
 QString NumberType::editorReason(QWidget * editor) const {
-	return static_cast<QtExt::ValidatingLineEdit *>(editor)->invalidReason();
+	const QtExt::ValidatingLineEdit * edit = static_cast<QtExt::ValidatingLineEdit *>(editor);
+	// an empty field is the special value where there is one (the placeholder shows its text)
+	if (isEmptySpecial(edit))
+		return QString();
+	return edit->invalidReason();
 }
 
 
 QVariant NumberType::readEditor(QWidget * editor) const {
+	if (isEmptySpecial(static_cast<QtExt::ValidatingLineEdit *>(editor)))
+		return std::numeric_limits<double>::quiet_NaN();
 	const double number = static_cast<QtExt::ValidatingLineEdit *>(editor)->value();
 	return m_integer ? QVariant(static_cast<int>(std::llround(number))) : QVariant(number);
 }
@@ -93,6 +110,22 @@ void NumberType::range(const Property & property, double & minimum, double & max
 	const double highest = m_integer ? std::numeric_limits<int>::max() : QtExt::ValidatingLineEdit::UNBOUNDED;
 	minimum = std::max(lowest, property.attribute(Minimum, lowest).toDouble());
 	maximum = std::min(highest, property.attribute(Maximum, highest).toDouble());
+}
+
+
+bool NumberType::isSpecialValue(const Property & property, double value) const {
+	if (!property.attribute(SpecialValueText).isValid())
+		return false;
+	if (!m_integer)
+		return std::isnan(value);
+	double minimum, maximum;
+	range(property, minimum, maximum);
+	return value == minimum;
+}
+
+
+bool NumberType::isEmptySpecial(const QtExt::ValidatingLineEdit * edit) const {
+	return !m_integer && !edit->placeholderText().isEmpty() && edit->text().trimmed().isEmpty();
 }
 
 

@@ -5,6 +5,10 @@
 
 #include "QPB_ValueType.h"
 
+namespace QtExt {
+class ValidatingLineEdit;
+}
+
 namespace QPB {
 
 /*! A whole number (id "int", value int) or a floating-point number (id "double", value
@@ -34,6 +38,12 @@ public:
 	static constexpr const char * Decimals = "decimals";
 	/*! Attribute: unit shown after the number, e.g. "px" (QString). */
 	static constexpr const char * Unit = "unit";
+	/*! Attribute: text shown for a special value (QString): the minimum of a whole number, NaN
+		of a floating-point number ("from the data"). A floating-point property with this
+		attribute accepts NaN; its editor takes an empty text as NaN and shows the text as
+		placeholder.
+	*/
+	static constexpr const char * SpecialValueText = "specialValueText";
 
 	/*! The type of whole numbers (integer) or of floating-point numbers. */
 	explicit NumberType(bool integer);
@@ -51,6 +61,10 @@ protected:
 private:
 	/*! The limits of property: the range attributes, for whole numbers at most that of int. */
 	void range(const Property & property, double & minimum, double & maximum) const;
+	/*! True when value is the special value of property (see SpecialValueText). */
+	bool isSpecialValue(const Property & property, double value) const;
+	/*! True for the empty editor of a floating-point property with a special value. */
+	bool isEmptySpecial(const QtExt::ValidatingLineEdit * edit) const;
 	/*! Decimal places of property (0 for whole numbers). */
 	int decimals(const Property & property) const;
 

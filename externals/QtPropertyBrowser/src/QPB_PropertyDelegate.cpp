@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 
+#include "QPB_DialogEditor.h"
 #include "QPB_FontEditor.h"
 #include "QPB_Property.h"
 #include "QPB_PropertyModel.h"
@@ -47,6 +48,8 @@ QWidget * PropertyDelegate::createEditor(QWidget * parent, const QStyleOptionVie
 		connect(combo, QOverload<int>::of(&QComboBox::activated), self, [self, editor]() { emit self->commitData(editor); });
 	else if (FontEditor * fontEditor = qobject_cast<FontEditor *>(editor))
 		connect(fontEditor, &FontEditor::fontChosen, self, [self, editor]() { emit self->commitData(editor); });
+	else if (DialogEditor * dialogEditor = qobject_cast<DialogEditor *>(editor))
+		connect(dialogEditor, &DialogEditor::valueChosen, self, [self, editor]() { emit self->commitData(editor); });
 	return editor;
 }
 

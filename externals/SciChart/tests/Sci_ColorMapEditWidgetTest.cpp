@@ -38,8 +38,6 @@ ColorMap threeStopMap() {
 class SciColorMapEditWidget : public ::testing::Test {
 protected:
 	void SetUp() override {
-		if (!haveWidgetApplication())
-			GTEST_FAIL() << "The test program must create a QApplication for widget tests.";
 		m_widget.reset(new TestColorMapEditWidget);
 		m_widget->setMessageReporter(&m_reporter);
 		m_widget->setColorMap(threeStopMap());

@@ -31,15 +31,10 @@ using SCI::ChartExporter;
 
 namespace {
 
-/*! Gives each test a plot; widgets need a QApplication. */
+/*! Gives each test a fresh test plot. */
 class SciChartExporter : public ::testing::Test {
 protected:
-	void SetUp() override {
-		if (!haveWidgetApplication())
-			GTEST_FAIL() << "The test program must create a QApplication for widget tests.";
-		m_plot = createTestPlot();
-	}
-	std::unique_ptr<QwtPlot> m_plot;
+	std::unique_ptr<QwtPlot> m_plot = createTestPlot();
 };
 
 
@@ -165,18 +160,9 @@ TEST_F(SciChartExporter, VectorFilesHaveTheRequestedSizeAndTitle) {
 		EXPECT_TRUE(info.contains(QRegularExpression("Title:\\s+Export Test"))) << info.toStdString();
 	}
 
-	// the vector files are whole pixels at screen resolution: within one pixel of the size
+	// the EMF header's frame is the picture size in 0.01 mm, inclusive; the vector files are whole
+	// pixels at screen resolution, so within one pixel of the size
 	const double pixelMM = 25.4/ChartExporter::screenResolution();
-	const QString svg = scratchPath("size.svg");
-	exporter.exportVector(m_plot.get(), svg, sizeMM);
-	QFile svgFile(svg);
-	ASSERT_TRUE(svgFile.open(QIODevice::ReadOnly));
-	const QString svgText = QString::fromUtf8(svgFile.readAll());
-	EXPECT_NEAR(capturedNumber(svgText, "<svg width=\"([0-9.]+)mm\""), 100, pixelMM);
-	EXPECT_NEAR(capturedNumber(svgText, "height=\"([0-9.]+)mm\""), 50, pixelMM);
-	EXPECT_TRUE(svgText.contains("<title>Export Test</title>"));
-
-	// the EMF header's frame is the picture size in 0.01 mm, inclusive
 	const QString emf = scratchPath("size.emf");
 	exporter.exportVector(m_plot.get(), emf, sizeMM);
 	QFile emfFile(emf);
@@ -298,22 +284,29 @@ TEST_F(SciChartExporter, FailuresAreReportedWithTheirMessages) {
 		EXPECT_FALSE(QFileInfo::exists(file));
 	}
 
+	// vector sizes: at most 800 mm, positive and finite; a side both invalid and too large is invalid
+	typedef ChartExporter E;
+	const double nan = std::numeric_limits<double>::quiet_NaN();
+	const std::vector<std::pair<QSizeF, E::VectorSizeCheck> > sizes = {
+		{ QSizeF(800, 800), E::SizeValid }, { QSizeF(0.01, 0.01), E::SizeValid }, { QSizeF(801, 100), E::SizeTooLarge },
+		{ QSizeF(100, 800.001), E::SizeTooLarge }, { QSizeF(0, 100), E::SizeInvalid }, { QSizeF(100, -1), E::SizeInvalid },
+		{ QSizeF(nan, 100), E::SizeInvalid }, { QSizeF(-5, 900), E::SizeInvalid }
+	};
 	const QString svg = scratchPath("refused.svg");
-	QFile::remove(svg);
-	auto vectorMessage = [&](const QSizeF & size) -> std::string {
+	for (const auto & c : sizes) {
+		EXPECT_EQ(E::checkVectorSize(c.first), c.second) << c.first.width() << " x " << c.first.height();
+		if (c.second == E::SizeValid)
+			continue;
+		QFile::remove(svg);
 		try {
-			exporter.exportVector(m_plot.get(), svg, size);
+			exporter.exportVector(m_plot.get(), svg, c.first);
+			ADD_FAILURE() << "no exception";
 		}
 		catch (ZEB::Exception & ex) {
-			return ex.what();
+			EXPECT_EQ(std::string(ex.what()), c.second == E::SizeTooLarge ? "Dimensions too large!" : "Invalid graphics dimensions");
 		}
-		return "no exception";
-	};
-	EXPECT_EQ(vectorMessage(QSizeF(801, 100)), "Dimensions too large!");
-	EXPECT_EQ(vectorMessage(QSizeF(100, 800.5)), "Dimensions too large!");
-	EXPECT_EQ(vectorMessage(QSizeF(0, 100)), "Invalid graphics dimensions");
-	EXPECT_EQ(vectorMessage(QSizeF(100, -3)), "Invalid graphics dimensions");
-	EXPECT_FALSE(QFileInfo::exists(svg));
+		EXPECT_FALSE(QFileInfo::exists(svg));
+	}
 
 	EXPECT_THROW(exporter.exportVector(m_plot.get(), scratchPath("chart.txt"), QSizeF(100, 50)), ZEB::Exception);
 	EXPECT_FALSE(QFileInfo::exists(scratchPath("chart.txt")));
@@ -325,23 +318,11 @@ TEST_F(SciChartExporter, FailuresAreReportedWithTheirMessages) {
 }
 
 
-TEST(SciChartExporterSizes, VectorSizeLimitsAndPixelRounding) {
-	typedef ChartExporter E;
-	const double nan = std::numeric_limits<double>::quiet_NaN();
-	EXPECT_EQ(E::checkVectorSize(QSizeF(800, 800)), E::SizeValid);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(0.01, 0.01)), E::SizeValid);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(801, 100)), E::SizeTooLarge);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(100, 800.001)), E::SizeTooLarge);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(0, 100)), E::SizeInvalid);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(100, -1)), E::SizeInvalid);
-	EXPECT_EQ(E::checkVectorSize(QSizeF(nan, 100)), E::SizeInvalid);
-	// a side both invalid and too large is invalid
-	EXPECT_EQ(E::checkVectorSize(QSizeF(-5, 900)), E::SizeInvalid);
-
+TEST(SciChartExporterSizes, VectorPixelRounding) {
 	// 100 mm = 3.937 in = 377.95 px at 96 dpi; 50 mm = 188.98 px; one inch at 300 dpi = 300 px
-	EXPECT_EQ(E::vectorPixelSize(QSizeF(100, 50), 96), QSize(378, 189));
-	EXPECT_EQ(E::vectorPixelSize(QSizeF(25.4, 50.8), 300), QSize(300, 600));
-	EXPECT_EQ(E::vectorPixelSize(QSizeF(0.001, 800), 96), QSize(1, 3024));
+	EXPECT_EQ(ChartExporter::vectorPixelSize(QSizeF(100, 50), 96), QSize(378, 189));
+	EXPECT_EQ(ChartExporter::vectorPixelSize(QSizeF(25.4, 50.8), 300), QSize(300, 600));
+	EXPECT_EQ(ChartExporter::vectorPixelSize(QSizeF(0.001, 800), 96), QSize(1, 3024));
 }
 
 
@@ -385,9 +366,10 @@ TEST_F(SciChartExporter, CommandLineExportRules) {
 	ASSERT_TRUE(D::exportChart(m_plot.get(), svg, QSize(800, 600)));
 	QFile svgFile(svg);
 	ASSERT_TRUE(svgFile.open(QIODevice::ReadOnly));
+	const QString svgText = QString::fromUtf8(svgFile.readAll());
 	const double screenDpi = ChartExporter::screenResolution();
-	EXPECT_NEAR(capturedNumber(QString::fromUtf8(svgFile.readAll()), "<svg width=\"([0-9.]+)mm\""),
-				800*25.4/screenDpi, 0.01);
+	EXPECT_NEAR(capturedNumber(svgText, "<svg width=\"([0-9.]+)mm\""), 800*25.4/screenDpi, 0.01);
+	EXPECT_NEAR(capturedNumber(svgText, "height=\"([0-9.]+)mm\""), 600*25.4/screenDpi, 0.01);
 
 	// unknown types, missing charts and failed writes are logged and refused
 	const std::size_t before = capture.m_records.size();

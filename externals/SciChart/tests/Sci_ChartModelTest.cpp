@@ -8,6 +8,7 @@
 #include <Sci_ColorGridSeriesDummyModel.h>
 #include <Sci_LineSeriesDummyModel.h>
 
+#include "Sci_ChartTestModels.h"
 #include "Sci_TestSupport.h"
 
 using namespace SciTest;
@@ -126,7 +127,7 @@ TEST(SciChartModel, AxisSettersWidthsColoursAndSignals) {
 
 TEST(SciChartModel, ChangeBracketsNestAndBalance) {
 	MessageCapture capture;
-	TestLineModel m(4);
+	VectorLineModel m(4);
 	SignalRecorder rec(&m);
 	QSignalSpy changed(&m, &AbstractChartModel::seriesChanged);
 
@@ -164,7 +165,7 @@ TEST(SciChartModel, ChangeBracketsNestAndBalance) {
 
 TEST(SciLineSeriesModel, RolesRecordsAndViewSignals) {
 	MessageCapture capture;
-	TestLineModel m(3);
+	VectorLineModel m(3);
 	QSignalSpy spy(&m, &AbstractChartModel::seriesViewChanged);
 
 	EXPECT_FALSE(m.seriesData(0, 0).isValid());
@@ -205,7 +206,7 @@ TEST(SciLineSeriesModel, RolesRecordsAndViewSignals) {
 
 TEST(SciColorGridSeriesModel, SettersAnnounceRangeAndColourBar) {
 	MessageCapture capture;
-	TestColorGridModel m(true);
+	VectorGridModel m(true);
 	SignalRecorder rec(&m);
 
 	EXPECT_TRUE(std::isnan(m.seriesData(0, 9).toDouble()));
@@ -259,7 +260,7 @@ TEST(SciColorGridSeriesModel, SettersAnnounceRangeAndColourBar) {
 
 TEST(SciVectorFieldSeriesModel, SettersAndDataRoles) {
 	MessageCapture capture;
-	TestVectorModel m(true);
+	VectorFieldTestModel m(true);
 	SignalRecorder rec(&m);
 
 	ASSERT_TRUE(m.setSeriesData(15.6, 0, 14));
@@ -272,7 +273,7 @@ TEST(SciVectorFieldSeriesModel, SettersAndDataRoles) {
 	EXPECT_EQ(m.seriesData(0, 21).toDouble(), 1.0);
 	// magnitudes 5, 0, 1, 0.5
 	EXPECT_EQ(m.seriesData(0, 11).toPointF(), QPointF(0, 5));
-	EXPECT_EQ(m.seriesData(0, 10).toUInt(), ZEB::Unit("kg/m2s").id());
+	EXPECT_EQ(m.seriesData(0, 10).toUInt(), ZEB::Unit("W/m2").id());
 
 	EXPECT_FALSE(m.setSeriesData(1.0, 5, 7));
 	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid series index #5.", "[AbstractVectorPlotSeriesModel::setSeriesData]"));

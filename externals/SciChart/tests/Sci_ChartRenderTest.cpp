@@ -69,6 +69,20 @@ bool colorNear(const QImage & image, const QPoint & p, int r, QRgb c) {
 	return false;
 }
 
+/*! Black arrows of the given maximum length, without raster unless rasterSize > 0, on fixed
+	axes x -0.5..2.5, y -1..1 without grid lines. */
+void blackArrows(VectorFieldTestModel & model, double maxLength, double rasterSize) {
+	model.setSeriesData(rasterSize > 0, 0, VM::VectorFieldRasterEnabled);
+	if (rasterSize > 0)
+		model.setSeriesData(rasterSize, 0, VM::VectorFieldRasterSize);
+	model.setSeriesData(false, 0, VM::VectorFieldColoredArrowsEnabled);
+	model.setSeriesData(QColor(Qt::black), 0, VM::VectorFieldUniformArrowColor);
+	model.setSeriesData(maxLength, 0, VM::VectorFieldMaximumArrowLength);
+	setAxisRange(model, CM::BottomAxis, -0.5, 2.5);
+	setAxisRange(model, CM::LeftAxis, -1, 1);
+	hideGrid(model);
+}
+
 /*! Grey level of value v on a black -> white map over 0..12. */
 QRgb grayOf(double v) {
 	const int g = static_cast<int>(255*v/12);
@@ -135,7 +149,7 @@ TEST(SciChartRender, CurvePixelsLieWhereTheAxisScalesPutThem) {
 }
 
 
-TEST(SciChartRender, ColourGridCellsReachHalfWayToTheirNeighbours) {
+TEST(SciChartRender, ColourGridCellsReachHalfWayToTheirNeighboursWithinAValidRange) {
 	VectorGridModel model;
 	// cell centres: x 0, 1, 3 (edges -0.5, 0.5, 2, 4), y 0, 2 (edges -1, 1, 3)
 	model.setGrid({0, 1, 3}, {0, 2}, 3, 2, &gridValue);
@@ -167,6 +181,13 @@ TEST(SciChartRender, ColourGridCellsReachHalfWayToTheirNeighbours) {
 	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 0.5, 0)), grayOf(0.5), 3));
 	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 0, 1)), grayOf(5), 3));
 	EXPECT_TRUE(similarColor(smooth.pixel(pixelOf(chart, 2, 2)), grayOf(11.5), 3));
+
+	// a value range whose minimum lies above its maximum is reported and draws nothing
+	MessageCapture capture;
+	model.setSeriesData(13.0, 0, GM::ColorGridMinimumZ);
+	const QImage empty = renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid data/z-value range.", "[SciSpectrogramChart::renderImage]"));
+	EXPECT_TRUE(similarColor(empty.pixel(pixelOf(chart, 0.5, 0.5)), qRgb(255, 255, 255), 2));
 }
 
 
@@ -186,22 +207,6 @@ TEST(SciChartRender, ColourGridImageDoesNotDependOnTheNumberOfTiles) {
 	spectrogram->setRenderThreadCount(7);
 	const QImage tiled = renderCanvas(chart, QSize(640, 480));
 	EXPECT_EQ(single, tiled);
-}
-
-
-TEST(SciChartRender, InvalidValueRangeIsReportedAndDrawsNothing) {
-	MessageCapture capture;
-	VectorGridModel model;
-	model.setGrid({0, 1}, {0, 1}, 2, 2, &gridValue);
-	model.setSeriesData(false, 0, GM::ColorGridAutoScale);
-	model.setSeriesData(5.0, 0, GM::ColorGridMinimumZ);
-	model.setSeriesData(1.0, 0, GM::ColorGridMaximumZ);
-	hideGrid(model);
-	SCI::Chart chart;
-	chart.setModel(&model);
-	const QImage image = renderCanvas(chart, QSize(400, 300));
-	EXPECT_TRUE(capture.has(ZEB::MSG_ERROR, "Invalid data/z-value range.", "[SciSpectrogramChart::renderImage]"));
-	EXPECT_TRUE(similarColor(image.pixel(pixelOf(chart, 0.5, 0.5)), qRgb(255, 255, 255), 2));
 }
 
 
@@ -225,15 +230,9 @@ TEST(SciChartVectorField, ZeroVectorDrawsNoArrowEvenWithMinimumLength) {
 	VectorFieldTestModel model;
 	// one row of points; magnitudes 1, 0 and almost 0
 	model.setField({0, 1, 2}, {0}, {1, 0, 1e-9}, {0, 0, 0});
-	model.setSeriesData(false, 0, VM::VectorFieldRasterEnabled);
-	model.setSeriesData(false, 0, VM::VectorFieldColoredArrowsEnabled);
-	model.setSeriesData(QColor(Qt::black), 0, VM::VectorFieldUniformArrowColor);
+	blackArrows(model, 30, 0);
 	model.setSeriesData(SCI::VectorFieldProperties::OriginTail, 0, VM::VectorFieldIndicatorOrigin);
-	model.setSeriesData(30.0, 0, VM::VectorFieldMaximumArrowLength);
 	model.setSeriesData(10.0, 0, VM::VectorFieldMinimumArrowLength);
-	setAxisRange(model, CM::BottomAxis, -0.5, 2.5);
-	setAxisRange(model, CM::LeftAxis, -1, 1);
-	hideGrid(model);
 	SCI::Chart chart;
 	chart.setModel(&model);
 	const QImage image = renderCanvas(chart, QSize(600, 300));
@@ -256,22 +255,16 @@ TEST(SciChartVectorField, ZeroVectorDrawsNoArrowEvenWithMinimumLength) {
 TEST(SciChartVectorField, RasterArrowsOnlyInsideTheField) {
 	VectorFieldTestModel model;
 	model.setField({0, 1}, {0, 1}, {1, 1, 1, 1}, {0, 0, 0, 0});
-	model.setSeriesData(true, 0, VM::VectorFieldRasterEnabled);
-	model.setSeriesData(20.0, 0, VM::VectorFieldRasterSize);
-	model.setSeriesData(false, 0, VM::VectorFieldColoredArrowsEnabled);
-	model.setSeriesData(QColor(Qt::black), 0, VM::VectorFieldUniformArrowColor);
-	model.setSeriesData(10.0, 0, VM::VectorFieldMaximumArrowLength);
+	blackArrows(model, 10, 20);
 	setAxisRange(model, CM::BottomAxis, -1, 2);
 	setAxisRange(model, CM::LeftAxis, -1, 2);
-	hideGrid(model);
 	SCI::Chart chart;
 	chart.setModel(&model);
 	const QImage image = renderCanvas(chart, QSize(600, 600));
-	// the field covers the middle third of the canvas: arrows there, none left and right of it
+	// the field covers the middle third of the canvas: arrows there, none left, right and above it
 	EXPECT_TRUE(darkPixelNear(image, pixelOf(chart, 0.5, 0.5), 15, 128));
-	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, -0.5, 0.5), 40, 200));
-	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, 1.5, 0.5), 40, 200));
-	EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, 0.5, 1.5), 40, 200));
+	for (const QPointF & outside : { QPointF(-0.5, 0.5), QPointF(1.5, 0.5), QPointF(0.5, 1.5) })
+		EXPECT_FALSE(darkPixelNear(image, pixelOf(chart, outside.x(), outside.y()), 40, 200));
 }
 
 

@@ -15,9 +15,16 @@ void VectorLineModel::addSeries(const Series & s) {
 }
 
 
-void VectorLineModel::removeSeries(int index) {
-	beginRemoveSeries(index, index);
-	m_series.erase(m_series.begin() + index);
+void VectorLineModel::insertSeries(int index, int count) {
+	beginInsertSeries(index, index + count - 1);
+	m_series.insert(m_series.begin() + index, static_cast<std::size_t>(count), Series());
+	endInsertSeries();
+}
+
+
+void VectorLineModel::removeSeries(int index, int count) {
+	beginRemoveSeries(index, index + count - 1);
+	m_series.erase(m_series.begin() + index, m_series.begin() + index + count);
 	endRemoveSeries();
 }
 
@@ -43,6 +50,14 @@ void VectorGridModel::setGrid(const std::vector<double> & xGrid, const std::vect
 			m_values.push_back(f(i, j));
 	m_hasGrid = true;
 	endInsertSeries();
+}
+
+
+void VectorGridModel::setSmallGrid() {
+	setGrid({0, 0.1, 0.3, 0.6}, {0, 1, 2}, 3, 2, [](unsigned int i, unsigned int j) {
+		static const double values[] = {5, -2, 7, 1, 9.5, 3};
+		return values[3*j + i];
+	});
 }
 
 

@@ -19,11 +19,14 @@ namespace SciTest {
 class VectorLineModel : public SCI::AbstractLineSeriesModel {
 public:
 	struct Series {
-		std::vector<double>	m_x;
-		std::vector<double>	m_y;
+		std::vector<double>	m_x = {0, 1, 2};
+		std::vector<double>	m_y = {20, 21, 19};
 		ZEB::Unit			m_xUnit = ZEB::Unit("h");
 		ZEB::Unit			m_yUnit = ZEB::Unit("C");
 	};
+
+	/*! A model with seriesCount default series of three points. */
+	explicit VectorLineModel(int seriesCount = 0) : m_series(static_cast<std::size_t>(seriesCount)) {}
 
 	unsigned int seriesCount() const override { return static_cast<unsigned int>(m_series.size()); }
 	unsigned int size(int i) const override { return static_cast<unsigned int>(m_series[i].m_x.size()); }
@@ -34,8 +37,10 @@ public:
 
 	/*! Appends a series inside the insertion bracket. */
 	void addSeries(const Series & s);
-	/*! Removes a series inside the removal bracket. */
-	void removeSeries(int index);
+	/*! Inserts count default series at index inside the insertion bracket. */
+	void insertSeries(int index, int count);
+	/*! Removes count series from index inside the removal bracket. */
+	void removeSeries(int index, int count = 1);
 	/*! Replaces the data of a series inside the change bracket. */
 	void changeSeries(int index, const Series & s);
 
@@ -45,6 +50,11 @@ public:
 /*! Colour grid model with grid, values and units as members. */
 class VectorGridModel : public SCI::AbstractColorGridSeriesModel {
 public:
+	/*! Without grid, or with the small grid of setSmallGrid(). */
+	explicit VectorGridModel(bool smallGrid = false) {
+		if (smallGrid)
+			setSmallGrid();
+	}
 	unsigned int seriesCount() const override { return m_hasGrid ? 1 : 0; }
 	unsigned int xGridSize(int) const override { return static_cast<unsigned int>(m_xGrid.size()); }
 	const double * xGrid(int) const override { return m_xGrid.data(); }
@@ -61,6 +71,9 @@ public:
 		insertion of the grid. */
 	void setGrid(const std::vector<double> & xGrid, const std::vector<double> & yGrid, unsigned int nx,
 				 unsigned int ny, double (*f)(unsigned int, unsigned int));
+	/*! Sets the 3 x 2 grid with cell edges x 0, 0.1, 0.3, 0.6 and y 0, 1, 2 and the values
+		5, -2, 7 (first row) and 1, 9.5, 3. */
+	void setSmallGrid();
 
 	bool				m_hasGrid = false;
 	std::vector<double>	m_xGrid;
@@ -74,6 +87,11 @@ public:
 /*! Vector field model with grid and components as members. */
 class VectorFieldTestModel : public SCI::AbstractVectorFieldSeriesModel {
 public:
+	/*! Without field, or with the small field of setSmallField(). */
+	explicit VectorFieldTestModel(bool smallField = false) {
+		if (smallField)
+			setSmallField();
+	}
 	unsigned int seriesCount() const override { return m_hasField ? 1 : 0; }
 	unsigned int xGridSize(int) const override { return static_cast<unsigned int>(m_x.size()); }
 	const double * xGrid(int) const override { return m_x.data(); }
@@ -88,6 +106,8 @@ public:
 	/*! Sets the field, announced as insertion. */
 	void setField(const std::vector<double> & x, const std::vector<double> & y,
 				  const std::vector<double> & u, const std::vector<double> & v);
+	/*! Sets a 2 x 2 field of the magnitudes 5, 0, 1 and 0.5. */
+	void setSmallField() { setField({0, 1}, {0, 1}, {3, 0, -1, 0}, {4, 0, 0, 0.5}); }
 
 	bool				m_hasField = false;
 	std::vector<double>	m_x, m_y, m_u, m_v;

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include <QApplication>
 #include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
@@ -20,11 +19,6 @@ const QColor PLOT_BACKGROUND(190, 210, 255);
 const QColor CANVAS_BACKGROUND(255, 255, 190);
 const QColor CURVE_COLOR(230, 0, 0);
 const QColor TITLE_COLOR(0, 110, 0);
-
-bool haveWidgetApplication() {
-	return qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr;
-}
-
 
 std::unique_ptr<QwtPlot> createTestPlot() {
 	std::unique_ptr<QwtPlot> plot(new QwtPlot);

@@ -23,9 +23,6 @@ extern const QColor CANVAS_BACKGROUND;
 extern const QColor CURVE_COLOR;
 extern const QColor TITLE_COLOR;
 
-/*! True when the process has a QApplication, which widgets need. */
-bool haveWidgetApplication();
-
 /*! A plot as charts look, 600 x 400 pixels on screen: the dark green bold title "Export Test" at the top, axis
 	titles, a red sine curve three pixels wide named "Temperature", a legend at the bottom, a
 	light blue plot background and a light yellow canvas.

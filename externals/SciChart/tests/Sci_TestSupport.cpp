@@ -37,26 +37,6 @@ SignalRecorder::SignalRecorder(SCI::AbstractChartModel * model) {
 }
 
 
-TestLineModel::TestLineModel(int seriesCount) :
-	m_count(seriesCount)
-{
-}
-
-
-void TestLineModel::insertSeries(int index, int count) {
-	beginInsertSeries(index, index + count - 1);
-	m_count += count;
-	endInsertSeries();
-}
-
-
-void TestLineModel::removeSeries(int index, int count) {
-	beginRemoveSeries(index, index + count - 1);
-	m_count -= count;
-	endRemoveSeries();
-}
-
-
 QStringList childNames(const TiXmlElement * e) {
 	QStringList names;
 	for (const TiXmlElement * c = e->FirstChildElement(); c != nullptr; c = c->NextSiblingElement())

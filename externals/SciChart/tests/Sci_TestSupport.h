@@ -13,9 +13,6 @@
 #include <ZEB_Unit.h>
 
 #include <Sci_AbstractBarSeriesModel.h>
-#include <Sci_AbstractColorGridSeriesModel.h>
-#include <Sci_AbstractLineSeriesModel.h>
-#include <Sci_AbstractVectorFieldSeriesModel.h>
 
 class TiXmlElement;
 
@@ -46,69 +43,6 @@ public:
 	QStringList m_signals;
 private:
 	QObject m_context;
-};
-
-/*! Line model with series of three points each, x in "h", y in "C". */
-class TestLineModel : public SCI::AbstractLineSeriesModel {
-public:
-	explicit TestLineModel(int seriesCount);
-	unsigned int seriesCount() const override { return static_cast<unsigned int>(m_count); }
-	unsigned int size(int) const override { return 3; }
-	const double * xValues(int) const override { return m_x; }
-	const double * yValues(int) const override { return m_y; }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("h"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("C"); }
-	/*! Inserts count series at index, inside the insertion bracket. */
-	void insertSeries(int index, int count);
-	/*! Removes count series from index, inside the removal bracket. */
-	void removeSeries(int index, int count);
-private:
-	int		m_count;
-	double	m_x[3] = {0, 1, 2};
-	double	m_y[3] = {20, 21, 19};
-};
-
-/*! Colour grid model with an optional 3 x 2 grid given by cell edges. */
-class TestColorGridModel : public SCI::AbstractColorGridSeriesModel {
-public:
-	explicit TestColorGridModel(bool hasGrid) : m_hasGrid(hasGrid) {}
-	unsigned int seriesCount() const override { return m_hasGrid ? 1 : 0; }
-	unsigned int xGridSize(int) const override { return 4; }
-	const double * xGrid(int) const override { return m_xGrid; }
-	unsigned int yGridSize(int) const override { return 3; }
-	const double * yGrid(int) const override { return m_yGrid; }
-	unsigned int xValueSize(int) const override { return 3; }
-	unsigned int yValueSize(int) const override { return 2; }
-	const double * values(int) const override { return m_values; }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit valueUnit(int) const override { return ZEB::Unit("C"); }
-private:
-	bool	m_hasGrid;
-	double	m_xGrid[4] = {0, 0.1, 0.3, 0.6};
-	double	m_yGrid[3] = {0, 1, 2};
-	double	m_values[6] = {5, -2, 7, 1, 9.5, 3};
-};
-
-/*! Vector field model with an optional 2 x 2 field. */
-class TestVectorModel : public SCI::AbstractVectorFieldSeriesModel {
-public:
-	explicit TestVectorModel(bool hasField) : m_hasField(hasField) {}
-	unsigned int seriesCount() const override { return m_hasField ? 1 : 0; }
-	unsigned int xGridSize(int) const override { return 2; }
-	const double * xGrid(int) const override { return m_grid; }
-	unsigned int yGridSize(int) const override { return 2; }
-	const double * yGrid(int) const override { return m_grid; }
-	const double * xComponents(int) const override { return m_u; }
-	const double * yComponents(int) const override { return m_v; }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit valueUnit(int) const override { return ZEB::Unit("kg/m2s"); }
-private:
-	bool	m_hasField;
-	double	m_grid[2] = {0, 1};
-	double	m_u[4] = {3, 0, -1, 0};
-	double	m_v[4] = {4, 0, 0, 0.5};
 };
 
 /*! Bar model with two bar positions per series. */

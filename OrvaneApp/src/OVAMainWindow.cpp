@@ -93,8 +93,12 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	}
 	if (!state.isEmpty())
 		restoreState(state);
-	else
-		resizeDocks({ m_sessionDock }, { SESSION_PANEL_WIDTH }, Qt::Horizontal);
+	else {
+		// the docks get their widths once the window has its size
+		QTimer::singleShot(0, this, [this]() {
+			resizeDocks({ m_sessionDock, m_propertyDock }, { SESSION_PANEL_WIDTH, PROPERTY_PANEL_WIDTH }, Qt::Horizontal);
+		});
+	}
 	// the settings decide, also when the stored window state says otherwise
 	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
 	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {

@@ -36,7 +36,9 @@ class OVAMainWindow : public QMainWindow {
 	Q_OBJECT
 public:
 	/*! Width of the session panel on the first start, in pixels. */
-	static constexpr int SESSION_PANEL_WIDTH = 460;
+	static constexpr int SESSION_PANEL_WIDTH = 420;
+	/*! Width of the property panel on the first start. */
+	static constexpr int PROPERTY_PANEL_WIDTH = 360;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);

@@ -234,7 +234,13 @@ void ChartPropertyPage::addEntry(const RT::Entry & entry, std::map<QString, QPB:
 	QPB::Property *& group = groups[entry.group()];
 	if (group == nullptr)
 		group = properties().root()->addGroup(entry.group());
-	QPB::Property * p = group->addChild(entry.name(), typeOf(entry.m_kind), shownValue(entry, modelValue(entry.m_role)));
+	// "legend position" reads "position" under "Legend": the panel is narrow
+	QString name = entry.name();
+	const QString prefix = entry.group() + " ";
+	if (name.startsWith(prefix, Qt::CaseInsensitive) && name.size() > prefix.size())
+		name = name.mid(prefix.size());
+	QPB::Property * p = group->addChild(name, typeOf(entry.m_kind), shownValue(entry, modelValue(entry.m_role)));
+	p->setToolTip(entry.name());
 	p->setTag(entry.m_role);
 	switch (entry.m_kind) {
 		case RT::IntEditor : case RT::DoubleEditor : case RT::SizeEditor :

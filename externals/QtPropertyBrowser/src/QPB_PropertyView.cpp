@@ -41,14 +41,33 @@ void PropertyView::setModel(QAbstractItemModel * model) {
 		return;
 	// a model shown before may still send its signals: they are ignored
 	connect(model, &QAbstractItemModel::rowsInserted, this, [this, model](const QModelIndex & parent, int first, int last) {
-		if (model == this->model())
+		if (model == this->model()) {
 			layoutRows(parent, first, last);
+			fitNameColumn();
+		}
 	});
 	connect(model, &QAbstractItemModel::modelReset, this, [this, model]() {
-		if (model == this->model())
+		if (model == this->model()) {
 			layoutRows(QModelIndex(), 0, model->rowCount() - 1);
+			fitNameColumn();
+		}
 	});
 	layoutRows(QModelIndex(), 0, model->rowCount() - 1);
+	fitNameColumn();
+}
+
+
+void PropertyView::resizeEvent(QResizeEvent * event) {
+	QTreeView::resizeEvent(event);
+	fitNameColumn();
+}
+
+
+void PropertyView::fitNameColumn() {
+	if (model() == nullptr)
+		return;
+	const int widest = sizeHintForColumn(0);
+	setColumnWidth(0, qMin(widest, viewport()->width()*3/5));
 }
 
 

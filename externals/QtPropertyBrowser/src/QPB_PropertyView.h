@@ -35,6 +35,8 @@ protected:
 	void keyPressEvent(QKeyEvent * event) override;
 	/*! A click into a value cell opens its editor. */
 	void mousePressEvent(QMouseEvent * event) override;
+	/*! The name column keeps its fitted width. */
+	void resizeEvent(QResizeEvent * event) override;
 
 private:
 	/*! The next (or previous) visible value cell after from that can be edited or checked. */
@@ -43,6 +45,9 @@ private:
 		columns and expands the groups; compound values (font, pen) stay collapsed.
 	*/
 	void layoutRows(const QModelIndex & parent, int first, int last);
+	/*! Makes the name column as wide as its widest name, but at most 60 % of the view, so
+		that the values keep room. */
+	void fitNameColumn();
 };
 
 } // namespace QPB

@@ -13,6 +13,21 @@
     </message>
 </context>
 <context>
+    <name>ChartStyleLibrary</name>
+    <message>
+        <source>Save chart style/format</source>
+        <translation>Diagrammstil/-format speichern</translation>
+    </message>
+    <message>
+        <source>Enter a description for the style (will be used as filename):</source>
+        <translation>Geben Sie eine Beschreibung für den Stil ein (wird als Dateiname verwendet):</translation>
+    </message>
+    <message>
+        <source>Style/Format name already exists. Overwrite?</source>
+        <translation>Ein Stil/Format mit diesem Namen existiert bereits. Überschreiben?</translation>
+    </message>
+</context>
+<context>
     <name>ChartView</name>
     <message>
         <source>Chart:</source>
@@ -185,6 +200,58 @@
     <message>
         <source>Redo: %1</source>
         <translation>Wiederherstellen: %1</translation>
+    </message>
+    <message>
+        <source>Save current chart style/format...</source>
+        <translation>Stil/Format des aktuellen Diagramms speichern...</translation>
+    </message>
+    <message>
+        <source>Apply saved chart style/format</source>
+        <translation>Gespeicherten Diagrammstil/-format anwenden</translation>
+    </message>
+    <message>
+        <source>Save chart style/format</source>
+        <translation>Diagrammstil/-format speichern</translation>
+    </message>
+    <message>
+        <source>The current view shows no chart.</source>
+        <translation>Die aktuelle Ansicht zeigt kein Diagramm.</translation>
+    </message>
+    <message>
+        <source>(no saved styles)</source>
+        <translation>(keine gespeicherten Stile)</translation>
+    </message>
+    <message>
+        <source>Apply chart style/format</source>
+        <translation>Diagrammstil/-format anwenden</translation>
+    </message>
+    <message>
+        <source>Apply style/format: &apos;%1</source>
+        <translation>Stil/Format anwenden: &apos;%1</translation>
+    </message>
+    <message>
+        <source>Axis properties...</source>
+        <translation>Eigenschaften der Achse...</translation>
+    </message>
+    <message>
+        <source>Series properties...</source>
+        <translation>Eigenschaften der Datenreihe...</translation>
+    </message>
+    <message>
+        <source>Colour map properties...</source>
+        <translation>Eigenschaften der Farbskala...</translation>
+    </message>
+    <message>
+        <source>Legend properties...</source>
+        <translation>Eigenschaften der Legende...</translation>
+    </message>
+    <message>
+        <source>Chart properties...</source>
+        <translation>Eigenschaften des Diagramms...</translation>
+    </message>
+    <message>
+        <source>Reset zoom</source>
+        <translation>Zoom zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -476,6 +543,77 @@
     </message>
 </context>
 <context>
+    <name>OVP::DataSetPropertyPage</name>
+    <message>
+        <source>Data set &apos;%1&apos;</source>
+        <translation>Datensatz &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>Data set</source>
+        <translation>Datensatz</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>File %1</source>
+        <translation>Datei %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Quantity %1</source>
+        <translation>Messgröße %1</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Messgröße</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Schnitt</translation>
+    </message>
+    <message>
+        <source>Cut type</source>
+        <translation>Schnitttyp</translation>
+    </message>
+    <message>
+        <source>Manipulators</source>
+        <translation>Manipulatoren</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Manipulator %1</source>
+        <translation>Manipulator %1</translation>
+    </message>
+    <message>
+        <source>Add manipulator</source>
+        <translation>Manipulator hinzufügen</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Parameter %1, default %2</source>
+        <translation>Parameter %1, Vorgabe %2</translation>
+    </message>
+</context>
+<context>
     <name>OVP::MapperTreeModel</name>
     <message>
         <source>follow last time point</source>
@@ -726,6 +864,14 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
         <source>show chart in view</source>
         <translation>Diagramm in Ansicht zeigen</translation>
     </message>
+    <message>
+        <source>remove series &apos;%1&apos;</source>
+        <translation>Datenreihe &apos;%1&apos; entfernen</translation>
+    </message>
+    <message>
+        <source>apply chart style &apos;%1&apos;</source>
+        <translation>Diagrammstil &apos;%1&apos; anwenden</translation>
+    </message>
 </context>
 <context>
     <name>OVP::SizeType</name>
@@ -778,6 +924,296 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>Restore from backup</source>
         <translation>Aus Sicherung wiederherstellen</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::BoolType</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Choose yes or no.</source>
+        <translation>Wählen Sie Ja oder Nein.</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::ColorComboBox</name>
+    <message>
+        <source>Other...</source>
+        <translation>Andere...</translation>
+    </message>
+    <message>
+        <source>Choose a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::ColorType</name>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Dark grey</source>
+        <translation>Dunkelgrau</translation>
+    </message>
+    <message>
+        <source>Light grey</source>
+        <translation>Hellgrau</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Dark red</source>
+        <translation>Dunkelrot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Dark green</source>
+        <translation>Dunkelgrün</translation>
+    </message>
+    <message>
+        <source>Cyan</source>
+        <translation>Cyan</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Dark blue</source>
+        <translation>Dunkelblau</translation>
+    </message>
+    <message>
+        <source>Magenta</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>Violet</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Choose a colour.</source>
+        <translation>Wählen Sie eine Farbe.</translation>
+    </message>
+    <message>
+        <source>The colour must not be transparent.</source>
+        <translation>Die Farbe darf nicht transparent sein.</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::CoordinateIndexType</name>
+    <message>
+        <source>Choose a coordinate.</source>
+        <translation>Wählen Sie eine Koordinate.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Index %1 lies outside the %n coordinate values.</source>
+        <translation>
+            <numerusform>Index %1 liegt außerhalb des einzigen Koordinatenwerts.</numerusform>
+            <numerusform>Index %1 liegt außerhalb der %n Koordinatenwerte.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>follow last time point</source>
+        <translation>letztem Zeitpunkt folgen</translation>
+    </message>
+    <message>
+        <source>index %1</source>
+        <translation>Index %1</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::DateTimeType</name>
+    <message>
+        <source>Enter a valid date and time.</source>
+        <translation>Geben Sie ein gültiges Datum mit Uhrzeit ein.</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::EnumType</name>
+    <message numerus="yes">
+        <source>Choose one of the %n entries.</source>
+        <translation>
+            <numerusform>Wählen Sie den einzigen Eintrag.</numerusform>
+            <numerusform>Wählen Sie einen der %n Einträge.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>QPB::FontEditor</name>
+    <message>
+        <source>Choose a font</source>
+        <translation>Schrift wählen</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::FontType</name>
+    <message>
+        <source>%1 pt</source>
+        <translation>%1 pt</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>bold</source>
+        <translation>fett</translation>
+    </message>
+    <message>
+        <source>italic</source>
+        <translation>kursiv</translation>
+    </message>
+    <message>
+        <source>Choose a font.</source>
+        <translation>Wählen Sie eine Schrift.</translation>
+    </message>
+    <message>
+        <source>The font family must not be empty.</source>
+        <translation>Die Schriftfamilie darf nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>The font size must be greater than 0 and at most %1.</source>
+        <translation>Die Schriftgröße muss größer als 0 und höchstens %1 sein.</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>Familie</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>pt</source>
+        <translation>pt</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Kursiv</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::NumberType</name>
+    <message>
+        <source>Enter a whole number.</source>
+        <translation>Geben Sie eine ganze Zahl ein.</translation>
+    </message>
+    <message>
+        <source>Enter a number.</source>
+        <translation>Geben Sie eine Zahl ein.</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::PenType</name>
+    <message>
+        <source>No line</source>
+        <translation>Keine Linie</translation>
+    </message>
+    <message>
+        <source>Solid</source>
+        <translation>Durchgezogen</translation>
+    </message>
+    <message>
+        <source>Dashed</source>
+        <translation>Gestrichelt</translation>
+    </message>
+    <message>
+        <source>Dotted</source>
+        <translation>Gepunktet</translation>
+    </message>
+    <message>
+        <source>Dash-dot</source>
+        <translation>Strich-Punkt</translation>
+    </message>
+    <message>
+        <source>Dash-dot-dot</source>
+        <translation>Strich-Punkt-Punkt</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Benutzerdefiniert</translation>
+    </message>
+    <message>
+        <source>Choose a pen.</source>
+        <translation>Wählen Sie einen Stift.</translation>
+    </message>
+    <message>
+        <source>Choose a colour.</source>
+        <translation>Wählen Sie eine Farbe.</translation>
+    </message>
+    <message>
+        <source>Choose one of the line styles.</source>
+        <translation>Wählen Sie eine der Linienarten.</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>px</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::PropertyModel</name>
+    <message>
+        <source>Property</source>
+        <translation>Eigenschaft</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+</context>
+<context>
+    <name>QPB::StringType</name>
+    <message>
+        <source>Enter a text.</source>
+        <translation>Geben Sie einen Text ein.</translation>
+    </message>
+    <message>
+        <source>The text must not be empty.</source>
+        <translation>Der Text darf nicht leer sein.</translation>
     </message>
 </context>
 <context>

@@ -112,6 +112,10 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 
 
 OVAMainWindow::~OVAMainWindow() {
+	// the views are torn down after this window and announce it; nothing may reach this window then
+	m_mainView->viewManager()->disconnect(this);
+	m_mainView->disconnect(this);
+	disconnect(m_doubleClickConnection);
 	OVP::ProjectHandler::instance().dataManager().setProgressNotifier(nullptr);
 	m_self = nullptr;
 }

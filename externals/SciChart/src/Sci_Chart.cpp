@@ -11,6 +11,7 @@
 #include <qwt_plot_layout.h>
 #include <qwt_plot_marker.h>
 #include <qwt_plot_panner.h>
+#include <qwt_scale_draw.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text.h>
 #include <qwt_text_label.h>
@@ -283,6 +284,45 @@ void Chart::updatePlot() {
 		replot();
 	if (m_zoomer->zoomRectIndex() == 0)
 		m_zoomer->setZoomBase(false);
+}
+
+
+void Chart::updateLayout() {
+	QwtPlot::updateLayout();
+	// The plot measures the room for the end labels only when it redraws, with the axis lengths
+	// of the layout at that time. A chart drawn before it got its size (e.g. hidden, where a
+	// wrapped title left the axes no length at all) would keep wrong room through every later
+	// resize, and its end labels would be cut. One more pass settles it, as the room depends on
+	// the length only through ticks that do not sit on the ends of the scale.
+	if (updateAxisBorderDistances())
+		QwtPlot::updateLayout();
+}
+
+
+void Chart::showEvent(QShowEvent * event) {
+	QwtPlot::showEvent(event);
+	// hidden axes get their new sizes only when shown, so the layout done while the chart was
+	// hidden measured their labels with the old lengths
+	updateLayout();
+}
+
+
+bool Chart::updateAxisBorderDistances() {
+	bool changed = false;
+	for (int axisId = 0; axisId < QwtPlot::axisCnt; ++axisId) {
+		QwtScaleWidget * axis = axisWidget(axisId);
+		// a chart too small to give the axis any length has nothing to measure
+		if (!axisEnabled(axisId) || axis->scaleDraw()->length() <= 0)
+			continue;
+		int start = 0;
+		int end = 0;
+		axis->getBorderDistHint(start, end);
+		if (start != axis->startBorderDist() || end != axis->endBorderDist()) {
+			axis->setBorderDist(start, end);
+			changed = true;
+		}
+	}
+	return changed;
 }
 
 

@@ -93,6 +93,10 @@ public:
 	/*! Watches mouse events on the chart's widgets for double clicks and context menus. */
 	bool eventFilter(QObject * watched, QEvent * event) override;
 
+	/*! Lays out title, axes, canvas and legend, with the room for the end labels of the axes
+		taken from this layout (see updateAxisBorderDistances()). */
+	void updateLayout() override;
+
 signals:
 	/*! The user double-clicked an element of the chart. */
 	void elementDoubleClicked(const SCI::ChartElement & element);
@@ -108,6 +112,10 @@ public slots:
 	void allowUpdateAndReplot();
 	/*! Drops zoom and panning and shows the axes as the model sets them. */
 	void resetView();
+
+protected:
+	/*! Lays the chart out again once its axes are shown with their sizes. */
+	void showEvent(QShowEvent * event) override;
 
 private slots:
 	void onChartChanged(int chartDataRole);
@@ -163,6 +171,9 @@ private:
 	void updatePlot();
 	/*! Fits the scales of a chart with proportional axes around its data. */
 	void fitProportional();
+	/*! Sets the room beyond the canvas edges that each shown axis needs for the labels of its
+		end ticks, measured with the axis' current length; returns true when any room changed. */
+	bool updateAxisBorderDistances();
 
 	AbstractCartesianChartModel *				m_model = nullptr;
 	ChartType									m_chartType = NoChart;

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include <qwt_abstract_legend.h>
@@ -102,11 +103,52 @@ TEST(SciChart, TwoNestedChangeBracketsRedrawOnceAfterTheSecond) {
 	EXPECT_EQ(chart.m_replots, 2);
 	model.setChartData("Fourth title", CDM::TitleText);
 	EXPECT_EQ(chart.m_replots, 3);
+}
 
-	// a long title wraps in a narrow chart rather than being cut off
-	model.setChartData("Temperature and relative humidity at the inner surface of the corner", CDM::TitleText);
-	const QFont font = chart.title().font();
-	EXPECT_GT(chart.title().heightForWidth(150, font), 2*chart.title().heightForWidth(10000, font));
+
+TEST(SciChart, AxesKeepRoomForTheirEndLabelsWhenAChartRedrawnHiddenIsShown) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 2}));
+	model.setChartData("Temperature and relative humidity at the inner surface of the wall corner behind the insulation",
+					   CDM::TitleText);
+	model.setChartData(QFont("DejaVu Sans", 14, QFont::Bold), CDM::TitleFont);
+	for (int hiddenRedraws = 0; hiddenRedraws < 3; ++hiddenRedraws) {
+		QWidget view;
+		QVBoxLayout * layout = new QVBoxLayout(&view);
+		view.resize(550, 415);
+		view.show();
+		SCI::Chart * chart = new SCI::Chart;
+		chart->setModel(&model);
+		QCoreApplication::processEvents();
+		// a long title wraps in a narrow chart rather than being cut off
+		const QwtText title = chart->title();
+		EXPECT_GT(title.heightForWidth(150, title.font()), 2*title.heightForWidth(10000, title.font()));
+		// redrawn while hidden at the plot's default size, where the wrapped title leaves the axes no length
+		for (int i = 0; i < hiddenRedraws; ++i)
+			chart->replot();
+		layout->addWidget(chart);
+		chart->show();
+		for (int i = 0; i < 3; ++i)
+			QCoreApplication::processEvents();
+		for (int axisId : {QwtPlot::yLeft, QwtPlot::xBottom}) {
+			const QwtScaleWidget * axis = chart->axisWidget(axisId);
+			const QwtScaleDraw * draw = axis->scaleDraw();
+			const QwtScaleDiv & div = chart->axisScaleDiv(axisId);
+			// the labels of the first and the last tick lie inside the axis widget, which draws them
+			for (double tick : {div.lowerBound(), div.upperBound()}) {
+				const QRectF label = draw->labelRect(axis->font(), tick).translated(draw->labelPosition(tick));
+				EXPECT_TRUE(QRectF(axis->rect()).contains(label))
+						<< hiddenRedraws << " redraws, axis " << axisId << ", tick " << tick;
+			}
+		}
+		// a redraw at this size keeps the layout (the plot measures its axes anew when it redraws)
+		const QRect canvas = chart->canvas()->geometry();
+		const QRect yAxis = chart->axisWidget(QwtPlot::yLeft)->geometry();
+		chart->replot();
+		QCoreApplication::processEvents();
+		EXPECT_EQ(chart->canvas()->geometry(), canvas) << hiddenRedraws;
+		EXPECT_EQ(chart->axisWidget(QwtPlot::yLeft)->geometry(), yAxis) << hiddenRedraws;
+	}
 }
 
 

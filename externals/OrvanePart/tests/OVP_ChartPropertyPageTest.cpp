@@ -36,29 +36,15 @@ typedef SCI::AbstractLineSeriesModel LM;
 typedef OVP::ChartPropertyPage Page;
 
 /*! A session with a line chart of two series, a colour grid and a vector field, saved. */
-class ChartPropertyPageTest : public ProjectTest {
+class ChartPropertyPageTest : public SampleSessionTest {
 protected:
 	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-		handler().newProject();
+		SampleSessionTest::SetUp();
 		addChart({ "T.out", "RH.out" });
 		addChart({ "plane.out" }, EM::CT_TimeCut);
 		addChart({ "flux.out" }, EM::CT_TimeCut);
 		ASSERT_EQ(handler().saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
 	}
-
-	void addChart(const QStringList & files, EM::CutType cut = EM::CT_NoCut) {
-		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(),
-																		{ { m_dir + "/" + files.front(), 0, cut } });
-		for (int i = 1; i < files.size(); ++i)
-			m->addExtractor({ { m_dir + "/" + files[i] } });
-		m->setName(files.front());
-		handler().addMapper(std::move(m));
-	}
-
-	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
 
 	/*! Every page of a mapper but the series pages after the first. */
 	std::vector<std::unique_ptr<Page> > pagesOf(OVP::Mapper & m) {
@@ -84,8 +70,6 @@ protected:
 		QPB::PropertyModel * model = p->model();
 		return model->setData(model->indexOf(p, QPB::PropertyModel::C_Value), value, Qt::EditRole);
 	}
-
-	QString m_dir;
 };
 
 /*! The roles that are tagged on the properties below p. */

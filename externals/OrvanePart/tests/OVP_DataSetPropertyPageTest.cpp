@@ -61,20 +61,13 @@ std::vector<double> values(const OVP::Mapper & m) {
 	return v;
 }
 
-class DataSetPropertyPageTest : public ProjectTest {
+class DataSetPropertyPageTest : public SampleSessionTest {
 protected:
-	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-		handler().newProject();
-	}
-
 	/*! Adds a chart to the session; returns its mapper. */
 	OVP::Mapper & add(const std::vector<DS> & dataSets, const std::string & model = std::string(),
 					  const std::string & parameter = std::string(), const OVP::Mapper::ManipulatorList & manipulators = {}) {
 		handler().addMapper(OVP::Mapper::createNewMapper(handler().dataManager(), dataSets, model, parameter, manipulators));
-		return *handler().project().mapperModel()->mapper(handler().project().mapperModel()->mapperCount() - 1);
+		return mapper(handler().project().mapperModel()->mapperCount() - 1);
 	}
 
 	/*! The data of a line chart made directly from data sets. */
@@ -83,8 +76,6 @@ protected:
 							   const OVP::Mapper::ManipulatorList & manipulators = {}) {
 		return values(*OVP::Mapper::createNewMapper(handler().dataManager(), dataSets, model, parameter, manipulators));
 	}
-
-	QString m_dir;
 };
 
 } // namespace

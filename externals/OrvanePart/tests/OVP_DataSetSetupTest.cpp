@@ -34,14 +34,8 @@ const unsigned int FOLLOW = EM::ExtractorBase::LAST_INDEX;
 /*! Sample files in a scratch folder: plane.out is a 3 x 2 wall whose element (i, j) holds
 	3j + i + 1 at hour 0 and 6 more at hour 1.
 */
-class DataSetSetupTest : public ProjectTest {
+class DataSetSetupTest : public SampleSessionTest {
 protected:
-	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-	}
-
 	std::unique_ptr<OVP::Mapper> create(const DS & ds, const std::string & model = std::string(),
 										const std::string & parameter = std::string(),
 										const OVP::Mapper::ManipulatorList & manipulators = {}) {
@@ -67,7 +61,6 @@ protected:
 		return text;
 	}
 
-	QString m_dir;
 };
 
 /*! The output of an entry in the chart's units: the sizes, then x, y and the values of a grid. */

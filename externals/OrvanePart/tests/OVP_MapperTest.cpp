@@ -23,14 +23,8 @@ typedef SCI::AbstractCartesianChartModel CM;
 typedef SCI::AbstractLineSeriesModel LM;
 
 /*! A fixture with sample files in a scratch folder. */
-class MapperTest : public ProjectTest {
+class MapperTest : public SampleSessionTest {
 protected:
-	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-	}
-
 	/*! Reads a mapper from the XML text of a Mapper element; throws as readXML(). */
 	std::unique_ptr<OVP::Mapper> readMapper(const QString & xml) {
 		TiXmlDocument doc;
@@ -53,7 +47,6 @@ protected:
 		return {};
 	}
 
-	QString m_dir;
 };
 
 /*! An Extractor element of a file with the given inner elements. */

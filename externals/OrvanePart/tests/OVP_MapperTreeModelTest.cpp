@@ -21,27 +21,16 @@ namespace {
 typedef OVP::MapperTreeModel TM;
 
 /*! Sample files and a fresh session whose mapper model runs under the model tester. */
-class MapperTreeModelTest : public ProjectTest {
+class MapperTreeModelTest : public SampleSessionTest {
 protected:
 	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-		handler().newProject();
+		SampleSessionTest::SetUp();
 		m_model = handler().project().mapperModel();
 		m_tester.reset(new QAbstractItemModelTester(m_model, QAbstractItemModelTester::FailureReportingMode::Fatal));
 	}
 	void TearDown() override {
 		m_tester.reset();
-		ProjectTest::TearDown();
-	}
-
-	/*! Adds a chart of one data set to the session, named after its file, and returns it. */
-	OVP::Mapper & addChart(const QString & file, EM::CutType cut = EM::CT_NoCut) {
-		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/" + file, 0, cut } });
-		m->setName(file);
-		handler().addMapper(std::move(m));
-		return *m_model->mapper(m_model->mapperCount() - 1);
+		SampleSessionTest::TearDown();
 	}
 
 	/*! Adds time series charts named names[i]. */
@@ -87,7 +76,6 @@ protected:
 		return t;
 	}
 
-	QString										m_dir;
 	OVP::MapperTreeModel *						m_model = nullptr;
 	std::unique_ptr<QAbstractItemModelTester>	m_tester;
 };

@@ -9,6 +9,10 @@
 #include <DATAIO_GeoFile.h>
 #include <DATAIO_GeoFileWriter.h>
 
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+
 namespace OVPTest {
 
 int MessageRecorder::count(ZEB::MsgType type, const std::string & text, const std::string & where) const {
@@ -280,6 +284,30 @@ void ProjectTest::SetUp() {
 	m_handler.reset(new OVP::ProjectHandler);
 	m_ui = new TestUserInteraction;
 	m_handler->setUserInteraction(std::unique_ptr<OVP::UserInteraction>(m_ui));
+}
+
+
+void SampleSessionTest::SetUp() {
+	ProjectTest::SetUp();
+	m_dir = m_testDir + "/data";
+	writeSampleData(m_dir);
+	handler().newProject();
+}
+
+
+OVP::Mapper & SampleSessionTest::addChart(const QStringList & files, EM::CutType cut) {
+	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(),
+																	{ { m_dir + "/" + files.front(), 0, cut } });
+	for (int i = 1; i < files.size(); ++i)
+		m->addExtractor({ { m_dir + "/" + files[i] } });
+	m->setName(files.front());
+	handler().addMapper(std::move(m));
+	return mapper(handler().project().mapperModel()->mapperCount() - 1);
+}
+
+
+OVP::Mapper & SampleSessionTest::mapper(int index) {
+	return *handler().project().mapperModel()->mapper(index);
 }
 
 

@@ -16,6 +16,8 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageHandler.h>
 
+#include <EM_CutType.h>
+
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
 #include <OVP_UserInteraction.h>
@@ -155,6 +157,21 @@ protected:
 	std::unique_ptr<OVP::ProjectHandler>	m_handler;
 	TestUserInteraction *					m_ui = nullptr;
 	std::unique_ptr<MessageRecorder>		m_messages;
+};
+
+/*! A project test with the sample result files in m_dir and an empty session. */
+class SampleSessionTest : public ProjectTest {
+protected:
+	void SetUp() override;
+
+	/*! Adds a chart of the first file (with a cut) and a series of each further file, named
+		after the first file; returns it. */
+	OVP::Mapper & addChart(const QStringList & files, EM::CutType cut = EM::CT_NoCut);
+	OVP::Mapper & addChart(const char * file, EM::CutType cut = EM::CT_NoCut) { return addChart(QStringList{ file }, cut); }
+	/*! The chart at a mapper index of the session. */
+	OVP::Mapper & mapper(int index);
+
+	QString	m_dir;
 };
 
 } // namespace OVPTest

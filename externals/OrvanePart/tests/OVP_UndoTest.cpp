@@ -31,13 +31,10 @@ std::vector<double> lineValues(const OVP::Mapper & m, int series) {
 /*! A saved session of three charts (line, colour grid, vector field) shown in three of four
 	views; the mapper model runs under the model tester.
 */
-class UndoTest : public ProjectTest {
+class UndoTest : public SampleSessionTest {
 protected:
 	void SetUp() override {
-		ProjectTest::SetUp();
-		m_dir = m_testDir + "/data";
-		writeSampleData(m_dir);
-		handler().newProject();
+		SampleSessionTest::SetUp();
 		m_tester.reset(new QAbstractItemModelTester(handler().project().mapperModel(),
 													QAbstractItemModelTester::FailureReportingMode::Fatal));
 		addChart("T.out");
@@ -51,15 +48,7 @@ protected:
 	}
 	void TearDown() override {
 		m_tester.reset();
-		ProjectTest::TearDown();
-	}
-
-	/*! Adds a chart of one data set, named after its file. */
-	void addChart(const QString & file, EM::CutType cut = EM::CT_NoCut) {
-		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(),
-																		{ { m_dir + "/" + file, 0, cut } });
-		m->setName(file);
-		handler().addMapper(std::move(m));
+		SampleSessionTest::TearDown();
 	}
 
 	/*! The session file as it would be saved now. */
@@ -68,8 +57,6 @@ protected:
 		handler().project().writeXML(file, false);
 		return readText(file).toStdString();
 	}
-
-	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
 
 	/*! A style file "look" saved from a temperature chart outside the session, with its own
 		title, legend place, pen and axis unit (K). */
@@ -89,7 +76,6 @@ protected:
 		return path;
 	}
 
-	QString											m_dir;
 	std::unique_ptr<QAbstractItemModelTester>		m_tester;
 };
 

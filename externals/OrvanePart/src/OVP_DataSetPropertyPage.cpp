@@ -87,7 +87,12 @@ DataSetPropertyPage::DataSetPropertyPage(Mapper & mapper, unsigned int entryInde
 
 
 QString DataSetPropertyPage::title() const {
-	return isValid() ? tr("Data set '%1'").arg(m_mapper->dataSetTitle(m_entryIndex)) : tr("Data set");
+	return isValid() ? pageTitle(*m_mapper, m_entryIndex) : tr("Data set");
+}
+
+
+QString DataSetPropertyPage::pageTitle(const Mapper & mapper, unsigned int entryIndex) {
+	return tr("Data set '%1'").arg(mapper.dataSetTitle(entryIndex));
 }
 
 

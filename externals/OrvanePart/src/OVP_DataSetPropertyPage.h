@@ -32,6 +32,8 @@ public:
 
 	/*! "Data set '<series title or chart name>'". */
 	QString title() const override;
+	/*! The title of the page of entry entryIndex of mapper, also before the page is made. */
+	static QString pageTitle(const Mapper & mapper, unsigned int entryIndex);
 	/*! The entry shown now; it follows series inserted or removed before it. */
 	unsigned int entryIndex() const { return m_entryIndex; }
 

@@ -119,7 +119,7 @@ void PropertyPageList::rebuild() {
 		addChartPage(ChartPropertyPage::SeriesPage, i, SCI::ChartElement(SCI::ChartElement::Series, i));
 	for (unsigned int i = 0; i < mapper.extractorCount(); ++i) {
 		Entry e;
-		e.m_title = [&mapper, i]() { return DataSetPropertyPage::tr("Data set '%1'").arg(mapper.dataSetTitle(i)); };
+		e.m_title = [&mapper, i]() { return DataSetPropertyPage::pageTitle(mapper, i); };
 		e.m_make = [&mapper, i]() { return new DataSetPropertyPage(mapper, i); };
 		m_entries.push_back(std::move(e));
 	}

@@ -23,6 +23,8 @@ LogWidget::LogWidget(QWidget * parent) :
 	m_view->setUniformItemSizes(true);
 	m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
 	m_view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+	// the panel may shrink to a few lines, leaving the room to the charts
+	m_view->setMinimumHeight(3*m_view->fontMetrics().height());
 
 	QHBoxLayout * buttons = new QHBoxLayout;
 	buttons->setContentsMargins(0, 0, 0, 0);
@@ -63,6 +65,8 @@ QToolButton * LogWidget::addFilterButton(const QString & text, const QList<int> 
 	connect(button, &QToolButton::toggled, m_model, [this, types](bool shown) {
 		for (int type : types)
 			m_model->setTypeShown(type, shown);
+		// the newest lines are the ones of interest
+		m_view->scrollToBottom();
 	});
 	return button;
 }

@@ -250,18 +250,22 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	// the panels follow their settings, and the View menu entries change them
 	m_settings->m_panelWestVisible = false;
 	m_settings->m_panelEastVisible = false;
+	m_settings->m_panelSouthVisible = false;
 	OVAMainWindow window;
 	window.show();
 	QCoreApplication::processEvents();
-	for (const char * dock : { "SessionPanel", "PropertyPanel" }) {
+	for (const char * dock : { "SessionPanel", "PropertyPanel", "LogPanel" }) {
 		QDockWidget * panelDock = window.findChild<QDockWidget *>(dock);
 		EXPECT_FALSE(panelDock->isVisible());
 		EXPECT_FALSE(panelDock->toggleViewAction()->isChecked());
-		if (dock == std::string("SessionPanel"))
+		EXPECT_TRUE(menuActions(window, "&View").contains(panelDock->toggleViewAction()));
+		if (dock != std::string("PropertyPanel"))
 			panelDock->toggleViewAction()->trigger();
 	}
 	EXPECT_TRUE(window.sessionPanel()->isVisible());
+	EXPECT_TRUE(window.findChild<QtExt::LogWidget *>()->isVisible());
 	EXPECT_TRUE(m_settings->m_panelWestVisible);
+	EXPECT_TRUE(m_settings->m_panelSouthVisible);
 	const QString dir = OVATest::scratchDir("mw-panel");
 	createSession(dir, { "T", "RH", "TSurface" });
 	SessionPanel * panel = window.sessionPanel();
@@ -418,13 +422,12 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 }
 
 
-TEST_F(MainWindowTest, ViewMenuShowsLogPanelLogFileAndFullScreen) {
+TEST_F(MainWindowTest, LogPanelLogFileAndFullScreen) {
 	// the program's message handler; what it said before the window exists shows in the log panel
 	OVP::MessageHandler messages;
 	messages.setConsoleVerbosityLevel(0);
 	ZEB::MessageHandler::setCurrent(&messages);
 	ZEB::reportWarning("before the window", "[Test]", 0);
-	m_settings->m_panelSouthVisible = false;
 	OVAMainWindow window;
 	window.setWindowState(Qt::WindowMaximized);
 	window.show();
@@ -436,14 +439,6 @@ TEST_F(MainWindowTest, ViewMenuShowsLogPanelLogFileAndFullScreen) {
 	EXPECT_EQ(log->index(1).data(QtExt::LogModel::TypeRole), ZEB::MSG_ERROR);
 
 	const QList<QAction *> view = menuActions(window, "&View");
-	QDockWidget * logDock = window.findChild<QDockWidget *>("LogPanel");
-	EXPECT_FALSE(logDock->isVisible());
-	ASSERT_TRUE(view.contains(logDock->toggleViewAction()));
-	EXPECT_EQ(logDock->toggleViewAction()->text(), "Log panel");
-	logDock->toggleViewAction()->trigger();
-	EXPECT_TRUE(logDock->isVisible());
-	EXPECT_TRUE(m_settings->m_panelSouthVisible);
-
 	const MainView::Actions & a = window.mainView()->actions();
 	ASSERT_TRUE(view.contains(a.m_fullScreen));
 	EXPECT_EQ(a.m_fullScreen->text(), "Full screen mode");

@@ -8,13 +8,11 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QToolButton>
 
 #include <ZEB_MessageHandler.h>
 
 #include <QtExt_LogFileDialog.h>
 #include <QtExt_LogModel.h>
-#include <QtExt_LogWidget.h>
 
 #include "QtExt_TestSupport.h"
 
@@ -81,24 +79,6 @@ TEST(QtExtLogModel, LinesAreColouredFilteredAndBounded) {
 	// a continuation without line to continue is a line of its own
 	model.append(ZEB::MSG_CONT, "rest");
 	EXPECT_EQ(rows(model), QStringList({ "0:rest" }));
-}
-
-
-TEST(QtExtLogWidget, ButtonsFilterAndClear) {
-	QtExt::LogWidget widget;
-	widget.onMsgReceived(ZEB::MSG_ERROR, "failed");
-	widget.onMsgReceived(ZEB::MSG_DEBUG, "detail");
-	QToolButton * errors = nullptr;
-	for (QToolButton * b : widget.findChildren<QToolButton *>())
-		if (b->text() == "Errors")
-			errors = b;
-	ASSERT_NE(errors, nullptr);
-	errors->click();
-	EXPECT_EQ(rows(*widget.model()), QStringList({ "4:detail" }));
-	errors->click();
-	EXPECT_EQ(widget.model()->rowCount(), 2);
-	widget.findChild<QToolButton *>("clearButton")->click();
-	EXPECT_EQ(widget.model()->lineCount(), 0);
 }
 
 

@@ -1,11 +1,14 @@
 #include "MainView.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QVBoxLayout>
 
 #include <OVP_DialogUserInteraction.h>
@@ -17,9 +20,12 @@
 
 #include <Sci_AbstractCartesianChartModel.h>
 #include <Sci_Chart.h>
+#include <Sci_ChartMimeData.h>
 #include <Sci_ExportDialog.h>
 
 #include <ZEB_Exception.h>
+
+#include <QtExt_LogFileDialog.h>
 
 #include "ChartView.h"
 #include "LogUserInteraction.h"
@@ -79,6 +85,14 @@ MainView::MainView(QWidget * parent) :
 	m_actions.m_refreshMappers = createAction(tr("Refresh charts/data"), QKeySequence(Qt::Key_F5),
 											  this, &MainView::onRefreshMappers);
 	m_actions.m_refreshMappers->setShortcuts({ QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL + Qt::Key_R) });
+	m_actions.m_showLogFile = createAction(tr("Show logfile..."), QKeySequence(), this, &MainView::onShowLogFile);
+	m_actions.m_fullScreen = createAction(tr("Full screen mode"), QKeySequence(Qt::Key_F11),
+										  this, &MainView::onFullScreenModeToggled);
+	m_actions.m_fullScreen->setCheckable(true);
+	m_actions.m_copyChartBitmap = createAction(tr("Copy current chart to clipboard (bitmap)"), QKeySequence(),
+											   this, &MainView::onCopyCurrentChartToClipboard);
+	m_actions.m_copyChartEmf = createAction(tr("Copy current chart to clipboard (emf)"), QKeySequence(),
+											this, &MainView::onCopyCurrentChartToClipboardEMF);
 	m_actions.m_exportCurrentChart = createAction(tr("Export current chart..."), QKeySequence(Qt::CTRL + Qt::Key_E),
 												  this, &MainView::onExportCurrentChart);
 
@@ -305,8 +319,58 @@ void MainView::onChartMenuRequested(const SCI::ChartElement & element, const QPo
 	menu.addMenu(m_chartStylesMenu);
 	menu.addAction(m_actions.m_applyLastChartStyle);
 	menu.addSeparator();
+	menu.addAction(m_actions.m_copyChartBitmap);
+	menu.addAction(m_actions.m_copyChartEmf);
 	menu.addAction(m_actions.m_exportCurrentChart);
 	menu.exec(globalPos);
+}
+
+
+void MainView::onShowLogFile() {
+	if (m_logFileDialog == nullptr)
+		m_logFileDialog = new QtExt::LogFileDialog(this);
+	m_logFileDialog->setLogFile(OVADirectories::logFile());
+	m_logFileDialog->show();
+	m_logFileDialog->raise();
+	m_logFileDialog->activateWindow();
+}
+
+
+void MainView::onFullScreenModeToggled(bool on) {
+	QWidget * mainWindow = window();
+	if (on) {
+		m_stateBeforeFullScreen = mainWindow->windowState();
+		mainWindow->setWindowState(m_stateBeforeFullScreen | Qt::WindowFullScreen);
+	}
+	else {
+		mainWindow->setWindowState(m_stateBeforeFullScreen & ~Qt::WindowFullScreen);
+	}
+}
+
+
+void MainView::onCopyCurrentChartToClipboard() {
+	copyCurrentChart(&SCI::ChartMimeData::bitmap);
+}
+
+
+void MainView::onCopyCurrentChartToClipboardEMF() {
+	copyCurrentChart(&SCI::ChartMimeData::emf);
+}
+
+
+void MainView::copyCurrentChart(std::unique_ptr<QMimeData> (*makeMimeData)(QwtPlot *)) {
+	SCI::Chart * chart = m_viewManager->currentChart();
+	if (chart == nullptr) {
+		m_userInteraction->showCritical(this, tr("Copy chart"), tr("The current view shows no chart that could be copied."));
+		return;
+	}
+	try {
+		QApplication::clipboard()->setMimeData(makeMimeData(chart).release());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		m_userInteraction->showCritical(this, tr("Copy chart"), OVP::exceptionText(ex));
+	}
 }
 
 

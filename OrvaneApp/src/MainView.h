@@ -14,7 +14,13 @@
 
 class QAction;
 class QMenu;
+class QMimeData;
+class QwtPlot;
 class ViewManager;
+
+namespace QtExt {
+class LogFileDialog;
+}
 
 namespace OVP {
 class UserInteraction;
@@ -51,6 +57,11 @@ public:
 		QAction * m_gotoNextSplit;
 		QAction * m_refreshMappers;
 		QAction * m_autoRefresh;
+		QAction * m_showLogFile;
+		/*! Checkable; unchecked puts back the window state from before. */
+		QAction * m_fullScreen;
+		QAction * m_copyChartBitmap;
+		QAction * m_copyChartEmf;
 		QAction * m_exportCurrentChart;
 		QAction * m_storeChartStyle;
 		/*! Applies the style last applied again; its text names the style. */
@@ -95,6 +106,16 @@ public slots:
 	void onRefreshMappers();
 	void onAutoRefreshToggled(bool on);
 	void onAutoRefreshTriggerd();
+	/*! Shows the log file of this run, in a window of its own that may stay open. */
+	void onShowLogFile();
+	/*! Shows the main window on the full screen, or puts back its state from before. */
+	void onFullScreenModeToggled(bool on);
+	/*! Copies the chart of the focused view to the clipboard as bitmap, in its size on screen. */
+	void onCopyCurrentChartToClipboard();
+	/*! Copies the chart of the focused view to the clipboard as enhanced metafile, with a bitmap
+		for programs that take no metafiles.
+	*/
+	void onCopyCurrentChartToClipboardEMF();
 	/*! Opens the export dialog for the chart of the focused view. */
 	void onExportCurrentChart();
 	/*! Rebuilds the submenu of recent sessions from the settings. */
@@ -129,6 +150,10 @@ private:
 	void applyChartStyle(const QString & path);
 	/*! Names the last applied style in its action, disabled when there is none. */
 	void updateLastChartStyleAction();
+	/*! Puts the chart of the focused view on the clipboard as made by makeMimeData; without
+		chart, or when that fails, says so.
+	*/
+	void copyCurrentChart(std::unique_ptr<QMimeData> (*makeMimeData)(QwtPlot *));
 	/*! Creates an action with text, shortcut and the slot it triggers. */
 	template <typename Receiver, typename Slot>
 	QAction * createAction(const QString & text, const QKeySequence & shortcut, Receiver * receiver, Slot slot);
@@ -138,6 +163,10 @@ private:
 	QMenu *									m_recentSessionsMenu;
 	QMenu *									m_chartStylesMenu;
 	QTimer									m_autoRefreshTimer;
+	/*! The window of the log file, made when first shown. */
+	QtExt::LogFileDialog *					m_logFileDialog = nullptr;
+	/*! The main window's state before it went to full screen. */
+	Qt::WindowStates						m_stateBeforeFullScreen;
 	/*! Dialogs of the session handling here: message boxes, or the log in a scripted run. */
 	std::unique_ptr<OVP::UserInteraction>	m_userInteraction;
 };

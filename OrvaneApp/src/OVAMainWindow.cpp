@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -21,7 +22,10 @@
 
 #include <Sci_Chart.h>
 
+#include <QtExt_LogWidget.h>
+
 #include <OVP_MapperTreeModel.h>
+#include <OVP_MessageHandler.h>
 #include <OVP_ProgressNotifier.h>
 #include <OVP_Project.h>
 #include <OVP_ProjectHandler.h>
@@ -68,13 +72,12 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	setCentralWidget(m_mainView);
 	setupSessionPanel();
 	setupPropertyPanel();
+	setupLogPanel();
 	setupMenus();
+	setupStatusBar();
 	setAcceptDrops(true);
 
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
-	m_progressNotifier = new OVP::ProgressNotifier(this);
-	statusBar()->addPermanentWidget(new ReadProgressWidget(m_progressNotifier));
-	handler.dataManager().setProgressNotifier(m_progressNotifier);
 	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &OVAMainWindow::updateWindowTitle);
 	connect(&handler, &OVP::ProjectHandler::modified, this, &OVAMainWindow::updateWindowTitle);
 	// undoing back to the saved state clears the modified mark
@@ -107,6 +110,10 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	m_propertyDock->setVisible(OVP::Settings::instance().m_panelEastVisible);
 	connect(m_propertyDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
 		OVP::Settings::instance().m_panelEastVisible = visible;
+	});
+	m_logDock->setVisible(OVP::Settings::instance().m_panelSouthVisible);
+	connect(m_logDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
+		OVP::Settings::instance().m_panelSouthVisible = visible;
 	});
 }
 
@@ -219,6 +226,9 @@ void OVAMainWindow::closeEvent(QCloseEvent * event) {
 
 void OVAMainWindow::changeEvent(QEvent * event) {
 	QMainWindow::changeEvent(event);
+	// the window manager may end the full screen mode, too
+	if (event->type() == QEvent::WindowStateChange)
+		m_mainView->actions().m_fullScreen->setChecked(isFullScreen());
 	if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_askingForReload
 		&& !OVP::ProjectHandler::instance().dataManager().isReading())
 		checkForExternalChanges();
@@ -286,11 +296,17 @@ void OVAMainWindow::setupMenus() {
 	viewMenu->addSeparator();
 	viewMenu->addAction(m_sessionDock->toggleViewAction());
 	viewMenu->addAction(m_propertyDock->toggleViewAction());
+	viewMenu->addAction(m_logDock->toggleViewAction());
+	viewMenu->addAction(a.m_fullScreen);
 	viewMenu->addSeparator();
 	viewMenu->addAction(a.m_refreshMappers);
 	viewMenu->addAction(a.m_autoRefresh);
+	viewMenu->addSeparator();
+	viewMenu->addAction(a.m_showLogFile);
 
 	QMenu * chartMenu = menuBar()->addMenu(tr("&Chart"));
+	chartMenu->addAction(a.m_copyChartBitmap);
+	chartMenu->addAction(a.m_copyChartEmf);
 	chartMenu->addAction(a.m_exportCurrentChart);
 	chartMenu->addSeparator();
 	chartMenu->addAction(a.m_storeChartStyle);
@@ -331,6 +347,40 @@ void OVAMainWindow::setupPropertyPanel() {
 	connect(m_mainView->viewManager(), &ViewManager::focusedChartChanged, this, &OVAMainWindow::onFocusedChartChanged);
 	connect(m_mainView, &MainView::chartPropertiesRequested, this, &OVAMainWindow::showProperties);
 	onFocusedChartChanged();
+}
+
+
+void OVAMainWindow::setupLogPanel() {
+	QtExt::LogWidget * log = new QtExt::LogWidget;
+	m_logDock = new QDockWidget(tr("Log"), this);
+	m_logDock->setObjectName("LogPanel");
+	m_logDock->setWidget(log);
+	m_logDock->setAllowedAreas(Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
+	addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
+	m_logDock->toggleViewAction()->setText(tr("Log panel"));
+	OVP::MessageHandler * messages = dynamic_cast<OVP::MessageHandler *>(ZEB::MessageHandler::current());
+	if (messages == nullptr)
+		return;
+	for (const OVP::MessageHandler::Message & m : messages->takeBacklog())
+		log->onMsgReceived(m.first, m.second);
+	connect(messages, &OVP::MessageHandler::msgReceived, log, &QtExt::LogWidget::onMsgReceived);
+}
+
+
+void OVAMainWindow::setupStatusBar() {
+	QLabel * autoRefresh = new QLabel;
+	autoRefresh->setObjectName("autoRefreshLabel");
+	const QAction * action = m_mainView->actions().m_autoRefresh;
+	auto showAutoRefresh = [autoRefresh](bool on) {
+		autoRefresh->setText(on ? tr("Auto-refresh on") : tr("Auto-refresh off"));
+	};
+	showAutoRefresh(action->isChecked());
+	connect(action, &QAction::toggled, autoRefresh, showAutoRefresh);
+
+	m_progressNotifier = new OVP::ProgressNotifier(this);
+	statusBar()->addPermanentWidget(new ReadProgressWidget(m_progressNotifier));
+	statusBar()->addPermanentWidget(autoRefresh);
+	OVP::ProjectHandler::instance().dataManager().setProgressNotifier(m_progressNotifier);
 }
 
 

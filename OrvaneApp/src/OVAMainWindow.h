@@ -27,7 +27,8 @@ class PropertyPanel;
 	and folders dropped on it from a file manager are opened (DroppedFileOpener); the chart
 	actions of the data manager and of drops on chart views go to ChartActions.
 
-	While the data manager reads a file, the status bar shows its progress.
+	The status bar tells whether auto-refresh is on and, while the data manager reads a file,
+	shows its progress.
 
 	It also takes the scripted chart exports of the command line. There is exactly one instance,
 	reached through instance().
@@ -96,6 +97,10 @@ private:
 	void setupSessionPanel();
 	/*! Puts the property panel into a dock on the right. */
 	void setupPropertyPanel();
+	/*! Puts the log panel into a dock at the bottom, with the messages of the start-up. */
+	void setupLogPanel();
+	/*! The status bar: auto-refresh state and the progress of reads. */
+	void setupStatusBar();
 	/*! Shows the chart of the focused view in the property panel. */
 	void onFocusedChartChanged();
 	/*! Shows the property panel with the page of an element of the focused view's chart. */
@@ -110,6 +115,7 @@ private:
 	QDockWidget *						m_sessionDock;
 	OVP::PropertyPanel *				m_propertyPanel;
 	QDockWidget *						m_propertyDock;
+	QDockWidget *						m_logDock;
 	/*! The double clicks of the chart in the focused view, which open its pages. */
 	QMetaObject::Connection				m_doubleClickConnection;
 	ChartActions *						m_chartActions;

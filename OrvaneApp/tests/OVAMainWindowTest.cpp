@@ -3,6 +3,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QLabel>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QElapsedTimer>
@@ -13,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QSettings>
 #include <QTableView>
 #include <QTimer>
@@ -23,10 +27,15 @@
 #include <OVP_DirectoryTreeModel.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
+#include <OVP_MessageHandler.h>
 #include <OVP_ProgressNotifier.h>
 #include <OVP_Project.h>
 #include <OVP_PropertyPage.h>
 #include <OVP_PropertyPanel.h>
+
+#include <QtExt_LogFileDialog.h>
+#include <QtExt_LogModel.h>
+#include <QtExt_LogWidget.h>
 
 #include <EM_Extractor2DOutputBase.h>
 #include <ZEB_UnitVector.h>
@@ -35,6 +44,7 @@
 #include "DataManagerPanel.h"
 #include "MainView.h"
 #include "MapperTreeView.h"
+#include "OVADirectories.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
 #include "ReadProgressWidget.h"
@@ -54,6 +64,14 @@ protected:
 		handler().renameMapper(0, "Temperature");
 		EXPECT_TRUE(handler().isModified());
 		return file;
+	}
+
+	/*! The entries of the menu bar's menu with that text. */
+	static QList<QAction *> menuActions(const OVAMainWindow & window, const QString & menu) {
+		for (QAction * a : window.menuBar()->actions())
+			if (a->text() == menu)
+				return a->menu()->actions();
+		return QList<QAction *>();
 	}
 
 	/*! Lets the handler answer save questions with answer; returns the interaction to inspect. */
@@ -232,18 +250,22 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	// the panels follow their settings, and the View menu entries change them
 	m_settings->m_panelWestVisible = false;
 	m_settings->m_panelEastVisible = false;
+	m_settings->m_panelSouthVisible = false;
 	OVAMainWindow window;
 	window.show();
 	QCoreApplication::processEvents();
-	for (const char * dock : { "SessionPanel", "PropertyPanel" }) {
+	for (const char * dock : { "SessionPanel", "PropertyPanel", "LogPanel" }) {
 		QDockWidget * panelDock = window.findChild<QDockWidget *>(dock);
 		EXPECT_FALSE(panelDock->isVisible());
 		EXPECT_FALSE(panelDock->toggleViewAction()->isChecked());
-		if (dock == std::string("SessionPanel"))
+		EXPECT_TRUE(menuActions(window, "&View").contains(panelDock->toggleViewAction()));
+		if (dock != std::string("PropertyPanel"))
 			panelDock->toggleViewAction()->trigger();
 	}
 	EXPECT_TRUE(window.sessionPanel()->isVisible());
+	EXPECT_TRUE(window.findChild<QtExt::LogWidget *>()->isVisible());
 	EXPECT_TRUE(m_settings->m_panelWestVisible);
+	EXPECT_TRUE(m_settings->m_panelSouthVisible);
 	const QString dir = OVATest::scratchDir("mw-panel");
 	createSession(dir, { "T", "RH", "TSurface" });
 	SessionPanel * panel = window.sessionPanel();
@@ -397,4 +419,86 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T");
 	EXPECT_FALSE(handler().isModified());
 	EXPECT_EQ(handler().lastReadTime(), QFileInfo(file).lastModified());
+}
+
+
+TEST_F(MainWindowTest, LogPanelLogFileAndFullScreen) {
+	// the program's message handler; what it said before the window exists shows in the log panel
+	OVP::MessageHandler messages;
+	messages.setConsoleVerbosityLevel(0);
+	ZEB::MessageHandler::setCurrent(&messages);
+	ZEB::reportWarning("before the window", "[Test]", 0);
+	OVAMainWindow window;
+	window.setWindowState(Qt::WindowMaximized);
+	window.show();
+	ZEB::reportError("with the window", "[Test]", 0);
+	ZEB::MessageHandler::setCurrent(m_messages.get());
+	const QtExt::LogModel * log = window.findChild<QtExt::LogWidget *>()->model();
+	ASSERT_EQ(log->rowCount(), 2);
+	EXPECT_EQ(log->index(0).data(), "before the window");
+	EXPECT_EQ(log->index(1).data(QtExt::LogModel::TypeRole), ZEB::MSG_ERROR);
+
+	const QList<QAction *> view = menuActions(window, "&View");
+	const MainView::Actions & a = window.mainView()->actions();
+	ASSERT_TRUE(view.contains(a.m_fullScreen));
+	EXPECT_EQ(a.m_fullScreen->text(), "Full screen mode");
+	EXPECT_EQ(a.m_fullScreen->shortcut(), QKeySequence("F11"));
+	a.m_fullScreen->trigger();
+	EXPECT_TRUE(window.isFullScreen());
+	a.m_fullScreen->trigger();
+	EXPECT_EQ(window.windowState(), Qt::WindowMaximized);
+	EXPECT_FALSE(a.m_fullScreen->isChecked());
+
+	// the log file of this run, in a window of its own
+	ASSERT_TRUE(view.contains(a.m_showLogFile));
+	EXPECT_EQ(a.m_showLogFile->text(), "Show logfile...");
+	EXPECT_TRUE(a.m_showLogFile->shortcut().isEmpty());
+	QDir().mkpath(OVADirectories::userDataDir());
+	OVATest::writeText(OVADirectories::logFile(), "first\nlast\n");
+	a.m_showLogFile->trigger();
+	const QtExt::LogFileDialog * logFile = window.findChild<QtExt::LogFileDialog *>();
+	ASSERT_NE(logFile, nullptr);
+	EXPECT_TRUE(logFile->isVisible());
+	EXPECT_EQ(logFile->text(), "first\nlast\n");
+
+	// the status bar tells whether auto-refresh is on
+	const QLabel * autoRefresh = window.findChild<QLabel *>("autoRefreshLabel");
+	EXPECT_EQ(autoRefresh->text(), "Auto-refresh off");
+	a.m_autoRefresh->setChecked(true);
+	EXPECT_EQ(autoRefresh->text(), "Auto-refresh on");
+	a.m_autoRefresh->setChecked(false);
+}
+
+
+TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
+	OVAMainWindow window;
+	window.mainView()->setScriptedRun();
+	window.show();
+	// the start-up session (an empty one) opens
+	QCoreApplication::processEvents();
+	const MainView::Actions & a = window.mainView()->actions();
+	const QList<QAction *> chart = menuActions(window, "&Chart");
+	ASSERT_TRUE(chart.contains(a.m_copyChartBitmap) && chart.contains(a.m_copyChartEmf));
+	EXPECT_EQ(a.m_copyChartBitmap->text(), "Copy current chart to clipboard (bitmap)");
+	EXPECT_EQ(a.m_copyChartEmf->text(), "Copy current chart to clipboard (emf)");
+	EXPECT_TRUE(a.m_copyChartBitmap->shortcut().isEmpty() && a.m_copyChartEmf->shortcut().isEmpty());
+
+	// without chart in the view, a message and an untouched clipboard
+	QApplication::clipboard()->setText("before");
+	a.m_copyChartEmf->trigger();
+	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Copy chart: The current view shows no chart that could be copied.",
+								"[LogUserInteraction::showCritical]"), 1);
+	EXPECT_EQ(QApplication::clipboard()->text(), "before");
+
+	createSession(OVATest::scratchDir("mw-copy"), { "T" });
+	window.mainView()->viewManager()->showMapper(0);
+	QCoreApplication::processEvents();
+	ASSERT_NE(window.mainView()->viewManager()->currentChart(), nullptr);
+	const QSize size = window.mainView()->viewManager()->currentChart()->size();
+	a.m_copyChartBitmap->trigger();
+	EXPECT_EQ(qvariant_cast<QImage>(QApplication::clipboard()->mimeData()->imageData()).size(), size);
+	a.m_copyChartEmf->trigger();
+	const QMimeData * emf = QApplication::clipboard()->mimeData();
+	EXPECT_TRUE(emf->data("image/x-emf").startsWith(QByteArray("\x01\x00\x00\x00", 4)));
+	EXPECT_EQ(QImage::fromData(emf->data("image/png"), "PNG").size(), size);
 }

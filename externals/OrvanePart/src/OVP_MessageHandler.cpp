@@ -14,8 +14,27 @@ MessageHandler::MessageHandler(QObject * parent) :
 
 void MessageHandler::message(const std::string & msg, ZEB::MsgType type, const char * functionId, int verboseLevel) {
 	ZEB::MessageHandler::message(msg, type, functionId, verboseLevel);
-	if (verboseLevel <= consoleVerbosityLevel())
-		emit msgReceived(type, QString::fromUtf8(msg.data(), static_cast<int>(msg.size())).trimmed());
+	if (verboseLevel > consoleVerbosityLevel())
+		return;
+	const QString text = QString::fromUtf8(msg.data(), static_cast<int>(msg.size())).trimmed();
+	{
+		std::lock_guard<std::mutex> lock(m_backlogMutex);
+		if (m_keepBacklog) {
+			if (m_backlog.size() == BACKLOG_SIZE)
+				m_backlog.erase(m_backlog.begin());
+			m_backlog.emplace_back(type, text);
+		}
+	}
+	emit msgReceived(type, text);
+}
+
+
+std::vector<MessageHandler::Message> MessageHandler::takeBacklog() {
+	std::lock_guard<std::mutex> lock(m_backlogMutex);
+	m_keepBacklog = false;
+	std::vector<Message> taken;
+	taken.swap(m_backlog);
+	return taken;
 }
 
 

@@ -1,7 +1,10 @@
 #ifndef OVP_MessageHandlerH
 #define OVP_MessageHandlerH
 
+#include <mutex>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <QObject>
 #include <QString>
@@ -18,7 +21,18 @@ namespace OVP {
 class MessageHandler : public QObject, public ZEB::MessageHandler {
 	Q_OBJECT
 public:
+	/*! Most messages kept for the log panel until it takes them. */
+	static constexpr std::size_t BACKLOG_SIZE = 1000;
+
+	/*! A signalled message: type and text as in msgReceived(). */
+	using Message = std::pair<int, QString>;
+
 	explicit MessageHandler(QObject * parent = nullptr);
+
+	/*! The messages signalled so far, oldest first (the last BACKLOG_SIZE); from now on no more
+		are kept.
+	*/
+	std::vector<Message> takeBacklog();
 
 	/*! Writes the message like the base handler, then, when verboseLevel is not above the console
 		verbosity level, emits msgReceived() with the type and the trimmed text.
@@ -31,6 +45,12 @@ signals:
 		UTF-8 without leading and trailing white space.
 	*/
 	void msgReceived(int type, QString msg);
+
+private:
+	/*! Guards the backlog: messages may come from any thread. */
+	std::mutex				m_backlogMutex;
+	std::vector<Message>	m_backlog;
+	bool					m_keepBacklog = true;
 };
 
 /*! Target of qInstallMessageHandler(): forwards every diagnostic of the toolkit to the current

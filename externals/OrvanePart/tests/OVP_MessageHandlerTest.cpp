@@ -71,6 +71,23 @@ TEST(OVPMessageHandler, EmitsTrimmedMessagesUpToConsoleLevel) {
 	h.message("more detail\n", ZEB::MSG_PROGRESS, "[Test::c]", 4);
 	ASSERT_EQ(spy.count(), 1);
 	EXPECT_EQ(spy.at(0).at(1).toString(), "detail");
+
+	// the signalled messages were kept for the log panel, until it takes them
+	const std::vector<OVP::MessageHandler::Message> backlog = h.takeBacklog();
+	ASSERT_EQ(backlog.size(), 4u);
+	EXPECT_EQ(backlog[1], OVP::MessageHandler::Message(ZEB::MSG_WARNING, QString::fromUtf8("Temperatur 20 \xc2\xb0" "C")));
+	EXPECT_EQ(backlog[3].second, "detail");
+	h.message("later\n", ZEB::MSG_PROGRESS, "[Test::f]", 1);
+	EXPECT_TRUE(h.takeBacklog().empty());
+
+	// of a flood before the panel exists, the newest messages are kept
+	CapturingHandler flooded;
+	for (std::size_t i = 0; i < OVP::MessageHandler::BACKLOG_SIZE + 5; ++i)
+		flooded.message(std::to_string(i) + "\n");
+	const std::vector<OVP::MessageHandler::Message> newest = flooded.takeBacklog();
+	ASSERT_EQ(newest.size(), OVP::MessageHandler::BACKLOG_SIZE);
+	EXPECT_EQ(newest.front().second, "5");
+	EXPECT_EQ(newest.back().second, QString::number(OVP::MessageHandler::BACKLOG_SIZE + 4));
 }
 
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageLayout>
@@ -12,6 +13,7 @@
 #include <QPdfWriter>
 #include <QScreen>
 #include <QSvgGenerator>
+#include <QTemporaryDir>
 
 #include <qwt_plot.h>
 
@@ -205,6 +207,26 @@ QByteArray ChartExporter::renderSvg(QwtPlot * plot, const QSizeF & sizeMM) const
 	generator.setTitle(plot->title().text());
 	paintVector(plot, generator, sizePx, "clipboard");
 	return buffer.data();
+}
+
+
+QByteArray ChartExporter::renderEmf(QwtPlot * plot, const QSizeF & sizeMM) const {
+	FUNCID(ChartExporter::renderEmf);
+	if (plot == nullptr)
+		throw ZEB::Exception("No chart to export.", FUNC_ID);
+	// a chart larger than the file export allows is still copied as it is on screen
+	if (checkVectorSize(sizeMM) == SizeInvalid)
+		throw ZEB::Exception("Invalid graphics dimensions", FUNC_ID);
+	// the metafile device writes files only
+	const QTemporaryDir dir;
+	if (!dir.isValid())
+		throw ZEB::Exception("Cannot create a temporary directory for the metafile.", FUNC_ID);
+	const QString fileName = dir.filePath("chart.emf");
+	exportEmf(plot, fileName, sizeMM, screenResolution());
+	QFile file(fileName);
+	if (!file.open(QIODevice::ReadOnly))
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot read the metafile '%1'.").arg(fileName.toStdString()), FUNC_ID);
+	return file.readAll();
 }
 
 

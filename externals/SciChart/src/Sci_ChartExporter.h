@@ -96,6 +96,10 @@ public:
 
 	/*! The chart as SVG document of sizeMM, for the clipboard. */
 	QByteArray renderSvg(QwtPlot * plot, const QSizeF & sizeMM) const;
+	/*! The chart as enhanced metafile of sizeMM, for the clipboard; a size beyond
+		MAX_VECTOR_SIZE_MM is taken as it is.
+	*/
+	QByteArray renderEmf(QwtPlot * plot, const QSizeF & sizeMM) const;
 
 	/*! Exports the chart with a size in pixels, as the command line asks for it: bitmaps are
 		rendered in that size at screen resolution and stored with resolution dpi; vector

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QMimeData>
 #include <QRegularExpression>
 
 #include <qwt_plot.h>
@@ -20,6 +21,7 @@
 
 #include <Sci_Chart.h>
 #include <Sci_ChartExporter.h>
+#include <Sci_ChartMimeData.h>
 #include <Sci_ExportDialog.h>
 
 #include "Sci_ChartTestModels.h"
@@ -172,6 +174,32 @@ TEST_F(SciChartExporter, VectorFilesHaveTheRequestedSizeAndTitle) {
 	EXPECT_EQ(header.mid(40, 4), QByteArray(" EMF"));
 	EXPECT_NEAR(int32At(header, 32) + 1, 10000, pixelMM*100);
 	EXPECT_NEAR(int32At(header, 36) + 1, 5000, pixelMM*100);
+}
+
+
+TEST_F(SciChartExporter, ClipboardContentIsTheChartInItsScreenSize) {
+	m_plot->resize(500, 300);
+	const std::unique_ptr<QMimeData> bitmap = SCI::ChartMimeData::bitmap(m_plot.get());
+	const QImage image = qvariant_cast<QImage>(bitmap->imageData());
+	ASSERT_EQ(image.size(), QSize(500, 300));
+	EXPECT_LT(blockDifference(image, directRender(m_plot.get(), QSize(500, 300))), 0.01);
+
+	// the metafile under the names office programs take it by, and a PNG for the others
+	const std::unique_ptr<QMimeData> emf = SCI::ChartMimeData::emf(m_plot.get());
+	const QByteArray bytes = emf->data("image/x-emf");
+	ASSERT_GE(bytes.size(), 88);
+	EXPECT_EQ(int32At(bytes, 0), 1) << "EMR_HEADER";
+	EXPECT_EQ(bytes.mid(40, 4), QByteArray(" EMF"));
+	const double pixelMM = 25.4/ChartExporter::screenResolution();
+	EXPECT_NEAR(int32At(bytes, 32) + 1, 500*pixelMM*100, pixelMM*100);
+	EXPECT_NEAR(int32At(bytes, 36) + 1, 300*pixelMM*100, pixelMM*100);
+	EXPECT_EQ(emf->data("image/emf"), bytes);
+	EXPECT_EQ(emf->data("application/x-qt-windows-mime;value=\"Enhanced Metafile\""), bytes);
+	const QImage png = QImage::fromData(emf->data("image/png"), "PNG");
+	ASSERT_EQ(png.size(), QSize(500, 300));
+	EXPECT_LT(blockDifference(png, image), 0.01);
+
+	EXPECT_THROW(SCI::ChartMimeData::emf(nullptr), ZEB::Exception);
 }
 
 

@@ -74,6 +74,9 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	m_progressNotifier = new OVP::ProgressNotifier(this);
 	statusBar()->addPermanentWidget(new ReadProgressWidget(m_progressNotifier));
+	// the picker's text of the chart under the mouse
+	connect(m_mainView->viewManager(), &ViewManager::pickerTextChanged, this,
+			[this](const QString & text) { statusBar()->showMessage(text); });
 	handler.dataManager().setProgressNotifier(m_progressNotifier);
 	connect(&handler, &OVP::ProjectHandler::projectChanged, this, &OVAMainWindow::updateWindowTitle);
 	connect(&handler, &OVP::ProjectHandler::modified, this, &OVAMainWindow::updateWindowTitle);

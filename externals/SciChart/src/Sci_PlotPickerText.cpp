@@ -22,9 +22,9 @@ namespace {
 
 typedef AbstractCartesianChartModel CM;
 
-/*! A number and its unit; the unit is left out when undefined. */
+/*! A number and its unit; an undefined unit and the unit "-" of plain numbers are left out. */
 QString withUnit(const QString & number, const ZEB::Unit & unit) {
-	if (unit.id() == 0)
+	if (unit.id() == 0 || unit.name() == "-")
 		return number;
 	return number + " " + QString::fromStdString(unit.name());
 }

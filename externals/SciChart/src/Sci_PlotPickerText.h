@@ -19,10 +19,10 @@ class Chart;
 	  (the colour bar is no axis of the grid's plane and is left out, as with vector fields).
 
 	Every number comes with the unit of its axis (the chart model's axis unit, or the unit of the
-	model's data when the axis has none) and with as many decimals as one pixel of its axis
-	resolves. Values on date-time axes are dates in the short date-time format of the default
-	locale (the interface language), with seconds only when a pixel of the axis spans less than
-	a minute.
+	model's data when the axis has none; plain numbers of the unit "-" go without) and with as
+	many decimals as one pixel of its axis resolves. Values on date-time axes are dates in the
+	short date-time format of the default locale (the interface language), with seconds only
+	when a pixel of the axis spans less than a minute.
 */
 class PlotPickerText {
 	Q_DECLARE_TR_FUNCTIONS(PlotPickerText)

@@ -63,6 +63,19 @@ std::vector<double> ramp(int n) {
 	return v;
 }
 
+/*! Two series over x 0..xMax: one rising to 10 on the left axis, one rising to 100 in
+	rightUnit on the right axis; all axes fixed to these ranges. */
+void addTwoAxisSeries(VectorLineModel & model, double xMax, const ZEB::Unit & rightUnit) {
+	model.addSeries(makeSeries({0, xMax}, {0, 10}));
+	VectorLineModel::Series right = makeSeries({0, xMax}, {0, 100});
+	right.m_yUnit = rightUnit;
+	model.addSeries(right);
+	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
+	setAxisRange(model, CM::BottomAxis, 0, xMax);
+	setAxisRange(model, CM::LeftAxis, 0, 10);
+	setAxisRange(model, CM::RightAxis, 0, 100);
+}
+
 double cellValue(unsigned int i, unsigned int j) {
 	return i + 10.0*j;
 }
@@ -551,12 +564,7 @@ TEST(SciChartBars, BarsOfAllSeriesStandSideBySideAtTheirLabels) {
 
 TEST(SciChart, ZoomMovesBothYAxesAndWheelZoomsAroundTheCursor) {
 	VectorLineModel model;
-	model.addSeries(makeSeries({0, 100}, {0, 10}));
-	model.addSeries(makeSeries({0, 100}, {0, 100}));
-	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
-	setAxisRange(model, CM::BottomAxis, 0, 100);
-	setAxisRange(model, CM::LeftAxis, 0, 10);
-	setAxisRange(model, CM::RightAxis, 0, 100);
+	addTwoAxisSeries(model, 100, ZEB::Unit("C"));
 	SCI::Chart chart;
 	chart.setModel(&model);
 	renderCanvas(chart, QSize(600, 400));
@@ -606,14 +614,7 @@ TEST(SciChartPicker, ValuesWithUnitsFieldValuesAndDatesOfTheInterfaceLanguage) {
 	const QLocale previous;
 	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 	VectorLineModel model;
-	model.addSeries(makeSeries({0, 72}, {0, 10}));
-	VectorLineModel::Series humidity = makeSeries({0, 72}, {0, 100});
-	humidity.m_yUnit = ZEB::Unit("%");
-	model.addSeries(humidity);
-	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
-	setAxisRange(model, CM::BottomAxis, 0, 72);
-	setAxisRange(model, CM::LeftAxis, 0, 10);
-	setAxisRange(model, CM::RightAxis, 0, 100);
+	addTwoAxisSeries(model, 72, ZEB::Unit("%"));
 	SCI::Chart chart;
 	chart.setModel(&model);
 	renderCanvas(chart, QSize(600, 400));

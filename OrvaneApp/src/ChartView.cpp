@@ -85,6 +85,7 @@ void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI
 			for (QWidget * w : chart->findChildren<QWidget *>())
 				w->installEventFilter(this);
 			connect(chart, &SCI::Chart::contextMenuRequested, this, &ChartView::onChartMenuRequested);
+			connect(chart, &SCI::Chart::pickerTextChanged, this, &ChartView::pickerTextChanged);
 			chart->show();
 		}
 	}
@@ -154,6 +155,7 @@ void ChartView::detachChart() {
 	if (m_chart.isNull())
 		return;
 	disconnect(m_chart, &SCI::Chart::contextMenuRequested, this, &ChartView::onChartMenuRequested);
+	disconnect(m_chart, &SCI::Chart::pickerTextChanged, this, &ChartView::pickerTextChanged);
 	m_chart->removeEventFilter(this);
 	for (QWidget * w : m_chart->findChildren<QWidget *>())
 		w->removeEventFilter(this);

@@ -57,6 +57,8 @@ signals:
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
 	/*! The user asked for the context menu of an element of the chart, after activated(). */
 	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
+	/*! The chart's picker shows this text (empty: the mouse left the chart). */
+	void pickerTextChanged(const QString & text);
 
 protected:
 	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */

@@ -381,7 +381,12 @@ void MainView::onExportCurrentChart() {
 		return;
 	}
 	SCI::ExportDialog dialog(chart, this);
+	QStringList & history = OVP::Settings::instance().m_chartVectorExportDimensionHistory;
+	m_exportSettings.m_dimensionHistory = history;
+	dialog.setSettings(m_exportSettings);
 	dialog.exec();
+	m_exportSettings = dialog.settings();
+	history = m_exportSettings.m_dimensionHistory;
 }
 
 

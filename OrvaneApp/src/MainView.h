@@ -9,6 +9,7 @@
 #include <OVP_ChartStyleLibrary.h>
 
 #include <Sci_ChartElement.h>
+#include <Sci_ExportSettings.h>
 
 #include "ChartExportProperties.h"
 
@@ -169,6 +170,8 @@ private:
 	Qt::WindowStates						m_stateBeforeFullScreen;
 	/*! Dialogs of the session handling here: message boxes, or the log in a scripted run. */
 	std::unique_ptr<OVP::UserInteraction>	m_userInteraction;
+	/*! The export dialog's file name, tab and sizes of its last use while the program runs. */
+	SCI::ExportSettings						m_exportSettings;
 };
 
 #endif // MainViewH

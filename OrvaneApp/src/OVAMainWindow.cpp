@@ -381,6 +381,9 @@ void OVAMainWindow::setupStatusBar() {
 	statusBar()->addPermanentWidget(new ReadProgressWidget(m_progressNotifier));
 	statusBar()->addPermanentWidget(autoRefresh);
 	OVP::ProjectHandler::instance().dataManager().setProgressNotifier(m_progressNotifier);
+	// the picker's text of the chart under the mouse
+	connect(m_mainView->viewManager(), &ViewManager::pickerTextChanged, this,
+			[this](const QString & text) { statusBar()->showMessage(text); });
 }
 
 

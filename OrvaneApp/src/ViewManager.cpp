@@ -251,6 +251,7 @@ QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringLi
 		connect(v, &ChartView::mapperChosen, this, &ViewManager::onViewMapperChosen);
 		connect(v, &ChartView::dataSetsDropped, this, &ViewManager::dataSetsDropped);
 		connect(v, &ChartView::chartMenuRequested, this, &ViewManager::chartMenuRequested);
+		connect(v, &ChartView::pickerTextChanged, this, &ViewManager::pickerTextChanged);
 		m_views.append(v);
 		return v;
 	}

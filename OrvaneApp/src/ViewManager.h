@@ -59,6 +59,8 @@ signals:
 	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 	/*! The focused view changed, or the chart it shows. */
 	void focusedChartChanged();
+	/*! The picker of a view's chart shows this text (empty: the mouse left the chart). */
+	void pickerTextChanged(const QString & text);
 
 public slots:
 	/*! Shows the chart of the mapper at mapperIndex in the focused view. */

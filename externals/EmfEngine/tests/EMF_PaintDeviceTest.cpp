@@ -213,6 +213,7 @@ TEST(EMFPaintDevice, PathsBeziersAndLargeCoordinates) {
 		QPainterPath holes;
 		holes.addRect(QRectF(0, 0, 100, 100));
 		holes.addRect(QRectF(25, 25, 50, 50));
+		holes.addRect(QRectF(40, 40, 20, 20));	// an island in the hole
 		p.setPen(Qt::NoPen);
 		p.setBrush(Qt::black);
 		p.drawPath(holes);						// odd-even (QPainterPath's default)
@@ -234,9 +235,25 @@ TEST(EMFPaintDevice, PathsBeziersAndLargeCoordinates) {
 	ASSERT_TRUE(f.errors.empty()) << f.errorText();
 	const std::vector<const Record *> holes = f.ofType(T_POLYPOLYGON16);
 	ASSERT_EQ(holes.size(), 2u) << dump(f);
-	EXPECT_EQ(polyPolyPoints(*holes[0]), (std::vector<std::vector<Point>>{
-		Points{ { 0, 0 }, { 1500, 0 }, { 1500, 1500 }, { 0, 1500 } },
-		Points{ { 375, 375 }, { 1125, 375 }, { 1125, 1125 }, { 375, 1125 } }}));
+	const std::vector<Points> figures = polyPolyPoints(*holes[0]);
+	ASSERT_EQ(figures.size(), 3u);
+	EXPECT_EQ(figures[0], (Points{ { 0, 0 }, { 1500, 0 }, { 1500, 1500 }, { 0, 1500 } }));
+	// Qt's three rectangles run the same way; the hole is written against the others, so that
+	// readers filling with the winding rule (emf2svg) see the same area as with the odd-even rule
+	for (Qt::FillRule rule : { Qt::OddEvenFill, Qt::WindingFill }) {
+		QPainterPath area;
+		area.setFillRule(rule);
+		for (const Points & figure : figures) {
+			QPolygonF polygon;
+			for (const Point & q : figure)
+				polygon << QPointF(q.x, q.y);
+			area.addPolygon(polygon);
+			area.closeSubpath();
+		}
+		EXPECT_TRUE(area.contains(QPointF(150, 150))) << rule;	// the ring
+		EXPECT_FALSE(area.contains(QPointF(480, 480))) << rule;	// the hole
+		EXPECT_TRUE(area.contains(QPointF(750, 750))) << rule;	// the island
+	}
 	// fill mode before each: alternate (the initial state) and winding
 	const int first = f.indexOf(T_POLYPOLYGON16);
 	EXPECT_EQ(f.stateBefore(T_SETPOLYFILLMODE, first), 1u);

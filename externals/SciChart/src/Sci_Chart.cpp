@@ -36,6 +36,7 @@
 #include "Sci_PlotPicker.h"
 #include "Sci_PlotRescaler.h"
 #include "Sci_PlotScaleItem.h"
+#include "Sci_PlotWheelZoom.h"
 #include "Sci_PlotZoomer.h"
 #include "Sci_VectorFieldSeries.h"
 
@@ -155,10 +156,12 @@ Chart::Chart(QWidget * parent) :
 	panner->setMouseButton(Qt::MiddleButton);
 	m_picker = new PlotPicker(this);
 	m_rescaler = new PlotRescaler(canvas());
+	m_wheelZoom = new PlotWheelZoom(this);
 	// installed last, so that it sees mouse events on the canvas first
 	LegendItemMover * legendMover = new LegendItemMover(this, m_legendItem.get());
 	connect(m_zoomer, &QwtPlotZoomer::zoomed, this, &Chart::onZoomed);
 	connect(legendMover, &LegendItemMover::legendMoved, this, &Chart::onLegendMoved);
+	connect(legendMover, &LegendItemMover::legendClicked, this, &Chart::onLegendItemClicked);
 
 	titleLabel()->installEventFilter(this);
 	for (int axis : { QwtPlot::xBottom, QwtPlot::yLeft, QwtPlot::yRight })
@@ -176,8 +179,13 @@ bool Chart::eventFilter(QObject * watched, QEvent * event) {
 	if (widget != nullptr && event->type() == QEvent::MouseButtonDblClick &&
 		static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
 	{
-		const ChartElement element = ChartElementLocator::elementAt(*this, widget, static_cast<QMouseEvent *>(event)->pos());
+		const QPoint pos = static_cast<QMouseEvent *>(event)->pos();
+		const ChartElement element = ChartElementLocator::elementAt(*this, widget, pos);
 		if (element.m_kind != ChartElement::None) {
+			// the first click of the double click has hidden or shown a curve: undo that
+			const int clickedLine = legendEntryLineSeries(widget, pos);
+			if (clickedLine >= 0)
+				toggleLineSeries(clickedLine);
 			// taken here, so that the legend's entries do not pass it on to the legend
 			emit elementDoubleClicked(element);
 			return true;
@@ -193,6 +201,12 @@ bool Chart::eventFilter(QObject * watched, QEvent * event) {
 			emit contextMenuRequested(element, menuEvent->globalPos());
 			return true;
 		}
+	}
+	else if (widget != nullptr && widget == canvas() && event->type() == QEvent::MouseMove) {
+		emit pickerTextChanged(m_picker->text(static_cast<QMouseEvent *>(event)->pos()));
+	}
+	else if (widget != nullptr && widget == canvas() && event->type() == QEvent::Leave) {
+		emit pickerTextChanged(QString());
 	}
 	return QwtPlot::eventFilter(watched, event);
 }
@@ -685,6 +699,48 @@ void Chart::onLegendMoved(const QSize & offset) {
 }
 
 
+void Chart::onLegendClicked(const QVariant & itemInfo) {
+	const QwtPlotItem * item = infoToItem(itemInfo);
+	for (int i = 0; i < m_series.count(); ++i)
+		if (m_series[i]->plotItem() == item && dynamic_cast<LineSeries *>(m_series[i]) != nullptr)
+			toggleLineSeries(i);
+}
+
+
+void Chart::onLegendItemClicked(const QPoint & pos) {
+	const int position = legendEntryLineSeries(canvas(), pos);
+	if (position >= 0)
+		toggleLineSeries(position);
+}
+
+
+int Chart::legendEntryLineSeries(const QWidget * widget, const QPoint & pos) const {
+	int seriesIndex = -1;
+	if (widget == canvas()) {
+		if (m_legendItem->plot() != this || !m_legendItem->isVisible())
+			return -1;
+		for (const ChartSeries * s : m_series)
+			for (const QRect & r : m_legendItem->legendGeometries(s->plotItem()))
+				if (r.contains(pos))
+					seriesIndex = s->seriesIndex();
+	}
+	else {
+		const ChartElement element = ChartElementLocator::elementAt(*this, widget, pos);
+		if (element.m_kind == ChartElement::Legend)
+			seriesIndex = element.m_index;
+	}
+	const int position = seriesIndex >= 0 ? positionOf(seriesIndex) : -1;
+	return position >= 0 && dynamic_cast<const LineSeries *>(m_series[position]) != nullptr ? position : -1;
+}
+
+
+void Chart::toggleLineSeries(int position) {
+	ChartSeries * series = m_series[position];
+	series->setVisible(!series->isVisible());
+	updatePlot();
+}
+
+
 // *** chart-wide properties ***
 
 void Chart::applyChartProperty(int role) {
@@ -742,6 +798,7 @@ void Chart::updateLegend() {
 	m_legendItem->detach();
 	Legend * legend = new Legend;
 	legend->setEntryEventFilter(this);
+	connect(legend, &QwtLegend::clicked, this, &Chart::onLegendClicked);
 	legend->applyProperties(*m_model);
 	// the model's positions 0..3 are numbered like the plot's legend positions
 	insertLegend(legend, static_cast<QwtPlot::LegendPosition>(position));

@@ -23,6 +23,7 @@ class LegendItem;
 class PlotPicker;
 class PlotRescaler;
 class PlotScaleItem;
+class PlotWheelZoom;
 class PlotZoomer;
 
 /*! The plot widget of a chart model. It draws the model's series (lines, one colour grid, one
@@ -31,9 +32,11 @@ class PlotZoomer;
 
 	Redrawing can be suspended: prohibitUpdate() and allowUpdate()/allowUpdateAndReplot() count
 	nested suspensions; the model's modelAboutToBeChanged()/modelChanged() bracket a batch of
-	changes, which is then drawn once. The user zooms with a rubber band (left mouse button),
-	pans with the middle button, sees the coordinates under the mouse and can drag a legend
-	that sits inside the canvas; resetView() returns to the model's axis settings. A double
+	changes, which is then drawn once. The user zooms with a rubber band (left mouse button) or
+	the mouse wheel, pans with the middle button, sees the coordinates under the mouse (also
+	announced for a status bar) and can drag a legend that sits inside the canvas; resetView()
+	returns to the model's axis settings. A click on the legend entry of a curve hides or shows
+	the curve (a state of the view; the model has no such property). A double
 	click on the title, an axis, the legend, a curve, the colour bar or the canvas is announced
 	with the element clicked, and so is a request for a context menu (right button, or the menu
 	key). On a zoomed canvas the right button zooms back instead.
@@ -73,6 +76,7 @@ public:
 	/*! The legend used when it sits inside the canvas. */
 	LegendItem * legendItem() const { return m_legendItem.get(); }
 	PlotZoomer * zoomer() const { return m_zoomer; }
+	PlotWheelZoom * wheelZoom() const { return m_wheelZoom; }
 	/*! Scales drawn inside the canvas (AxisScalesInside), one per shown axis. */
 	const std::vector<std::unique_ptr<PlotScaleItem> > & scaleItems() const { return m_scaleItems; }
 
@@ -102,6 +106,9 @@ signals:
 	void elementDoubleClicked(const SCI::ChartElement & element);
 	/*! The user asks for the context menu of an element, to be shown at globalPos. */
 	void contextMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
+	/*! The mouse moved over the canvas: the text the picker shows there (empty when the mouse
+		left the canvas). */
+	void pickerTextChanged(const QString & text);
 
 public slots:
 	/*! Suspends redrawing (nested calls count). */
@@ -133,6 +140,10 @@ private slots:
 	void onZoomed(const QRectF & rect);
 	/*! Stores the offset of a legend dragged inside the canvas in the model. */
 	void onLegendMoved(const QSize & offset);
+	/*! Hides or shows the curve of the legend entry clicked (itemInfo of the plot item). */
+	void onLegendClicked(const QVariant & itemInfo);
+	/*! Hides or shows the curve of the entry at pos of the legend inside the canvas. */
+	void onLegendItemClicked(const QPoint & pos);
 
 private:
 	/*! Ends one suspension of redrawing; reports (from functionId) and returns false when none
@@ -140,6 +151,11 @@ private:
 	bool endUpdateSuspension(const char * functionId);
 	/*! Removes all series objects and creates everything anew from the model. */
 	void rebuild();
+	/*! Position of the line series whose legend entry is at pos of widget (an entry of the
+		legend beside the canvas, or the canvas with the legend inside), -1 for none. */
+	int legendEntryLineSeries(const QWidget * widget, const QPoint & pos) const;
+	/*! Hides a shown line series, shows a hidden one, and redraws. */
+	void toggleLineSeries(int position);
 	/*! Creates the series object of model series index with the operation of the chart's kind,
 		reporting failures. */
 	bool insertSeriesFromModel(int index);
@@ -191,6 +207,7 @@ private:
 	std::unique_ptr<QwtPlotMarker>				m_timeMarker;
 	std::vector<std::unique_ptr<PlotScaleItem> >	m_scaleItems;
 	PlotZoomer *								m_zoomer = nullptr;
+	PlotWheelZoom *								m_wheelZoom = nullptr;
 	PlotPicker *								m_picker = nullptr;
 	PlotRescaler *								m_rescaler = nullptr;
 };

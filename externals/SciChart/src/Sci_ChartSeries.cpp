@@ -18,4 +18,15 @@ void ChartSeries::attach(QwtPlot * plot) {
 	m_item->attach(plot);
 }
 
+
+void ChartSeries::setVisible(bool visible) {
+	m_item->setVisible(visible);
+	m_item->legendChanged();
+}
+
+
+bool ChartSeries::isVisible() const {
+	return m_item->isVisible();
+}
+
 } // namespace SCI

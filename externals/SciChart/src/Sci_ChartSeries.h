@@ -32,6 +32,10 @@ public:
 
 	/*! Shows the series in the plot (nullptr: takes it out). */
 	void attach(QwtPlot * plot);
+	/*! Shows or hides the series in its plot and tells its legend entry. Hiding is a state of
+		the view: the model knows nothing of it, and a series created anew is shown. */
+	void setVisible(bool visible);
+	bool isVisible() const;
 	/*! The plot item that draws the series. */
 	QwtPlotItem * plotItem() const { return m_item.get(); }
 

@@ -97,6 +97,16 @@ int Export2BitmapWidget::resolution() const {
 }
 
 
+void Export2BitmapWidget::setSize(const QSize & pixels, int dpi) {
+	const QSignalBlocker blocker(m_ui->spinBox_resolution);
+	m_ui->spinBox_resolution->setValue(dpi);
+	m_ui->lineEditPixelX->setValue(pixelCount(pixels.width()), 0);
+	m_ui->lineEditPixelY->setValue(pixelCount(pixels.height()), 0);
+	m_ui->radioButtonPixels->setChecked(true);
+	updateDimensions();
+}
+
+
 QImage Export2BitmapWidget::image() const {
 	FUNCID(Export2BitmapWidget::image);
 	if (!canExport())

@@ -33,6 +33,8 @@ public:
 	QSize pixelSize() const;
 	/*! Resolution in dots per inch. */
 	int resolution() const;
+	/*! Sets the size in pixels and the resolution (pixel mode). */
+	void setSize(const QSize & pixels, int dpi);
 	/*! The image to export: the unscaled preview, or, when the image is too large for a preview,
 		a newly rendered one. Throws ZEB::Exception when it cannot be rendered.
 	*/

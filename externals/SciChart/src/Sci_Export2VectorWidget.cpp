@@ -13,7 +13,6 @@
 #include <ZEB_Exception.h>
 
 #include "Sci_ChartRenderWidget.h"
-#include "Sci_ExportDimensionHistory.h"
 #include "Sci_PositiveNumberLineEdit.h"
 
 namespace SCI {
@@ -74,6 +73,19 @@ bool Export2VectorWidget::canExport() const {
 
 QSizeF Export2VectorWidget::sizeMM() const {
 	return QSizeF(m_ui->lineEditMMX->value(), m_ui->lineEditMMY->value());
+}
+
+
+void Export2VectorWidget::setSizeMM(const QSizeF & sizeMM) {
+	m_ui->lineEditMMX->setValue(sizeMM.width(), 1);
+	m_ui->lineEditMMY->setValue(sizeMM.height(), 1);
+	settingsChanged();
+}
+
+
+void Export2VectorWidget::setDimensionHistory(const QStringList & entries) {
+	m_history = ExportDimensionHistory(entries);
+	updateDimensionHistory();
 }
 
 
@@ -145,7 +157,7 @@ void Export2VectorWidget::updateDimensionHistory() {
 	const QSignalBlocker blocker(combo);
 	combo->clear();
 	combo->addItem(QString());
-	combo->addItems(ExportDimensionHistory::entries());
+	combo->addItems(m_history.entries());
 	combo->setCurrentIndex(0);
 }
 
@@ -153,7 +165,7 @@ void Export2VectorWidget::updateDimensionHistory() {
 void Export2VectorWidget::storeDimensions() {
 	if (!canExport())
 		return;
-	ExportDimensionHistory::add(sizeMM());
+	m_history.add(sizeMM());
 	updateDimensionHistory();
 }
 

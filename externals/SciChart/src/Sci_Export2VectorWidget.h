@@ -6,6 +6,7 @@
 #include <QSizeF>
 
 #include "Sci_AbstractExportWidget.h"
+#include "Sci_ExportDimensionHistory.h"
 
 namespace SCI {
 
@@ -30,6 +31,14 @@ public:
 	bool canExport() const;
 	/*! The size entered in millimetres; a side that is not a positive number is 0. */
 	QSizeF sizeMM() const;
+	/*! Shows a size in millimetres. */
+	void setSizeMM(const QSizeF & sizeMM);
+
+	/*! The last used sizes offered in "Last used plot dimensions:", newest first. */
+	QStringList dimensionHistory() const { return m_history.entries(); }
+	void setDimensionHistory(const QStringList & entries);
+	/*! Puts the current size at the front of the last used sizes, when both sides are valid. */
+	void storeDimensions();
 	/*! The exporter with the settings of this tab. */
 	const ChartExporter & exporter() const { return m_exporter; }
 
@@ -44,16 +53,15 @@ private:
 
 	/*! Builds the widgets. */
 	void setupUi();
-	/*! Fills the list of last used sizes from the settings, with an empty entry first. */
+	/*! Fills the list of last used sizes, with an empty entry first. */
 	void updateDimensionHistory();
-	/*! Stores the current size in the history, when both sides are valid. */
-	void storeDimensions();
 	/*! Shows the current settings in the preview and announces whether they are valid. */
 	void settingsChanged();
 	/*! Renders the preview for the current settings. */
 	void updatePreview();
 
-	std::unique_ptr<Ui>	m_ui;
+	std::unique_ptr<Ui>		m_ui;
+	ExportDimensionHistory	m_history;
 };
 
 } // namespace SCI

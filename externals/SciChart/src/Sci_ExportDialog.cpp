@@ -90,6 +90,34 @@ void ExportDialog::setFileName(const QString & fileName) {
 }
 
 
+void ExportDialog::setSettings(const ExportSettings & settings) {
+	m_ui->lineEditExportFilename->setText(settings.m_fileName);
+	m_ui->tabWidget->setCurrentWidget(settings.m_tab == ExportSettings::VectorTab ?
+		static_cast<QWidget *>(m_ui->vectorWidget) : static_cast<QWidget *>(m_ui->bitmapWidget));
+	if (!settings.m_bitmapSize.isEmpty())
+		m_ui->bitmapWidget->setSize(settings.m_bitmapSize, settings.m_resolution > 0 ?
+										settings.m_resolution : ChartExporter::screenResolution());
+	if (!settings.m_vectorSizeMM.isEmpty())
+		m_ui->vectorWidget->setSizeMM(settings.m_vectorSizeMM);
+	m_ui->vectorWidget->setDimensionHistory(settings.m_dimensionHistory);
+}
+
+
+ExportSettings ExportDialog::settings() const {
+	ExportSettings settings;
+	settings.m_fileName = m_ui->lineEditExportFilename->text();
+	settings.m_tab = m_ui->tabWidget->currentWidget() == m_ui->vectorWidget ? ExportSettings::VectorTab
+																			 : ExportSettings::BitmapTab;
+	if (m_ui->bitmapWidget->canExport())
+		settings.m_bitmapSize = m_ui->bitmapWidget->pixelSize();
+	settings.m_resolution = m_ui->bitmapWidget->resolution();
+	if (m_ui->vectorWidget->canExport())
+		settings.m_vectorSizeMM = m_ui->vectorWidget->sizeMM();
+	settings.m_dimensionHistory = m_ui->vectorWidget->dimensionHistory();
+	return settings;
+}
+
+
 bool ExportDialog::exportChart(QwtPlot * chart, const QString & fileName, const QSize & sizePx,
 							   std::optional<int> resolution)
 {
@@ -273,6 +301,7 @@ bool ExportDialog::exportToFile(const QString & fileName, bool bitmap) {
 					break;
 			}
 			m_ui->vectorWidget->exporter().exportVector(m_plot, fileName, size);
+			m_ui->vectorWidget->storeDimensions();
 		}
 	}
 	catch (ZEB::Exception & ex) {

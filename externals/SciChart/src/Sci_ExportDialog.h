@@ -7,6 +7,8 @@
 #include <QDialog>
 #include <QPointer>
 
+#include "Sci_ExportSettings.h"
+
 class QwtPlot;
 
 namespace SCI {
@@ -39,6 +41,12 @@ public:
 	QString fileName() const;
 	/*! Puts a file name into the dialog and shows the tab that writes its file type. */
 	void setFileName(const QString & fileName);
+
+	/*! Takes over file name, tab, sizes and last used vector sizes of an earlier use. */
+	void setSettings(const ExportSettings & settings);
+	/*! The file name, tab, sizes and last used vector sizes as they are now, for the next use;
+		a successful vector export has added its size to the last used ones. */
+	ExportSettings settings() const;
 
 	/*! Exports chart to fileName without user interaction (command-line export). The file type
 		follows from the extension; sizePx is the size in pixels (vector graphics get the size

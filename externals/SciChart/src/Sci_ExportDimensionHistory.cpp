@@ -1,38 +1,34 @@
 #include "Sci_ExportDimensionHistory.h"
 
+#include <cmath>
+
 #include <QLocale>
-#include <QSettings>
 
 #include "Sci_PositiveNumberLineEdit.h"
 
 namespace SCI {
 
-const char * const ExportDimensionHistory::SETTINGS_KEY = "dimensionHistory";
-
-/*! The application's settings store. */
-static QSettings settingsStore() {
-	return QSettings("ZEB", "OrvanePart");
-}
-
-
-QStringList ExportDimensionHistory::entries() {
-	return settingsStore().value(SETTINGS_KEY).toStringList();
+ExportDimensionHistory::ExportDimensionHistory(const QStringList & entries) {
+	QSizeF size;
+	for (const QString & entry : entries)
+		if (m_entries.size() < MAX_ENTRIES && parseEntry(entry, size))
+			m_entries.append(entry);
 }
 
 
 void ExportDimensionHistory::add(const QSizeF & sizeMM) {
 	const QString entry = entryText(sizeMM);
-	QStringList list = entries();
-	list.removeAll(entry);
-	list.prepend(entry);
-	while (list.size() > MAX_ENTRIES)
-		list.removeLast();
-	settingsStore().setValue(SETTINGS_KEY, list);
+	m_entries.removeAll(entry);
+	m_entries.prepend(entry);
+	while (m_entries.size() > MAX_ENTRIES)
+		m_entries.removeLast();
 }
 
 
 QString ExportDimensionHistory::entryText(const QSizeF & sizeMM) {
-	return QString("%1x%2").arg(QLocale::c().toString(sizeMM.width()), QLocale::c().toString(sizeMM.height()));
+	const QLocale c = QLocale::c();
+	return QString("%1x%2").arg(c.toString(std::round(sizeMM.width()*100)/100),
+								c.toString(std::round(sizeMM.height()*100)/100));
 }
 
 

@@ -10,6 +10,8 @@ Legend::Legend(QWidget * parent) :
 	QwtLegend(parent)
 {
 	setAutoFillBackground(true);
+	// a click on an entry hides or shows its curve
+	setDefaultItemMode(QwtLegendData::Clickable);
 }
 
 

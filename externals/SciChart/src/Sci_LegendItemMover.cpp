@@ -1,5 +1,6 @@
 #include "Sci_LegendItemMover.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -50,7 +51,14 @@ bool LegendItemMover::eventFilter(QObject * watched, QEvent * event) {
 				return false;
 			m_dragging = false;
 			m_canvas->unsetCursor();
-			emit legendMoved(m_item->offset());
+			const QPoint pos = static_cast<QMouseEvent *>(event)->pos();
+			if ((pos - m_start).manhattanLength() < QApplication::startDragDistance()) {
+				// a click: the legend stays where it was
+				m_item->setOffset(m_startOffset);
+				emit legendClicked(pos);
+			}
+			else
+				emit legendMoved(m_item->offset());
 			return true;
 		}
 		default :

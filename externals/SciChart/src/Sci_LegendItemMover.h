@@ -14,8 +14,8 @@ class LegendItem;
 
 /*! Lets the user drag the legend inside the canvas with the left mouse button. While dragging,
 	the legend follows the mouse; when the button is released, legendMoved() hands the new
-	offset on (the chart stores it in its model). Mouse events that start on the legend do not
-	reach zoomer and picker.
+	offset on (the chart stores it in its model); a click without moving is announced with its
+	position instead. Mouse events that start on the legend do not reach zoomer and picker.
 	The mover belongs to the canvas it watches, so it goes with the canvas; events that the
 	canvas receives while the plot is torn down are recognised by the stored canvas pointer
 	alone, without calling into the plot that is being destroyed.
@@ -31,6 +31,8 @@ public:
 signals:
 	/*! The legend was dropped at this offset from its corner. */
 	void legendMoved(const QSize & offset);
+	/*! The legend was clicked at pos (canvas coordinates) without being moved. */
+	void legendClicked(const QPoint & pos);
 
 private:
 	QwtPlot *			m_plot;

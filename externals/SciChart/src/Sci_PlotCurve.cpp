@@ -2,6 +2,10 @@
 
 #include <cmath>
 
+#include <QPainter>
+
+#include <qwt_graphic.h>
+#include <qwt_legend_data.h>
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 #include <qwt_transform.h>
@@ -11,6 +15,9 @@
 namespace SCI {
 
 namespace {
+
+/*! Colour of the legend entry of a hidden curve. */
+const QColor HIDDEN_COLOR(190, 190, 190);
 
 /*! True when values on an axis with this map must be positive. */
 bool isLogarithmic(const QwtScaleMap & map) {
@@ -87,9 +94,31 @@ void PlotCurve::drawCurve(QPainter * painter, int style, const QwtScaleMap & xMa
 
 
 QwtGraphic PlotCurve::legendIcon(int index, const QSizeF & size) const {
+	if (!isVisible()) {
+		// a grey line of the icon's width, whatever the style
+		QwtGraphic icon;
+		icon.setDefaultSize(size);
+		icon.setRenderHint(QwtGraphic::RenderPensUnscaled, true);
+		QPainter painter(&icon);
+		painter.setPen(QPen(HIDDEN_COLOR, 2));
+		painter.drawLine(QLineF(0, 0.5*size.height(), size.width(), 0.5*size.height()));
+		return icon;
+	}
 	if (m_iconStyle == IconBox)
 		return defaultIcon(pen().color(), size);
 	return QwtPlotCurve::legendIcon(index, size);
+}
+
+QList<QwtLegendData> PlotCurve::legendData() const {
+	QList<QwtLegendData> data = QwtPlotCurve::legendData();
+	if (!isVisible()) {
+		for (QwtLegendData & entry : data) {
+			QwtText title = entry.title();
+			title.setColor(HIDDEN_COLOR);
+			entry.setValue(QwtLegendData::TitleRole, QVariant::fromValue(title));
+		}
+	}
+	return data;
 }
 
 } // namespace SCI

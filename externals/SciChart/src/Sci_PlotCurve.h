@@ -8,7 +8,8 @@ namespace SCI {
 /*! The curve of a line series. Compared to the library's curve it leaves gaps where a point
 	cannot be drawn (a value that is not finite, or not positive on a logarithmic axis) instead
 	of drawing lines to nowhere, takes only drawable points into account for autoscaling, and
-	offers two legend icons: a line sample with the marker, or a box in the line colour.
+	offers two legend icons: a line sample with the marker, or a box in the line colour. The
+	legend entry of a hidden curve is greyed.
 */
 class PlotCurve : public QwtPlotCurve {
 public:
@@ -31,6 +32,8 @@ public:
 					const QRectF & canvasRect, int from, int to) const override;
 
 	QwtGraphic legendIcon(int index, const QSizeF & size) const override;
+	/*! The legend entry, with the title greyed while the curve is hidden. */
+	QList<QwtLegendData> legendData() const override;
 
 protected:
 	/*! Draws the points from..to in the given style. Fitted lines are fitted over exactly

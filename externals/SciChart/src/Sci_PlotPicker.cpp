@@ -1,13 +1,14 @@
 #include "Sci_PlotPicker.h"
 
-#include <qwt_plot.h>
 #include <qwt_text.h>
+
+#include "Sci_Chart.h"
 
 namespace SCI {
 
-PlotPicker::PlotPicker(QwtPlot * plot) :
-	QwtPlotPicker(QwtPlot::xBottom, QwtPlot::yLeft, QwtPicker::NoRubberBand, QwtPicker::AlwaysOn, plot->canvas()),
-	m_text(plot)
+PlotPicker::PlotPicker(Chart * chart) :
+	QwtPlotPicker(QwtPlot::xBottom, QwtPlot::yLeft, QwtPicker::NoRubberBand, QwtPicker::AlwaysOn, chart->canvas()),
+	m_text(chart)
 {
 	setTrackerPen(QPen(QColor(40, 40, 40)));
 }

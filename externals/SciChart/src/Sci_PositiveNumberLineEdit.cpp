@@ -23,7 +23,9 @@ bool PositiveNumberLineEdit::isValid() const {
 
 double PositiveNumberLineEdit::value() const {
 	double v;
-	return parse(text(), m_integerOnly, v) ? v : 0;
+	if (!parse(text(), m_integerOnly, v))
+		return 0;
+	return !m_shownText.isNull() && text() == m_shownText ? m_shownValue : v;
 }
 
 
@@ -37,6 +39,8 @@ void PositiveNumberLineEdit::setValue(double value, int decimals) {
 			text.chop(1);
 	}
 	setText(text);
+	m_shownText = text;
+	m_shownValue = value;
 	setErrorMark(false);
 }
 

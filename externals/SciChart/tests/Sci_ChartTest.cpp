@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <QWidget>
 
 #include <qwt_abstract_legend.h>
@@ -59,6 +61,19 @@ std::vector<double> ramp(int n) {
 	for (int i = 0; i < n; ++i)
 		v.push_back(i);
 	return v;
+}
+
+/*! Two series over x 0..xMax: one rising to 10 on the left axis, one rising to 100 in
+	rightUnit on the right axis; all axes fixed to these ranges. */
+void addTwoAxisSeries(VectorLineModel & model, double xMax, const ZEB::Unit & rightUnit) {
+	model.addSeries(makeSeries({0, xMax}, {0, 10}));
+	VectorLineModel::Series right = makeSeries({0, xMax}, {0, 100});
+	right.m_yUnit = rightUnit;
+	model.addSeries(right);
+	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
+	setAxisRange(model, CM::BottomAxis, 0, xMax);
+	setAxisRange(model, CM::LeftAxis, 0, 10);
+	setAxisRange(model, CM::RightAxis, 0, 100);
 }
 
 double cellValue(unsigned int i, unsigned int j) {
@@ -391,6 +406,56 @@ TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
 }
 
 
+TEST(SciChartLegend, ClickingAnEntryHidesOrShowsItsCurve) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 10}, {0, 10}));
+	model.addSeries(makeSeries({0, 10}, {5, 5}));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(600, 400));
+	ASSERT_NE(chart.legend(), nullptr);
+	const QList<QwtLegendLabel *> entries = chart.legend()->findChildren<QwtLegendLabel *>();
+	ASSERT_EQ(entries.size(), 2);
+	auto click = [](QWidget * widget, const QPoint & pos, bool twice) {
+		QMouseEvent press(QEvent::MouseButtonPress, pos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+		QMouseEvent doubleClick(QEvent::MouseButtonDblClick, pos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+		QMouseEvent release(QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+		QApplication::sendEvent(widget, &press);
+		QApplication::sendEvent(widget, &release);
+		if (twice) {
+			QApplication::sendEvent(widget, &doubleClick);
+			QApplication::sendEvent(widget, &release);
+		}
+	};
+	const QColor shown = entries[1]->data().title().color();
+	click(entries[1], QPoint(3, 3), false);
+	EXPECT_FALSE(curveAt(chart, 1)->isVisible());
+	EXPECT_TRUE(curveAt(chart, 0)->isVisible());
+	EXPECT_NE(entries[1]->data().title().color(), shown);
+	click(entries[1], QPoint(3, 3), false);
+	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
+	EXPECT_EQ(entries[1]->data().title().color(), shown);
+
+	// a double click opens the properties and leaves the curve as it was
+	std::vector<SCI::ChartElement> doubleClicked;
+	QObject::connect(&chart, &SCI::Chart::elementDoubleClicked,
+					 [&doubleClicked](const SCI::ChartElement & e) { doubleClicked.push_back(e); });
+	click(entries[1], QPoint(3, 3), true);
+	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
+	EXPECT_EQ(doubleClicked, std::vector<SCI::ChartElement>{ SCI::ChartElement(SCI::ChartElement::Legend, 1) });
+
+	// the legend inside the canvas: a click on an entry, not a drag
+	model.setChartData(SCI::ChartProperties::LegendInside, CDM::LegendPosition);
+	renderCanvas(chart, QSize(600, 400));
+	const QList<QRect> entry = chart.legendItem()->legendGeometries(curveAt(chart, 0));
+	ASSERT_EQ(entry.size(), 1);
+	const QSize offset = chart.legendItem()->offset();
+	click(chart.canvas(), entry[0].center(), false);
+	EXPECT_FALSE(curveAt(chart, 0)->isVisible());
+	EXPECT_EQ(chart.legendItem()->offset(), offset);
+}
+
+
 TEST(SciChartLegend, EntriesUseTheLegendFontAlsoUnderAnApplicationStyleSheet) {
 	const QString previousSheet = qApp->styleSheet();
 	qApp->setStyleSheet("QMessageBox { messagebox-text-interaction-flags: 5; }");
@@ -497,35 +562,113 @@ TEST(SciChartBars, BarsOfAllSeriesStandSideBySideAtTheirLabels) {
 }
 
 
-TEST(SciChart, ZoomMovesBothYAxesAndPickerShowsDates) {
+TEST(SciChart, ZoomMovesBothYAxesAndWheelZoomsAroundTheCursor) {
 	VectorLineModel model;
-	model.addSeries(makeSeries({0, 72}, {0, 10}));
-	model.addSeries(makeSeries({0, 72}, {0, 100}));
-	model.setSeriesData(false, 1, LM::SeriesLeftAxis);
-	setAxisRange(model, CM::BottomAxis, 0, 72);
-	setAxisRange(model, CM::LeftAxis, 0, 10);
-	setAxisRange(model, CM::RightAxis, 0, 100);
-	model.setAxisData(true, CM::BottomAxis, CM::AxisDateTimeEnabled);
+	addTwoAxisSeries(model, 100, ZEB::Unit("C"));
 	SCI::Chart chart;
 	chart.setModel(&model);
 	renderCanvas(chart, QSize(600, 400));
-
-	// the picker names the date under the mouse, and the value of each y axis
-	SCI::PlotPickerText picker(&chart);
-	const QPoint middle(qRound(chart.canvasMap(QwtPlot::xBottom).transform(36)),
-						qRound(chart.canvasMap(QwtPlot::yLeft).transform(5)));
-	const QString text = picker.text(middle);
-	EXPECT_TRUE(text.startsWith("x: 02.01.2000 ")) << text.toStdString();
-	const QStringList yValues = text.section("y: ", 1).split(" | ");
-	ASSERT_EQ(yValues.size(), 2);
-	EXPECT_NEAR(yValues[0].toDouble(), 5, 0.1);
-	EXPECT_NEAR(yValues[1].toDouble(), 50, 1);
 
 	// zooming into 2..4 on the left axis shows 20..40 on the right one
 	chart.zoomer()->zoom(QRectF(10, 2, 20, 2));
 	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yLeft).lowerBound(), 2, 1e-9);
 	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yRight).lowerBound(), 20, 0.5);
 	EXPECT_NEAR(chart.axisScaleDiv(QwtPlot::yRight).upperBound(), 40, 0.5);
+	chart.resetView();
+
+	// one wheel step over the canvas at (30, 4): every axis shows 0.8 of its range, and the
+	// point under the cursor stays under it
+	auto range = [&chart](int axisId) { return chart.axisScaleDiv(axisId).range(); };
+	auto turnWheel = [](QWidget * widget, const QPoint & pos, int degrees) {
+		QWheelEvent wheel(pos, widget->mapToGlobal(pos), QPoint(), QPoint(0, 8*degrees), Qt::NoButton,
+						  Qt::NoModifier, Qt::NoScrollPhase, false);
+		QApplication::sendEvent(widget, &wheel);
+	};
+	const QPoint cursor(qRound(chart.canvasMap(QwtPlot::xBottom).transform(30)),
+						qRound(chart.canvasMap(QwtPlot::yLeft).transform(4)));
+	const double x = chart.canvasMap(QwtPlot::xBottom).invTransform(cursor.x());
+	const double y = chart.canvasMap(QwtPlot::yLeft).invTransform(cursor.y());
+	turnWheel(chart.canvas(), cursor, 15);
+	EXPECT_NEAR(range(QwtPlot::xBottom), 80, 1e-9);
+	EXPECT_NEAR(range(QwtPlot::yLeft), 8, 1e-9);
+	EXPECT_NEAR(range(QwtPlot::yRight), 80, 1e-9);
+	EXPECT_NEAR(chart.canvasMap(QwtPlot::xBottom).invTransform(cursor.x()), x, 0.5);
+	EXPECT_NEAR(chart.canvasMap(QwtPlot::yLeft).invTransform(cursor.y()), y, 0.05);
+
+	// two steps back over the x axis widen only the x axis, around the cursor's x position
+	QwtScaleWidget * xAxis = chart.axisWidget(QwtPlot::xBottom);
+	const QPoint onAxis = xAxis->mapFromGlobal(chart.canvas()->mapToGlobal(QPoint(cursor.x(), 0)));
+	turnWheel(xAxis, QPoint(onAxis.x(), 5), -30);
+	EXPECT_NEAR(range(QwtPlot::xBottom), 80/0.64, 1e-9);
+	EXPECT_NEAR(range(QwtPlot::yLeft), 8, 1e-9);
+	EXPECT_NEAR(chart.canvasMap(QwtPlot::xBottom).invTransform(cursor.x()), x, 0.5);
+
+	// "Reset zoom" returns to the model's ranges
+	chart.resetView();
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).upperBound(), 100);
+	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::yLeft).upperBound(), 10);
+}
+
+
+TEST(SciChartPicker, ValuesWithUnitsFieldValuesAndDatesOfTheInterfaceLanguage) {
+	const QLocale previous;
+	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+	VectorLineModel model;
+	addTwoAxisSeries(model, 72, ZEB::Unit("%"));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(600, 400));
+	SCI::PlotPickerText picker(&chart);
+	const QPoint middle(qRound(chart.canvasMap(QwtPlot::xBottom).transform(36)),
+						qRound(chart.canvasMap(QwtPlot::yLeft).transform(5)));
+
+	// hours with their unit, each y axis with its own; a pixel is 0.01 .. 0.1 of these units
+	const QRegularExpression numbers("^x: (3[56]\\.\\d) h   y: ([45]\\.\\d\\d) C \\| ([45]\\d\\.\\d) %$");
+	const QRegularExpressionMatch hours = numbers.match(picker.text(middle));
+	ASSERT_TRUE(hours.hasMatch()) << picker.text(middle).toStdString();
+	EXPECT_NEAR(hours.captured(1).toDouble(), 36, 0.2);
+	EXPECT_NEAR(hours.captured(2).toDouble(), 5, 0.05);
+	EXPECT_NEAR(hours.captured(3).toDouble(), 50, 0.5);
+
+	// 36 h after 2000-01-01 00:00 UTC: noon of 2 January, in the language's short format,
+	// without seconds while a pixel spans minutes
+	model.setAxisData(true, CM::BottomAxis, CM::AxisDateTimeEnabled);
+	renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(QRegularExpression("^x: 1/2/00 1[12]:\\d\\d [AP]M   y: ").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+	EXPECT_TRUE(QRegularExpression("^x: 0[12]\\.01\\.00 \\d\\d:\\d\\d   y: \\d,\\d\\d C").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	// 36 seconds over the axis: the seconds count
+	setAxisRange(model, CM::BottomAxis, 0, 0.01);
+	renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(QRegularExpression("^x: 01\\.01\\.00 00:00:\\d\\d   ").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+
+	// a colour grid: x, y and the value of the cell under the mouse, not the colour bar's scale;
+	// cell (1, 1) spans x 0.1 .. 0.3 and y 1 .. 2 and holds 9.5
+	VectorGridModel grid(true);
+	SCI::Chart gridChart;
+	gridChart.setModel(&grid);
+	renderCanvas(gridChart, QSize(600, 400));
+	const QPoint cell(qRound(gridChart.canvasMap(QwtPlot::xBottom).transform(0.2)),
+					  qRound(gridChart.canvasMap(QwtPlot::yLeft).transform(1.5)));
+	const QRegularExpressionMatch field = QRegularExpression("^x: (0\\.\\d+) m   y: (1\\.\\d+) m   value: 9\\.5 C$")
+			.match(SCI::PlotPickerText(&gridChart).text(cell));
+	ASSERT_TRUE(field.hasMatch()) << SCI::PlotPickerText(&gridChart).text(cell).toStdString();
+	EXPECT_NEAR(field.captured(1).toDouble(), 0.2, 0.01);
+	EXPECT_NEAR(field.captured(2).toDouble(), 1.5, 0.01);
+
+	// the chart hands the text on while the mouse moves over the canvas, and clears it when it leaves
+	QStringList announced;
+	QObject::connect(&gridChart, &SCI::Chart::pickerTextChanged, [&announced](const QString & t) { announced << t; });
+	QMouseEvent move(QEvent::MouseMove, cell, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+	QApplication::sendEvent(gridChart.canvas(), &move);
+	QEvent leave(QEvent::Leave);
+	QApplication::sendEvent(gridChart.canvas(), &leave);
+	EXPECT_EQ(announced, QStringList({ SCI::PlotPickerText(&gridChart).text(cell), QString() }));
+	QLocale::setDefault(previous);
 }
 
 

@@ -1,5 +1,5 @@
 // The export dialog driven through its widgets, headless: file names, size fields, messages,
-// dimension history, previews and the written files.
+// settings kept for the next use, previews and the written files.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -15,7 +15,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTabWidget>
 
@@ -32,14 +31,10 @@ using namespace SciTest;
 
 namespace {
 
-/*! A dialog for the test plot, with recorded messages and the settings store in the scratch
-	directory, starting with an empty dimension history.
-*/
+/*! A dialog for the test plot, with recorded messages. */
 class SciExportDialog : public ::testing::Test {
 protected:
 	void SetUp() override {
-		QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratchPath("settings"));
-		QSettings("ZEB", "OrvanePart").remove("dimensionHistory");
 		m_plot = createTestPlot();
 		m_dialog.reset(new SCI::ExportDialog(m_plot.get()));
 		m_dialog->setMessageReporter(&m_reporter);
@@ -192,41 +187,52 @@ TEST_F(SciExportDialog, VectorSizesAreValidated) {
 }
 
 
-TEST_F(SciExportDialog, DimensionHistoryIsStoredAndOffered) {
+TEST_F(SciExportDialog, SettingsAndLastUsedSizesCarryOverToTheNextUse) {
+	// a stored list of last used sizes: unreadable entries are dropped, ten are offered
+	SCI::ExportSettings stored;
+	stored.m_dimensionHistory << "50x40" << "garbage";
+	for (int i = 1; i <= 12; ++i)
+		stored.m_dimensionHistory << QString("%1x10").arg(i);
+	m_dialog->setSettings(stored);
+	QComboBox * combo = tabChild<QComboBox>(true, "comboBoxLastPlotDimensions");
+	ASSERT_EQ(combo->count(), 11);
+	EXPECT_EQ(combo->itemText(1), "50x40");
+	EXPECT_EQ(combo->itemText(10), "9x10");
+
+	// choosing an entry fills the fields and moves it to the front; valid edits are stored too
 	showTab(true);
 	tabChild<QCheckBox>(true, "checkBoxAspectRatio")->setChecked(false);
+	combo->setCurrentIndex(combo->findText("3x10"));
+	EXPECT_EQ(fieldText(true, "lineEditMMX"), "3");
+	EXPECT_EQ(fieldText(true, "lineEditMMY"), "10");
 	edit(true, "lineEditMMX", "120");
+	edit(true, "lineEditMMY", "0");
 	edit(true, "lineEditMMY", "80.5");
-	edit(true, "lineEditMMX", "0");			// invalid edits are not stored
-	edit(true, "lineEditMMX", "90");
+	const QString svg = scratchPath("dialog_settings.svg");
+	exportTo(svg);
+	EXPECT_EQ(takeMessage(), "0 messages");
+	SCI::ExportSettings used = m_dialog->settings();
+	EXPECT_EQ(used.m_dimensionHistory.mid(0, 4), QStringList({"120x80.5", "120x10", "3x10", "50x40"}));
+	EXPECT_EQ(used.m_dimensionHistory.size(), 10);
+	EXPECT_EQ(used.m_fileName, svg);
+	EXPECT_EQ(used.m_tab, SCI::ExportSettings::VectorTab);
+	EXPECT_EQ(used.m_vectorSizeMM, QSizeF(120, 80.5));
 
-	const QStringList stored = QSettings("ZEB", "OrvanePart").value("dimensionHistory").toStringList();
-	// newest first: 90x80.5 after 120x80.5 after 120x<start height>
-	ASSERT_EQ(stored.size(), 3);
-	EXPECT_EQ(stored[0], "90x80.5");
-	EXPECT_EQ(stored[1], "120x80.5");
-	EXPECT_TRUE(stored[2].startsWith("120x"));
-
-	QComboBox * combo = tabChild<QComboBox>(true, "comboBoxLastPlotDimensions");
-	const int index = combo->findText("120x80.5");
-	ASSERT_GT(index, 0);
-	combo->setCurrentIndex(index);
-	EXPECT_EQ(fieldText(true, "lineEditMMX"), "120");
-	EXPECT_EQ(fieldText(true, "lineEditMMY"), "80.5");
-	// the chosen entry moved to the front, without a duplicate
-	const QStringList after = QSettings("ZEB", "OrvanePart").value("dimensionHistory").toStringList();
-	EXPECT_EQ(after.first(), "120x80.5");
-	EXPECT_EQ(after.count("120x80.5"), 1);
-	EXPECT_EQ(after.size(), 3);
-
-	// a new dialog offers the stored sizes; the list keeps the newest ten
-	for (int i = 1; i <= 12; ++i)
-		edit(true, "lineEditMMX", QString::number(i));
-	SCI::ExportDialog second(m_plot.get());
-	QComboBox * secondCombo = second.findChild<SCI::Export2VectorWidget *>()->findChild<QComboBox *>("comboBoxLastPlotDimensions");
-	ASSERT_EQ(secondCombo->count(), 11);
-	EXPECT_EQ(secondCombo->itemText(1), "12x80.5");
-	EXPECT_EQ(secondCombo->itemText(10), "3x80.5");
+	// the next dialog opens as the last one was left; an export stores its size without an edit
+	used.m_bitmapSize = QSize(1000, 700);
+	used.m_resolution = 600;
+	used.m_vectorSizeMM = QSizeF(70, 30);
+	SCI::ExportDialog next(m_plot.get());
+	next.setMessageReporter(&m_reporter);
+	next.setSettings(used);
+	EXPECT_EQ(next.fileName(), svg);
+	EXPECT_EQ(next.findChild<QTabWidget *>("tabWidget")->currentIndex(), 1);
+	const SCI::Export2BitmapWidget * bitmap = next.findChild<SCI::Export2BitmapWidget *>();
+	EXPECT_EQ(bitmap->pixelSize(), QSize(1000, 700));
+	EXPECT_EQ(bitmap->resolution(), 600);
+	next.findChild<QPushButton *>("pushButtonSave")->click();
+	EXPECT_EQ(takeMessage(), "0 messages");
+	EXPECT_EQ(next.settings().m_dimensionHistory.first(), "70x30");
 }
 
 
@@ -250,17 +256,37 @@ TEST_F(SciExportDialog, BitmapSizesAreLinkedThroughTheResolution) {
 	EXPECT_GT(scaled->pixmap(Qt::ReturnByValue).width(), 100);
 
 	// millimetre mode: the millimetres stay, pixels follow: 100 mm at 300 dpi = 1181.1 px;
-	// 100 mm / 1.5 = 66.7 mm = 787.8 px
+	// 100 mm / 1.5 = 66.67 mm (shown as 66.7) = 787.4 px
 	tabChild<QRadioButton>(false, "radioButtonMM")->setChecked(true);
 	EXPECT_FALSE(tabChild<QLineEdit>(false, "lineEditPixelX")->isEnabled());
 	EXPECT_TRUE(tabChild<QLineEdit>(false, "lineEditMMX")->isEnabled());
 	edit(false, "lineEditMMX", "100");
 	EXPECT_EQ(fieldText(false, "lineEditMMY"), "66.7");
 	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "1181");
-	EXPECT_EQ(fieldText(false, "lineEditPixelY"), "788");
+	EXPECT_EQ(fieldText(false, "lineEditPixelY"), "787");
 	dpi->setValue(150);
 	EXPECT_EQ(fieldText(false, "lineEditMMX"), "100");
 	EXPECT_EQ(fieldText(false, "lineEditPixelX"), "591");
+
+	// going to millimetres and back keeps the pixels entered at every resolution, although
+	// the millimetres shown are rounded (1000 px at 600 dpi are 42.33 mm, shown as 42.3)
+	const SCI::Export2BitmapWidget * bitmap = m_dialog->findChild<SCI::Export2BitmapWidget *>();
+	tabChild<QCheckBox>(false, "checkBoxAspectRatio")->setChecked(false);
+	for (int resolution : { 72, 150, 300, 600, 1200 }) {
+		for (int pixels : { 999, 1000, 1001, 1234 }) {
+			dpi->setValue(resolution);
+			tabChild<QRadioButton>(false, "radioButtonPixels")->setChecked(true);
+			edit(false, "lineEditPixelX", QString::number(pixels));
+			tabChild<QRadioButton>(false, "radioButtonMM")->setChecked(true);
+			tabChild<QRadioButton>(false, "radioButtonPixels")->setChecked(true);
+			EXPECT_EQ(bitmap->pixelSize().width(), pixels) << pixels << " px at " << resolution << " dpi";
+		}
+	}
+	const QString thousand = scratchPath("dialog_1000.png");
+	edit(false, "lineEditPixelX", "1000");
+	tabChild<QRadioButton>(false, "radioButtonMM")->setChecked(true);
+	exportTo(thousand);
+	EXPECT_EQ(QImage(thousand).width(), 1000);
 
 	// a bitmap too large for the previews is still exported
 	tabChild<QRadioButton>(false, "radioButtonPixels")->setChecked(true);

@@ -86,6 +86,8 @@ void Settings::read() {
 	m_startWithLastSession = readBool(*store, "StartWithLastSession", m_startWithLastSession);
 	m_chartStyleFileLastUsed = readString(*store, "ChartStyleFileLastUsed", m_chartStyleFileLastUsed);
 	m_newestRejectedVersion = readString(*store, "NewestRejectedVersion", m_newestRejectedVersion);
+	// the export dialog keeps its sizes under "dimensionHistory" too; either key fills the list
+	m_chartVectorExportDimensionHistory = readStringList(*store, "dimensionHistory", m_chartVectorExportDimensionHistory);
 	m_chartVectorExportDimensionHistory = readStringList(*store, "ChartVectorExportDimensionHistory",
 														 m_chartVectorExportDimensionHistory);
 	m_exportHeadersEnabled = readBool(*store, "ExportHeadersEnabled", m_exportHeadersEnabled);
@@ -112,6 +114,7 @@ void Settings::write(const QByteArray & geometry, const QByteArray & state) {
 	store->setValue("ChartStyleFileLastUsed", m_chartStyleFileLastUsed);
 	store->setValue("NewestRejectedVersion", m_newestRejectedVersion);
 	store->setValue("ChartVectorExportDimensionHistory", m_chartVectorExportDimensionHistory);
+	store->setValue("dimensionHistory", m_chartVectorExportDimensionHistory);
 	store->setValue("ExportHeadersEnabled", m_exportHeadersEnabled);
 	store->setValue("ExportGermanFormatEnabled", m_exportGermanFormatEnabled);
 	store->setValue("ExportSeperateLinesForUnitsEnabled", m_exportSeperateLinesForUnitsEnabled);

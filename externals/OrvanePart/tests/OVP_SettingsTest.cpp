@@ -142,10 +142,17 @@ TEST(OVPSettings, RoundTripOfEveryKey) {
 	QSettings raw(file, QSettings::IniFormat);
 	for (const char * key : { "UserColoring", "DecimalPlaces", "FileNameFilter", "ExcludedDirNames", "WriteAll",
 							  "StartWithLastSession", "ChartStyleFileLastUsed", "NewestRejectedVersion",
-							  "ChartVectorExportDimensionHistory", "ExportHeadersEnabled", "ExportGermanFormatEnabled",
+							  "ChartVectorExportDimensionHistory", "dimensionHistory", "ExportHeadersEnabled", "ExportGermanFormatEnabled",
 							  "ExportSeperateLinesForUnitsEnabled", "PanelEastVisible", "PanelWestVisible",
 							  "PanelSouthVisible", "UndoSize", "LangID" })
 		EXPECT_TRUE(raw.contains(key)) << key;
+
+	// a store written by the export dialog alone offers its sizes too
+	raw.remove("ChartVectorExportDimensionHistory");
+	raw.setValue("dimensionHistory", QStringList{ "90x60" });
+	raw.sync();
+	r.read();
+	EXPECT_EQ(r.m_chartVectorExportDimensionHistory, QStringList{ "90x60" });
 }
 
 

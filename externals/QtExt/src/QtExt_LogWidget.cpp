@@ -1,5 +1,6 @@
 #include "QtExt_LogWidget.h"
 
+#include <QCheckBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QListView>
@@ -56,13 +57,12 @@ void LogWidget::onMsgReceived(int type, QString msg) {
 }
 
 
-QToolButton * LogWidget::addFilterButton(const QString & text, const QList<int> & types) {
-	QToolButton * button = new QToolButton(this);
+QCheckBox * LogWidget::addFilterButton(const QString & text, const QList<int> & types) {
+	QCheckBox * button = new QCheckBox(this);
 	button->setText(text);
-	button->setCheckable(true);
 	button->setChecked(true);
 	button->setToolTip(tr("Shows or hides these messages."));
-	connect(button, &QToolButton::toggled, m_model, [this, types](bool shown) {
+	connect(button, &QCheckBox::toggled, m_model, [this, types](bool shown) {
 		for (int type : types)
 			m_model->setTypeShown(type, shown);
 		// the newest lines are the ones of interest

@@ -4,7 +4,7 @@
 #include <QWidget>
 
 class QListView;
-class QToolButton;
+class QCheckBox;
 
 namespace QtExt {
 
@@ -28,7 +28,7 @@ public slots:
 
 private:
 	/*! A check button that shows or hides the messages of the types. */
-	QToolButton * addFilterButton(const QString & text, const QList<int> & types);
+	QCheckBox * addFilterButton(const QString & text, const QList<int> & types);
 
 	LogModel *	m_model;
 	QListView *	m_view;

@@ -25,11 +25,13 @@ QSpinBox * logLevelBox(int value) {
 	return box;
 }
 
-/*! A hint below a field, in the palette's dimmer text colour. */
+/*! A hint below a field, in the text colour of disabled widgets. */
 QLabel * hintLabel(const QString & text) {
 	QLabel * label = new QLabel(text);
 	label->setWordWrap(true);
-	label->setForegroundRole(QPalette::PlaceholderText);
+	QPalette palette = label->palette();
+	palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
+	label->setPalette(palette);
 	return label;
 }
 

@@ -28,7 +28,6 @@ QSpinBox * logLevelBox(int value) {
 /*! A hint below a field, in the text colour of disabled widgets. */
 QLabel * hintLabel(const QString & text) {
 	QLabel * label = new QLabel(text);
-	label->setWordWrap(true);
 	QPalette palette = label->palette();
 	palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
 	label->setPalette(palette);
@@ -58,7 +57,7 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	generalLayout->addRow(QString(), hintLabel(tr("A changed language takes effect on the next program start.")));
 	generalLayout->addRow(tr("Console log level:"), m_logLevelConsole);
 	generalLayout->addRow(tr("Log file log level:"), m_logLevelLogfile);
-	generalLayout->addRow(QString(), hintLabel(tr("Higher levels write more detail; 0 writes warnings and errors only.")));
+	generalLayout->addRow(QString(), hintLabel(tr("Higher levels write more detail; errors are always written.")));
 
 	m_startWithLastSession = new QRadioButton(tr("Reopen last session on program start"));
 	m_startWithEmptySession = new QRadioButton(tr("Start with empty session"));
@@ -95,8 +94,7 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	QGroupBox * updates = new QGroupBox(tr("Updates and messages"));
 	QFormLayout * updateLayout = new QFormLayout(updates);
 	updateLayout->addRow(tr("Update address:"), m_updateUrl);
-	updateLayout->addRow(QString(), hintLabel(tr("Address of the version file on the update server; "
-												 "leave it empty to never look for updates.")));
+	updateLayout->addRow(QString(), hintLabel(tr("Address of the version file; empty: never look for updates.")));
 	updateLayout->addRow(m_resetMessages);
 
 	QDialogButtonBox * buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -110,7 +108,7 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	layout->addWidget(updates);
 	layout->addStretch(1);
 	layout->addWidget(buttons);
-	setMinimumWidth(560);
+	setMinimumWidth(600);
 }
 
 

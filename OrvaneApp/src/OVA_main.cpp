@@ -156,9 +156,10 @@ int runApplication(int argc, char * argv[]) {
 		mainWindow->generateChart(QString::fromStdString(argParser.value("generate-chart")));
 	if (argParser.hasOption("generate-charts"))
 		mainWindow->generateCharts(QString::fromStdString(argParser.value("generate-charts")));
-	// a scripted export runs unattended: no one to answer an update offer
+	// a scripted export runs unattended: no one to answer an update offer; an offer waits for the
+	// splash screen, which would cover it
 	if (!argParser.hasOption("generate-chart") && !argParser.hasOption("generate-charts"))
-		QTimer::singleShot(0, mainWindow.get(), &OVAMainWindow::onCheckForUpdatesAtStart);
+		QTimer::singleShot(splash ? SPLASH_DURATION_MS : 0, mainWindow.get(), &OVAMainWindow::onCheckForUpdatesAtStart);
 
 	const int result = app.exec();
 

@@ -26,6 +26,8 @@
 #include <ZEB_Exception.h>
 
 #include <QtExt_LogFileDialog.h>
+#include <QtExt_DoNotShowAgainMessage.h>
+#include <QtExt_TextEditor.h>
 
 #include "ChartView.h"
 #include "LogUserInteraction.h"
@@ -62,6 +64,8 @@ MainView::MainView(QWidget * parent) :
 										   this, &MainView::onSaveSession);
 	m_actions.m_saveSessionAs = createAction(tr("Save session as..."), QKeySequence(),
 											 this, &MainView::onSaveSessionAs);
+	m_actions.m_editSessionFile = createAction(tr("Edit session file in text editor"), QKeySequence(Qt::Key_F2),
+											   this, &MainView::onEditSessionFile);
 	m_actions.m_useOtherResultFolder = createAction(tr("Use another result folder..."), QKeySequence(),
 													this, &MainView::onUseOtherResultFolder);
 	m_actions.m_undo = createAction(tr("Undo"), QKeySequence(Qt::CTRL + Qt::Key_Z), this, &MainView::onUndo);
@@ -184,6 +188,35 @@ void MainView::onSaveSessionAs() {
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	if (handler.isValid())
 		handler.saveWithNewFilename(this);
+}
+
+
+void MainView::onEditSessionFile() {
+	const OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
+	if (!handler.isValid() || handler.projectFile().isEmpty()) {
+		m_userInteraction->showCritical(this, tr("Edit session file"),
+			tr("The session has not been saved to a file yet. Save it first, then edit its file."));
+		return;
+	}
+	OVP::Settings & settings = OVP::Settings::instance();
+	if (QtExt::TextEditor::resolvedExecutable(settings.m_textEditorExecutable).isEmpty()) {
+		m_userInteraction->showCritical(this, tr("Edit session file"), settings.m_textEditorExecutable.isEmpty()
+			? tr("No text editor is set. Choose one in the preferences.")
+			: tr("The text editor '%1' cannot be found. Choose one in the preferences.").arg(settings.m_textEditorExecutable));
+		emit textEditorRequested();
+		return;
+	}
+	try {
+		QtExt::TextEditor::open(settings.m_textEditorExecutable, handler.projectFile());
+	}
+	catch (ZEB::Exception & ex) {
+		ex.reportAllAsErrors();
+		m_userInteraction->showCritical(this, tr("Edit session file"), OVP::exceptionText(ex));
+		return;
+	}
+	QtExt::DoNotShowAgainMessage::information(this, settings, "EditSessionFileHint", tr("Edit session file"),
+		tr("The session file is open in the text editor. Once you have saved it there and come back to "
+		   "Orvane, you are asked whether to reload the changed session."));
 }
 
 

@@ -47,6 +47,7 @@ public:
 		QAction * m_loadSession;
 		QAction * m_saveSession;
 		QAction * m_saveSessionAs;
+		QAction * m_editSessionFile;
 		QAction * m_useOtherResultFolder;
 		/*! Undo and redo of the session's changes, their texts naming the change. */
 		QAction * m_undo;
@@ -99,6 +100,10 @@ public slots:
 	void onLoadSession();
 	void onSaveSession();
 	void onSaveSessionAs();
+	/*! Opens the session file in the text editor of the settings. Without a session file it
+		tells so; without a usable editor it asks for one (textEditorRequested()).
+	*/
+	void onEditSessionFile();
 	/*! Points the session's charts at a variant of the simulation in another result folder. */
 	void onUseOtherResultFolder();
 	/*! Opens the recent session of the action that sent the signal. */
@@ -138,6 +143,8 @@ public slots:
 signals:
 	/*! The user asked for the properties of an element of the focused view's chart. */
 	void chartPropertiesRequested(const SCI::ChartElement & element);
+	/*! No usable text editor is set: the preferences should open at the text editor. */
+	void textEditorRequested();
 
 private slots:
 	/*! Opens the session of the start-up and starts the scripted exports. */

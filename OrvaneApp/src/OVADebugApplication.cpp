@@ -68,6 +68,8 @@ void OVADebugApplication::showErrorBox() {
 	box.setText(tr("Orvane 2 encountered an unexpected error (we certainly didn't want this error to happen :-). "
 				   "Please copy the content of the application log file and send the last lines with any potential "
 				   "error messages to the developers. Thanks!"));
+	// the same version as --version and the About dialog, so that a report names it
+	box.setInformativeText(tr("Orvane version %1, log file: %2").arg(ORVANEAPP_VERSION, OVADirectories::logFile()));
 	box.setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint
 					   | Qt::WindowCloseButtonHint);
 	QFile log(OVADirectories::logFile());

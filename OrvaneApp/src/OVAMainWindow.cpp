@@ -24,6 +24,8 @@
 
 #include <QtExt_LogWidget.h>
 
+#include <OVP_DataManagerTableModel.h>
+#include <OVP_DirectoryTreeModel.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_MessageHandler.h>
 #include <OVP_ProgressNotifier.h>
@@ -31,7 +33,9 @@
 #include <OVP_ProjectHandler.h>
 #include <OVP_PropertyPanel.h>
 #include <OVP_Settings.h>
+#include <OVP_UpdateCheck.h>
 
+#include "AboutDialog.h"
 #include "ChartActions.h"
 #include "ChartView.h"
 #include "ChartExportProperties.h"
@@ -39,9 +43,11 @@
 #include "DroppedFileOpener.h"
 #include "MainView.h"
 #include "MapperTreeView.h"
+#include "OVADirectories.h"
 #include "ReadProgressWidget.h"
 #include "DirectoryTreeView.h"
 #include "SessionPanel.h"
+#include "UpdateDialogs.h"
 #include "ViewManager.h"
 
 namespace {
@@ -70,6 +76,11 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 
 	m_mainView = new MainView(this);
 	setCentralWidget(m_mainView);
+	m_updateDialogs = new UpdateDialogs(this);
+	m_updateCheck = new OVP::UpdateCheck(OVP::Settings::instance(), *m_updateDialogs, ORVANEAPP_VERSION,
+										 OVADirectories::updateDownloadDir(), this);
+	m_updateDialogs->setUpdateCheck(m_updateCheck);
+	connect(m_mainView, &MainView::textEditorRequested, this, [this]() { showPreferences(PreferencesDialog::F_TextEditor); });
 	setupSessionPanel();
 	setupPropertyPanel();
 	setupLogPanel();
@@ -186,6 +197,60 @@ void OVAMainWindow::generateCharts(const QString & exportSpecFile) {
 }
 
 
+const QString & OVAMainWindow::updateInstallerFileName() const {
+	return m_updateCheck->installerFileName();
+}
+
+
+void OVAMainWindow::showPreferences(PreferencesDialog::Field field) {
+	FUNCID(OVAMainWindow::showPreferences);
+	OVP::Settings & settings = OVP::Settings::instance();
+	PreferencesDialog dialog(OVP::Preferences::fromSettings(settings), settings.doNotShowAgainCount(), this);
+	dialog.focusField(field);
+	if (dialog.exec() != QDialog::Accepted)
+		return;
+	const int changes = dialog.preferences().storeTo(settings);
+	if (changes & OVP::Preferences::C_LogLevels) {
+		ZEB::MessageHandler::current()->setConsoleVerbosityLevel(settings.m_userLogLevelConsole);
+		ZEB::MessageHandler::current()->setLogfileVerbosityLevel(settings.m_userLogLevelLogfile);
+	}
+	if (changes & OVP::Preferences::C_DataManager) {
+		m_sessionPanel->directoryModel()->refresh();
+		m_sessionPanel->fileModel()->relistDirectories();
+	}
+	try {
+		settings.write(saveGeometry(), saveState());
+	}
+	catch (ZEB::Exception & ex) {
+		ZEB::Exception(ex, "Settings could not be stored.", FUNC_ID).reportAllAsErrors();
+	}
+}
+
+
+void OVAMainWindow::onCheckForUpdatesAtStart() {
+	m_updateCheck->start(OVP::UpdateCheck::M_Automatic);
+}
+
+
+void OVAMainWindow::onCheckForUpdates() {
+	if (OVP::Settings::instance().m_updateUrl.trimmed().isEmpty())
+		showPreferences(PreferencesDialog::F_UpdateUrl);
+	else
+		m_updateCheck->start(OVP::UpdateCheck::M_Manual);
+}
+
+
+void OVAMainWindow::onPreferences() {
+	showPreferences(PreferencesDialog::F_Language);
+}
+
+
+void OVAMainWindow::onAbout() {
+	AboutDialog dialog(this);
+	dialog.exec();
+}
+
+
 void OVAMainWindow::onCloseWithoutQuestion() {
 	m_closeWithoutQuestion = true;
 	close();
@@ -275,6 +340,7 @@ void OVAMainWindow::setupMenus() {
 	sessionMenu->addSeparator();
 	sessionMenu->addAction(a.m_saveSession);
 	sessionMenu->addAction(a.m_saveSessionAs);
+	sessionMenu->addAction(a.m_editSessionFile);
 	sessionMenu->addSeparator();
 	sessionMenu->addAction(m_sessionPanel->directoryView()->addDirectoryAction());
 	sessionMenu->addAction(a.m_useOtherResultFolder);
@@ -286,6 +352,8 @@ void OVAMainWindow::setupMenus() {
 	QMenu * editMenu = menuBar()->addMenu(tr("&Edit"));
 	editMenu->addAction(a.m_undo);
 	editMenu->addAction(a.m_redo);
+	editMenu->addSeparator();
+	editMenu->addAction(tr("Preferences..."), this, &OVAMainWindow::onPreferences);
 
 	QMenu * viewMenu = menuBar()->addMenu(tr("&View"));
 	viewMenu->addAction(a.m_splitHorizontal);
@@ -312,6 +380,11 @@ void OVAMainWindow::setupMenus() {
 	chartMenu->addAction(a.m_storeChartStyle);
 	chartMenu->addMenu(m_mainView->chartStylesMenu());
 	chartMenu->addAction(a.m_applyLastChartStyle);
+
+	QMenu * helpMenu = menuBar()->addMenu(tr("&Help"));
+	helpMenu->addAction(tr("Check for updates..."), this, &OVAMainWindow::onCheckForUpdates);
+	helpMenu->addSeparator();
+	helpMenu->addAction(tr("About Orvane..."), this, &OVAMainWindow::onAbout);
 }
 
 

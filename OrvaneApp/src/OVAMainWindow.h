@@ -6,11 +6,14 @@
 #include <QMainWindow>
 #include <QString>
 
+#include "PreferencesDialog.h"
+
 class QDockWidget;
 class ChartActions;
 class DroppedFileOpener;
 class MainView;
 class SessionPanel;
+class UpdateDialogs;
 
 namespace SCI {
 struct ChartElement;
@@ -19,6 +22,7 @@ struct ChartElement;
 namespace OVP {
 class ProgressNotifier;
 class PropertyPanel;
+class UpdateCheck;
 }
 
 /*! The top-level window of the program. It holds the main view, shows its actions in the menu
@@ -64,9 +68,25 @@ public:
 	/*! File name of an update installer downloaded during this run, to be installed after the
 		event loop has ended; empty when there is none.
 	*/
-	const QString & updateInstallerFileName() const { return m_updateInstallerFileName; }
+	const QString & updateInstallerFileName() const;
+
+	/*! Opens the preferences dialog at a field; accepted values are applied and the settings
+		written.
+	*/
+	void showPreferences(PreferencesDialog::Field field);
 
 public slots:
+	/*! Looks for a newer version without being asked (at start-up); tells only when there is one
+		that the user has not skipped before. Nothing happens without an update address.
+	*/
+	void onCheckForUpdatesAtStart();
+	/*! Looks for a newer version because the user asked for it; without an update address the
+		preferences open at that field.
+	*/
+	void onCheckForUpdates();
+	void onPreferences();
+	void onAbout();
+
 	/*! Closes the window without asking to save the session and without storing settings
 		(used after a failed scripted export).
 	*/
@@ -126,7 +146,8 @@ private:
 	bool								m_closeWithoutQuestion = false;
 	/*! True while the reload question is shown, so that it is not asked twice. */
 	bool								m_askingForReload = false;
-	QString								m_updateInstallerFileName;
+	UpdateDialogs *						m_updateDialogs;
+	OVP::UpdateCheck *					m_updateCheck;
 };
 
 #endif // OVAMainWindowH

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFont>
 #include <QLocale>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QSplashScreen>
 #include <QTimer>
@@ -155,6 +156,10 @@ int runApplication(int argc, char * argv[]) {
 		mainWindow->generateChart(QString::fromStdString(argParser.value("generate-chart")));
 	if (argParser.hasOption("generate-charts"))
 		mainWindow->generateCharts(QString::fromStdString(argParser.value("generate-charts")));
+	// a scripted export runs unattended: no one to answer an update offer; an offer waits for the
+	// splash screen, which would cover it
+	if (!argParser.hasOption("generate-chart") && !argParser.hasOption("generate-charts"))
+		QTimer::singleShot(splash ? SPLASH_DURATION_MS : 0, mainWindow.get(), &OVAMainWindow::onCheckForUpdatesAtStart);
 
 	const int result = app.exec();
 
@@ -166,6 +171,8 @@ int runApplication(int argc, char * argv[]) {
 		}
 		catch (ZEB::Exception & ex) {
 			ex.reportAllAsErrors();
+			QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Install update"),
+								  QString::fromStdString(ex.what()));
 		}
 	}
 	return result;

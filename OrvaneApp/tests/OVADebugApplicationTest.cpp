@@ -38,6 +38,7 @@ struct BoxContent {
 	QString				m_title;
 	QString				m_text;
 	QString				m_detailedText;
+	QString				m_informativeText;
 	QMessageBox::Icon	m_icon = QMessageBox::NoIcon;
 	Qt::WindowFlags		m_flags;
 };
@@ -56,6 +57,7 @@ bool deliverAndCloseBox(ThrowingObject & object, BoxContent & box) {
 		box.m_title = shown->windowTitle();
 		box.m_text = shown->text();
 		box.m_detailedText = shown->detailedText();
+		box.m_informativeText = shown->informativeText();
 		box.m_icon = shown->icon();
 		box.m_flags = shown->windowFlags();
 		shown->done(0);
@@ -109,6 +111,7 @@ TEST_F(LogFileTest, ZebExceptionIsLoggedAndShownWithTheLog) {
 	EXPECT_EQ(box.m_icon, QMessageBox::Critical);
 	EXPECT_TRUE(box.m_title.isEmpty());
 	EXPECT_EQ(box.m_text, BOX_TEXT);
+	EXPECT_TRUE(box.m_informativeText.startsWith("Orvane version " ORVANEAPP_VERSION ", log file: ")) << box.m_informativeText.toStdString();
 	// the box shows the log as it was when the box came up, which already holds the messages
 	EXPECT_EQ(box.m_detailedText, log);
 	EXPECT_TRUE(box.m_flags.testFlag(Qt::WindowMinimizeButtonHint));

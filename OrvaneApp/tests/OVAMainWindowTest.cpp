@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -36,6 +41,7 @@
 #include <QtExt_LogFileDialog.h>
 #include <QtExt_LogModel.h>
 #include <QtExt_LogWidget.h>
+#include <QtExt_BrowseFilenameWidget.h>
 
 #include <EM_Extractor2DOutputBase.h>
 #include <ZEB_UnitVector.h>
@@ -43,10 +49,13 @@
 #include "ChartView.h"
 #include "DataManagerPanel.h"
 #include "MainView.h"
+#include "OVADirectories.h"
 #include "MapperTreeView.h"
 #include "OVADirectories.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
+#include "AboutDialog.h"
+#include "PreferencesDialog.h"
 #include "ReadProgressWidget.h"
 #include "SessionPanel.h"
 #include "ViewManager.h"
@@ -180,7 +189,7 @@ TEST_F(MainWindowTest, EditMenuNamesTheChangeAndUndoingToTheSavedStateClearsTheM
 		if (menu->text() == "&Edit")
 			edit = menu->menu();
 	ASSERT_NE(edit, nullptr);
-	EXPECT_EQ(edit->actions(), QList<QAction *>({ a.m_undo, a.m_redo }));
+	EXPECT_EQ(edit->actions().mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
 	EXPECT_EQ(a.m_undo->shortcut(), QKeySequence("Ctrl+Z"));
 	EXPECT_EQ(a.m_redo->shortcuts(), QList<QKeySequence>({ QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") }));
 
@@ -501,4 +510,118 @@ TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
 	const QMimeData * emf = QApplication::clipboard()->mimeData();
 	EXPECT_TRUE(emf->data("image/x-emf").startsWith(QByteArray("\x01\x00\x00\x00", 4)));
 	EXPECT_EQ(QImage::fromData(emf->data("image/png"), "PNG").size(), size);
+}
+
+
+namespace {
+
+/*! The action of a menu of the menu bar by the texts of menu and action, or null. */
+QAction * menuAction(const QMainWindow & window, const QString & menu, const QString & action) {
+	for (QAction * m : window.menuBar()->actions())
+		if (m->text() == menu)
+			for (QAction * a : m->menu()->actions())
+				if (a->text() == action)
+					return a;
+	return nullptr;
+}
+
+/*! Hands the next modal dialog to handle, which closes it. */
+void onNextModal(const std::function<void(QWidget *)> & handle) {
+	QTimer * poll = new QTimer;
+	poll->setInterval(10);
+	QObject::connect(poll, &QTimer::timeout, [poll, handle]() {
+		QWidget * modal = QApplication::activeModalWidget();
+		if (modal == nullptr)
+			return;
+		poll->deleteLater();
+		poll->stop();
+		handle(modal);
+	});
+	poll->start();
+}
+
+} // namespace
+
+
+TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
+	OVAMainWindow window;
+	window.mainView()->setScriptedRun();
+	QCoreApplication::processEvents();
+	QAction * edit = menuAction(window, "&Session", "Edit session file in text editor");
+	QAction * preferences = menuAction(window, "&Edit", "Preferences...");
+	QAction * updates = menuAction(window, "&Help", "Check for updates...");
+	QAction * about = menuAction(window, "&Help", "About Orvane...");
+	ASSERT_TRUE(edit && preferences && updates && about);
+	EXPECT_EQ(edit->shortcut(), QKeySequence("F2"));
+
+	// without a session file there is nothing to edit
+	edit->trigger();
+	EXPECT_EQ(m_messages->count(ZEB::MSG_ERROR, "Edit session file: The session has not been saved to a file yet. "
+				"Save it first, then edit its file.", "[LogUserInteraction::showCritical]"), 1);
+
+	// without an editor the preferences open at the editor; the editor chosen there is stored
+	const QString dir = OVATest::scratchDir("mw-edit");
+	createSession(dir, { "T" });
+	ASSERT_EQ(handler().saveProject(nullptr, dir + "/session.o2"), OVP::ProjectHandler::SaveOK);
+	const QString editor = dir + "/editor.sh";
+	OVATest::writeText(editor, "#!/bin/sh\necho \"$1\" > \"$1.edited\"\n");
+	QFile(editor).setPermissions(QFile(editor).permissions() | QFileDevice::ExeOwner);
+	m_settings->m_textEditorExecutable = dir + "/no-editor";
+	PreferencesDialog::Field focused = PreferencesDialog::F_Language;
+	onNextModal([&](QWidget * modal) {
+		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
+		ASSERT_NE(dialog, nullptr);
+		focused = dialog->focusedField();
+		dialog->findChild<QtExt::BrowseFilenameWidget *>()->setFilename(editor);
+		dialog->accept();
+	});
+	edit->trigger();
+	EXPECT_EQ(focused, PreferencesDialog::F_TextEditor);
+	EXPECT_EQ(m_settings->openStore()->value("TextEditorExecutable").toString(), editor);
+
+	// the editor gets the session file; the hint after it can be switched off
+	onNextModal([](QWidget * modal) {
+		QMessageBox * hint = qobject_cast<QMessageBox *>(modal);
+		ASSERT_NE(hint, nullptr);
+		hint->checkBox()->setChecked(true);
+		hint->accept();
+	});
+	edit->trigger();
+	EXPECT_TRUE(m_settings->isDoNotShowAgain("EditSessionFileHint"));
+	const QString edited = dir + "/session.o2.edited";
+	QElapsedTimer waited;
+	waited.start();
+	while (!QFileInfo::exists(edited) && waited.elapsed() < 10000)
+		QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+	EXPECT_EQ(OVATest::readText(edited).trimmed(), dir + "/session.o2");
+
+	// the preferences from the menu: changes are stored when the dialog is accepted, not before
+	onNextModal([](QWidget * modal) {
+		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
+		ASSERT_NE(dialog, nullptr);
+		dialog->findChildren<QRadioButton *>().at(1)->setChecked(true);
+		dialog->reject();
+	});
+	preferences->trigger();
+	EXPECT_TRUE(m_settings->m_startWithLastSession);
+
+	// without an update address the update check asks for one instead of using the network
+	onNextModal([&](QWidget * modal) {
+		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
+		ASSERT_NE(dialog, nullptr);
+		focused = dialog->focusedField();
+		dialog->reject();
+	});
+	updates->trigger();
+	EXPECT_EQ(focused, PreferencesDialog::F_UpdateUrl);
+
+	QString aboutText;
+	onNextModal([&](QWidget * modal) {
+		aboutText = modal->findChild<QLabel *>("AboutText")->text();
+		qobject_cast<QDialog *>(modal)->accept();
+	});
+	about->trigger();
+	for (const QString & expected : { QString("Orvane " ORVANEAPP_VERSION), QString("Qt ") + qVersion(),
+									  QString("Qwt 6.1"), OVADirectories::logFile() })
+		EXPECT_TRUE(aboutText.contains(expected)) << expected.toStdString() << " in " << aboutText.toStdString();
 }

@@ -296,6 +296,14 @@ void DataManagerTableModel::readPendingHeaders() {
 }
 
 
+void DataManagerTableModel::relistDirectories() {
+	for (ListedDirectory & d : m_directories)
+		listDirectory(d);
+	if (!m_pending.empty() && !m_batchTimer.isActive())
+		m_batchTimer.start();
+}
+
+
 void DataManagerTableModel::readHeaders(const std::function<bool()> & more) {
 	std::vector<DataCollection> newRows;
 	while (!m_pending.empty() && more()) {

@@ -113,6 +113,10 @@ public slots:
 	void setDirectoryColor(const QString & directory, const QColor & color);
 	/*! Reads all headers still waiting, at once. */
 	void readPendingHeaders();
+	/*! Lists every listed folder again, after the FileNameFilter of the settings changed: files
+		that no longer match leave, newly matching ones are read.
+	*/
+	void relistDirectories();
 
 signals:
 	/*! No file waits for its header any more. */

@@ -61,6 +61,7 @@ void Settings::setDefaults() {
 	m_startWithLastSession = true;
 	m_chartStyleFileLastUsed.clear();
 	m_newestRejectedVersion.clear();
+	m_updateUrl.clear();
 	m_chartVectorExportDimensionHistory.clear();
 	m_exportHeadersEnabled = true;
 	m_exportGermanFormatEnabled = -1;
@@ -88,6 +89,7 @@ void Settings::read() {
 	m_newestRejectedVersion = readString(*store, "NewestRejectedVersion", m_newestRejectedVersion);
 	// the export dialog keeps its sizes under "dimensionHistory" too; either key fills the list
 	m_chartVectorExportDimensionHistory = readStringList(*store, "dimensionHistory", m_chartVectorExportDimensionHistory);
+	m_updateUrl = readString(*store, "UpdateUrl", m_updateUrl);
 	m_chartVectorExportDimensionHistory = readStringList(*store, "ChartVectorExportDimensionHistory",
 														 m_chartVectorExportDimensionHistory);
 	m_exportHeadersEnabled = readBool(*store, "ExportHeadersEnabled", m_exportHeadersEnabled);
@@ -113,6 +115,7 @@ void Settings::write(const QByteArray & geometry, const QByteArray & state) {
 	store->setValue("StartWithLastSession", m_startWithLastSession);
 	store->setValue("ChartStyleFileLastUsed", m_chartStyleFileLastUsed);
 	store->setValue("NewestRejectedVersion", m_newestRejectedVersion);
+	store->setValue("UpdateUrl", m_updateUrl);
 	store->setValue("ChartVectorExportDimensionHistory", m_chartVectorExportDimensionHistory);
 	store->setValue("dimensionHistory", m_chartVectorExportDimensionHistory);
 	store->setValue("ExportHeadersEnabled", m_exportHeadersEnabled);

@@ -60,6 +60,8 @@ public:
 	QString		m_chartStyleFileLastUsed;
 	/*! Newest version the user chose not to install. */
 	QString		m_newestRejectedVersion;
+	/*! Address of the version file on the update server; empty: never look for updates. */
+	QString		m_updateUrl;
 	/*! Sizes used in earlier vector exports of charts. */
 	QStringList	m_chartVectorExportDimensionHistory;
 	/*! Data export writes header lines. */

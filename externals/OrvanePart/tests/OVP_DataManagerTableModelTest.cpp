@@ -257,6 +257,13 @@ TEST_F(DataManagerTableModelTest, ListsEachFileOnceAndRemovesFolders) {
 
 	model.setListedDirectories({ b });
 	EXPECT_EQ(rowNames(model), QStringList({ "a.s6o" }));
+
+	// a changed file name filter applies when the folders are listed again
+	writeSeries(b + "/c.out");
+	m_settings->m_fileNameFilter = QStringList{ "*.out" };
+	model.relistDirectories();
+	model.readPendingHeaders();
+	EXPECT_EQ(rowNames(model), QStringList({ "c.out" }));
 	EXPECT_TRUE(m_messages->m_messages.empty());
 }
 

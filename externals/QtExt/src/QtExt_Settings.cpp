@@ -1,5 +1,7 @@
 #include "QtExt_Settings.h"
 
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QSettings>
@@ -189,6 +191,46 @@ void Settings::addRecentProject(const QString & path) {
 	m_recentProjects.prepend(path);
 	while (static_cast<unsigned int>(m_recentProjects.size()) > m_maxRecentProjects)
 		m_recentProjects.removeLast();
+}
+
+
+bool Settings::isDoNotShowAgain(const QString & dialogID, int * answer) const {
+	const auto dialog = std::find_if(m_doNotShowAgainDialogs.begin(), m_doNotShowAgainDialogs.end(),
+		[&dialogID](const DoNotShowAgainDialog & d) { return d.m_dialogID == dialogID; });
+	if (dialog == m_doNotShowAgainDialogs.end() || !dialog->m_checked)
+		return false;
+	if (answer != nullptr) {
+		const auto a = std::find_if(m_doNotShowAgainDialogAnswers.begin(), m_doNotShowAgainDialogAnswers.end(),
+			[&dialogID](const DoNotShowAgainDialogAnswer & d) { return d.m_dialogID == dialogID; });
+		*answer = a == m_doNotShowAgainDialogAnswers.end() ? 0 : a->m_answer;
+	}
+	return true;
+}
+
+
+void Settings::setDoNotShowAgain(const QString & dialogID, int answer) {
+	auto dialog = std::find_if(m_doNotShowAgainDialogs.begin(), m_doNotShowAgainDialogs.end(),
+		[&dialogID](const DoNotShowAgainDialog & d) { return d.m_dialogID == dialogID; });
+	if (dialog == m_doNotShowAgainDialogs.end())
+		dialog = m_doNotShowAgainDialogs.insert(m_doNotShowAgainDialogs.end(), DoNotShowAgainDialog{ dialogID, true });
+	dialog->m_checked = true;
+	auto a = std::find_if(m_doNotShowAgainDialogAnswers.begin(), m_doNotShowAgainDialogAnswers.end(),
+		[&dialogID](const DoNotShowAgainDialogAnswer & d) { return d.m_dialogID == dialogID; });
+	if (a == m_doNotShowAgainDialogAnswers.end())
+		a = m_doNotShowAgainDialogAnswers.insert(m_doNotShowAgainDialogAnswers.end(), DoNotShowAgainDialogAnswer{ dialogID, 0 });
+	a->m_answer = answer;
+}
+
+
+int Settings::doNotShowAgainCount() const {
+	return static_cast<int>(std::count_if(m_doNotShowAgainDialogs.begin(), m_doNotShowAgainDialogs.end(),
+		[](const DoNotShowAgainDialog & d) { return d.m_checked; }));
+}
+
+
+void Settings::resetDoNotShowAgain() {
+	m_doNotShowAgainDialogs.clear();
+	m_doNotShowAgainDialogAnswers.clear();
 }
 
 

@@ -62,6 +62,17 @@ public:
 	*/
 	void readMainWindowGeometry(QByteArray & geometry, QByteArray & state) const;
 
+	/*! True when the user asked not to see the dialog dialogID again; answer then receives the
+		answer remembered for it (0 when none was remembered).
+	*/
+	bool isDoNotShowAgain(const QString & dialogID, int * answer = nullptr) const;
+	/*! Remembers that the dialog dialogID is not to be shown again and the answer given to it. */
+	void setDoNotShowAgain(const QString & dialogID, int answer);
+	/*! Number of dialogs the user asked not to see again. */
+	int doNotShowAgainCount() const;
+	/*! Shows every dialog again: forgets all "do not show again" choices and their answers. */
+	void resetDoNotShowAgain();
+
 	/*! Opens the settings store (INI file or organisation/application store). */
 	std::unique_ptr<QSettings> openStore() const;
 

@@ -40,14 +40,15 @@ public:
 private:
 	void onNewConnection() {
 		while (QTcpSocket * socket = m_server.nextPendingConnection()) {
-			QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket]() {
-				QByteArray & request = m_requests[socket];
-				request += socket->readAll();
-				if (!request.contains("\r\n\r\n"))
+			// the request belongs to its connection alone: a later socket that gets this one's
+			// address must not inherit any of it
+			auto request = std::make_shared<QByteArray>();
+			QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, request]() {
+				*request += socket->readAll();
+				if (!request->contains("\r\n\r\n"))
 					return;
-				const QByteArray path = request.split(' ').value(1);
-				// a later socket may get this one's address: it must not inherit the request
-				m_requests.erase(socket);
+				const QByteArray path = request->split(' ').value(1);
+				request->clear();
 				auto it = m_files.find(path);
 				QByteArray response;
 				if (it == m_files.end())
@@ -62,8 +63,7 @@ private:
 		}
 	}
 
-	QTcpServer							m_server;
-	std::map<QTcpSocket*, QByteArray>	m_requests;
+	QTcpServer	m_server;
 };
 
 QByteArray md5Hex(const QByteArray & data) {

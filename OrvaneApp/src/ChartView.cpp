@@ -4,6 +4,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
@@ -102,9 +103,22 @@ void ChartView::setFocused(bool focused) {
 }
 
 
+void ChartView::takeKeyboardFocus() {
+	if (m_chart.isNull())
+		m_chartList->setFocus(Qt::OtherFocusReason);
+	else
+		m_chart->setFocus(Qt::OtherFocusReason);
+}
+
+
 bool ChartView::eventFilter(QObject * watched, QEvent * event) {
-	if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+	if (event->type() == QEvent::MouseButtonPress)
 		emit activated(m_widgetId);
+	else if (event->type() == QEvent::FocusIn) {
+		const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+		if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+			emit activated(m_widgetId);
+	}
 	return QFrame::eventFilter(watched, event);
 }
 

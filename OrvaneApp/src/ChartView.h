@@ -47,6 +47,8 @@ public:
 	void setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart);
 	/*! Marks the view as the one that the chart actions work on. */
 	void setFocused(bool focused);
+	/*! Gives the keyboard focus to the chart, or to the chart list when there is none. */
+	void takeKeyboardFocus();
 
 signals:
 	/*! The user clicked into the view or moved the keyboard focus into it. */
@@ -59,7 +61,8 @@ signals:
 	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
 
 protected:
-	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */
+	/*! Reports clicks and focus changes in the chart and the chart list as activated(); the
+		focus coming back with the window or after a menu is no choice of the user. */
 	bool eventFilter(QObject * watched, QEvent * event) override;
 	void mousePressEvent(QMouseEvent * event) override;
 	/*! Takes drags of data sets. */

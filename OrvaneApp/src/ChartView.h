@@ -30,6 +30,9 @@ class Chart;
 class ChartView : public QFrame {
 	Q_OBJECT
 public:
+	/*! Width of the chart list at the least, in characters. */
+	static constexpr int CHART_LIST_MINIMUM_CHARACTERS = 12;
+
 	/*! A view for the split widget with this id of the session's layout. */
 	explicit ChartView(int widgetId, QWidget * parent = nullptr);
 	/*! Hands the chart back to its mapper. */

@@ -35,9 +35,9 @@ class PropertyPanel;
 class OVAMainWindow : public QMainWindow {
 	Q_OBJECT
 public:
-	/*! Width of the session panel on the first start, in pixels. */
+	/*! Width of the session panel on the first start, in pixels (at most a quarter of the window). */
 	static constexpr int SESSION_PANEL_WIDTH = 420;
-	/*! Width of the property panel on the first start. */
+	/*! Width of the property panel on the first start (at most a fifth of the window). */
 	static constexpr int PROPERTY_PANEL_WIDTH = 360;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
@@ -86,7 +86,8 @@ protected:
 	void dropEvent(QDropEvent * event) override;
 
 private slots:
-	/*! Shows the session file name and the modified mark in the title. */
+	/*! Shows the session file's name and folder and the modified mark in the title:
+		"demo.o2* — /home/me/sessions — Orvane", "Unnamed session — Orvane" without file. */
 	void updateWindowTitle();
 
 private:

@@ -25,7 +25,8 @@ public:
 	bool isValid() const;
 	/*! The number in the field, 0 when it is not valid. */
 	double value() const;
-	/*! Shows value with at most the given number of decimals and clears the error mark. */
+	/*! Shows value with at most the given number of decimals, in the notation of the default
+		locale, and clears the error mark. */
 	void setValue(double value, int decimals);
 
 	/*! Reads text as a positive number; false for anything else. */

@@ -759,7 +759,7 @@ void ProjectHandler::rememberProjectFile(const QString & fileName) {
 
 void ProjectHandler::checkValid(const char * functionId) const {
 	if (!isValid())
-		throw ZEB::Exception("No project open.", functionId);
+		throw ZEB::Exception("No session open.", functionId);
 }
 
 

@@ -113,7 +113,5 @@ TEST(QtExtLanguageHandler, ToolkitTextsComeFromTheSystemWhenTheProgramsCopyDoesN
 	EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Abbrechen");
 	ASSERT_EQ(capture.m_msgs.size(), 1u);
 	EXPECT_EQ(capture.m_msgs[0].m_text, "Could not load application translator file: 'OrvaneApp_de'.\n");
-	handler.installTranslator("en");
-	EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Cancel");
 	QLocale::setDefault(QLocale::c());
 }

@@ -1,9 +1,11 @@
 #include "ChartView.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMimeData>
@@ -30,13 +32,15 @@ ChartView::ChartView(int widgetId, QWidget * parent) :
 	QHBoxLayout * headerLayout = new QHBoxLayout(header);
 	headerLayout->setContentsMargins(6, 3, 6, 3);
 	QLabel * label = new QLabel(tr("Chart:"), header);
+	// the list takes the width of the view, down to a few characters: long chart names are
+	// elided in a narrow view and shown whole in the drop-down list
 	m_chartList = new QComboBox(header);
-	m_chartList->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-	m_chartList->setMinimumContentsLength(24);
+	m_chartList->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+	m_chartList->setMinimumContentsLength(CHART_LIST_MINIMUM_CHARACTERS);
+	m_chartList->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 	m_chartList->installEventFilter(this);
 	headerLayout->addWidget(label);
-	headerLayout->addWidget(m_chartList);
-	headerLayout->addStretch(1);
+	headerLayout->addWidget(m_chartList, 1);
 
 	m_placeholder = new QLabel(this);
 	m_placeholder->setObjectName("chartViewPlaceholder");
@@ -73,6 +77,7 @@ void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI
 	for (int i = 0; i < mapperNames.size(); ++i)
 		m_chartList->addItem(tr("#%1 %2").arg(i + 1).arg(mapperNames[i]));
 	m_chartList->setCurrentIndex(mapperIndex + 1);
+	m_chartList->view()->setMinimumWidth(m_chartList->view()->sizeHintForColumn(0));
 	m_mapperIndex = mapperIndex;
 
 	if (chart != m_chart.data()) {
@@ -103,9 +108,22 @@ void ChartView::setFocused(bool focused) {
 }
 
 
+void ChartView::takeKeyboardFocus() {
+	if (m_chart.isNull())
+		m_chartList->setFocus(Qt::OtherFocusReason);
+	else
+		m_chart->setFocus(Qt::OtherFocusReason);
+}
+
+
 bool ChartView::eventFilter(QObject * watched, QEvent * event) {
-	if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+	if (event->type() == QEvent::MouseButtonPress)
 		emit activated(m_widgetId);
+	else if (event->type() == QEvent::FocusIn) {
+		const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+		if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+			emit activated(m_widgetId);
+	}
 	return QFrame::eventFilter(watched, event);
 }
 

@@ -30,6 +30,9 @@ class Chart;
 class ChartView : public QFrame {
 	Q_OBJECT
 public:
+	/*! Width of the chart list at the least, in characters. */
+	static constexpr int CHART_LIST_MINIMUM_CHARACTERS = 12;
+
 	/*! A view for the split widget with this id of the session's layout. */
 	explicit ChartView(int widgetId, QWidget * parent = nullptr);
 	/*! Hands the chart back to its mapper. */
@@ -47,6 +50,8 @@ public:
 	void setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart);
 	/*! Marks the view as the one that the chart actions work on. */
 	void setFocused(bool focused);
+	/*! Gives the keyboard focus to the chart, or to the chart list when there is none. */
+	void takeKeyboardFocus();
 
 signals:
 	/*! The user clicked into the view or moved the keyboard focus into it. */
@@ -61,7 +66,8 @@ signals:
 	void pickerTextChanged(const QString & text);
 
 protected:
-	/*! Reports clicks and focus changes in the chart and the chart list as activated(). */
+	/*! Reports clicks and focus changes in the chart and the chart list as activated(); the
+		focus coming back with the window or after a menu is no choice of the user. */
 	bool eventFilter(QObject * watched, QEvent * event) override;
 	void mousePressEvent(QMouseEvent * event) override;
 	/*! Takes drags of data sets. */

@@ -1,7 +1,10 @@
 #include "OVAMainWindow.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -19,6 +22,8 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
+
+#include <QtExt_WindowGeometry.h>
 
 #include <Sci_Chart.h>
 
@@ -100,17 +105,28 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	QByteArray geometry;
 	QByteArray state;
 	OVP::Settings::instance().readMainWindowGeometry(geometry, state);
-	// the first start fills most of the screen, also where no window manager maximises it
+	// the first start fills most of the screen, also where no window manager maximises it; a
+	// window stored on a larger or another screen comes back onto this one
 	if (geometry.isEmpty() || !restoreGeometry(geometry)) {
 		const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
 		setGeometry(screen.adjusted(screen.width()/20, screen.height()/20, -screen.width()/20, -screen.height()/20));
 	}
+	else {
+		const QRect restored = QWidget::geometry();
+		const QScreen * screen = QGuiApplication::screenAt(restored.center());
+		if (screen == nullptr)
+			screen = QGuiApplication::primaryScreen();
+		setGeometry(QtExt::WindowGeometry::fitted(restored, screen->availableGeometry()));
+	}
 	if (!state.isEmpty())
 		restoreState(state);
 	else {
-		// the docks get their widths once the window has its size
+		// the docks get their widths once the window has its size; on a small screen the charts
+		// keep at least half of it
 		QTimer::singleShot(0, this, [this]() {
-			resizeDocks({ m_sessionDock, m_propertyDock }, { SESSION_PANEL_WIDTH, PROPERTY_PANEL_WIDTH }, Qt::Horizontal);
+			resizeDocks({ m_sessionDock, m_propertyDock },
+						{ std::min(SESSION_PANEL_WIDTH, width()/4), std::min(PROPERTY_PANEL_WIDTH, width()/5) },
+						Qt::Horizontal);
 		});
 	}
 	// the settings decide, also when the stored window state says otherwise
@@ -322,10 +338,14 @@ void OVAMainWindow::dropEvent(QDropEvent * event) {
 
 void OVAMainWindow::updateWindowTitle() {
 	const OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
-	QString name = tr("unnamed.o2");
-	if (handler.isValid() && !handler.projectFile().isEmpty())
-		name = QFileInfo(handler.projectFile()).fileName();
-	setWindowTitle(QString("Orvane - %1[*]").arg(name));
+	// "[*]" is where the toolkit shows the modified mark
+	QStringList parts{ QString("unnamed.o2[*]") };
+	if (handler.isValid() && !handler.projectFile().isEmpty()) {
+		const QFileInfo file(handler.projectFile());
+		parts = QStringList{ file.fileName() + "[*]", QDir::toNativeSeparators(file.absolutePath()) };
+	}
+	parts.append("Orvane");
+	setWindowTitle(parts.join(QString(" %1 ").arg(QChar(0x2014))));
 	setWindowModified(handler.isValid() && handler.isModified());
 }
 

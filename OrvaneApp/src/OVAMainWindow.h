@@ -40,9 +40,9 @@ class UpdateCheck;
 class OVAMainWindow : public QMainWindow {
 	Q_OBJECT
 public:
-	/*! Width of the session panel on the first start, in pixels. */
+	/*! Width of the session panel on the first start, in pixels (at most a quarter of the window). */
 	static constexpr int SESSION_PANEL_WIDTH = 420;
-	/*! Width of the property panel on the first start. */
+	/*! Width of the property panel on the first start (at most a fifth of the window). */
 	static constexpr int PROPERTY_PANEL_WIDTH = 360;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
@@ -107,7 +107,8 @@ protected:
 	void dropEvent(QDropEvent * event) override;
 
 private slots:
-	/*! Shows the session file name and the modified mark in the title. */
+	/*! Shows the session file's name and folder and the modified mark in the title:
+		"demo.o2* — /home/me/sessions — Orvane", "unnamed.o2 — Orvane" before the session has a file. */
 	void updateWindowTitle();
 
 private:

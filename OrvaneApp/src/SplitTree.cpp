@@ -123,7 +123,7 @@ int SplitTree::split(int viewId, int orientation) {
 	splitNode.m_orientation = orientation;
 	m_layout.m_widgets.append(first);
 	m_layout.m_widgets.append(second);
-	m_layout.m_focusedWidget = first.m_id;
+	m_layout.m_focusedWidget = second.m_id;
 	return second.m_id;
 }
 

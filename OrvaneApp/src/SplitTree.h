@@ -51,7 +51,8 @@ public:
 	void setFocusedView(int viewId);
 	/*! Splits a view into two views along orientation (1 or 2). The first part keeps what the
 		view showed, the second shows the first mapper that no view shows (or none). The focus
-		goes to the first part. Returns the id of the second part.
+		goes to the new second part, so that a new chart lands there and the next split acts on
+		it. Returns the id of the second part.
 	*/
 	int split(int viewId, int orientation);
 	/*! Removes a view; the other part of its split takes the place of the split. The focus goes

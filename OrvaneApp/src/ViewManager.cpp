@@ -1,6 +1,6 @@
 #include "ViewManager.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -95,11 +95,7 @@ void ViewManager::onGotoNextSplit() {
 		return;
 	const SplitTree tree(handler.project().m_splitLayout, mapperCount());
 	setFocusedView(tree.nextView(m_focusedId));
-	ChartView * v = focusedView();
-	if (v->chart() != nullptr)
-		v->chart()->setFocus();
-	else
-		v->setFocus();
+	focusedView()->takeKeyboardFocus();
 }
 
 
@@ -195,12 +191,14 @@ void ViewManager::onSplitterMoved() {
 	const QList<int> sizes = splitter->sizes();
 	SplitTree tree(handler.project().m_splitLayout, mapperCount());
 	tree.setSizes(splitter->property(SPLIT_ID_PROPERTY).toInt(), sizes.value(0), sizes.value(1));
-	handler.project().m_splitLayout = tree.layout();
+	handler.setSplitViewState(tree.layout());
 }
 
 
 void ViewManager::rebuild() {
 	FUNCID(ViewManager::rebuild);
+	const QWidget * keyboardFocus = QApplication::focusWidget();
+	const bool hadKeyboardFocus = keyboardFocus != nullptr && isAncestorOf(keyboardFocus);
 	clearViews();
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
 	if (!handler.isValid())
@@ -218,11 +216,17 @@ void ViewManager::rebuild() {
 	m_layout->addWidget(m_root);
 	m_focusedId = tree.focusedView();
 	updateFocusHighlight();
+	if (hadKeyboardFocus)
+		focusedView()->takeKeyboardFocus();
 }
 
 
 void ViewManager::clearViews() {
-	// views hand their charts back first, so that deleting the widgets leaves the charts alone
+	// the old views are silenced first: handing back a chart with the keyboard focus moves the
+	// focus into another old view, whose activation must not reach the layout being built
+	for (ChartView * v : m_views)
+		v->disconnect(this);
+	// views hand their charts back, so that deleting the widgets leaves the charts alone
 	for (ChartView * v : m_views)
 		v->setContent(QStringList(), -1, nullptr);
 	m_views.clear();
@@ -291,8 +295,8 @@ void ViewManager::setFocusedView(int widgetId) {
 		return;
 	SplitTree tree(handler.project().m_splitLayout, mapperCount());
 	tree.setFocusedView(widgetId);
-	handler.project().m_splitLayout = tree.layout();
 	m_focusedId = widgetId;
+	handler.setSplitViewState(tree.layout());
 	updateFocusHighlight();
 }
 

@@ -27,7 +27,8 @@ class Chart;
 	every split, unify and chart choice edits the layout through the project handler, which marks
 	the session modified and announces the change; the views are then rebuilt from the layout.
 	Sizes of the split parts and the focused view are kept in the session's layout as they
-	change, without counting as a modification.
+	change; they modify the session but are no undo steps. After a rebuild the view focused in
+	the layout keeps the keyboard focus when the views had it before.
 
 	The view manager also runs the scripted chart export of the command line, one request per
 	call of onExportChartsScripted().
@@ -100,7 +101,7 @@ private:
 	QWidget * buildNode(const SplitTree & tree, int id, const QStringList & mapperNames);
 	/*! Edits the session's layout and hands it to the project handler, which announces it. */
 	void editLayout(const std::function<void(SplitTree &)> & edit);
-	/*! Focuses a view in the session's layout without marking the session modified. */
+	/*! Focuses a view in the session's layout (no undo step). */
 	void setFocusedView(int widgetId);
 	/*! Highlights the focused view when there is more than one. */
 	void updateFocusHighlight();

@@ -18,6 +18,8 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QScreen>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -26,6 +28,7 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <Sci_AbstractChartModel.h>
 #include <Sci_Chart.h>
 
 #include <OVP_DataManagerTableModel.h>
@@ -164,6 +167,7 @@ TEST_F(MainWindowTest, OpeningSessionFiles) {
 	ASSERT_TRUE(handler().isValid());
 	EXPECT_TRUE(handler().projectFile().isEmpty());
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+	EXPECT_EQ(window.windowTitle(), QString::fromUtf8("unnamed.o2[*] \u2014 Orvane"));
 
 	view->openSession(file);
 	ASSERT_TRUE(handler().isValid());
@@ -171,12 +175,59 @@ TEST_F(MainWindowTest, OpeningSessionFiles) {
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 2);
 	EXPECT_FALSE(handler().isModified());
 	EXPECT_EQ(m_settings->m_recentProjects.value(0), file);
+	// the title names file and folder and marks changes
+	EXPECT_EQ(window.windowTitle(), QString::fromUtf8("session.o2[*] \u2014 %1 \u2014 Orvane")
+			  .arg(QFileInfo(file).absolutePath()));
+	EXPECT_FALSE(window.isWindowModified());
+	handler().renameMapper(0, "Indoor temperature");
+	EXPECT_TRUE(window.isWindowModified());
 
 	// a file that is no session fails to load and also leaves an empty session
 	OVATest::writeText(QFileInfo(file).absolutePath() + "/broken.o2", "<orvane/>");
 	view->openSession(QFileInfo(file).absolutePath() + "/broken.o2");
 	ASSERT_TRUE(handler().isValid());
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 0);
+}
+
+
+TEST_F(MainWindowTest, FourChartsWithLongTitlesFitASmallScreenAndAWindowStoredLargerComesBack) {
+	// as stored on a larger screen, right of this one
+	QMainWindow large;
+	large.setGeometry(1500, 100, 2307, 900);
+	m_settings->write(large.saveGeometry(), QByteArray());
+	// the program's font
+	const QFont testFont = QApplication::font();
+	QFont programFont = testFont;
+	programFont.setPointSize(9);
+	QApplication::setFont(programFont);
+	QSize minimum;
+	{
+		OVAMainWindow window;
+		window.show();
+		QCoreApplication::processEvents();
+		const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+		EXPECT_TRUE(screen.contains(window.geometry().topLeft()));
+		EXPECT_TRUE(window.width() <= screen.width() && window.height() <= screen.height());
+
+		createSession(OVATest::scratchDir("mw-fit"), { "T", "RH", "Tsurf", "Tin" });
+		OVP::SplitLayout twoByTwo;
+		twoByTwo.m_widgets = { { 0, -1, false, -1, 0, 0, 2 }, { 1, 0, false, -1, 0, 0, 1 }, { 2, 0, false, -1, 0, 0, 1 },
+							   { 3, 1, false, 0, 0, 0, 0 }, { 4, 1, false, 1, 0, 0, 0 }, { 5, 2, false, 2, 0, 0, 0 },
+							   { 6, 2, false, 3, 0, 0, 0 } };
+		handler().setSplitLayout(twoByTwo);
+		for (int i = 0; i < 4; ++i) {
+			handler().renameMapper(i, QString("Chart number %1 with a long name that says what it shows").arg(i + 1));
+			handler().setChartProperty(i, SCI::AbstractChartModel::TitleText,
+									   "Temperature and relative humidity at the inner surface of the wall corner");
+		}
+		QCoreApplication::processEvents();
+		EXPECT_EQ(window.mainView()->viewManager()->views().size(), 4);
+		minimum = window.minimumSizeHint();
+	}
+	QApplication::setFont(testFont);
+	// a 1366x768 screen less the window frame, menu and status bar stay for the docks and views
+	EXPECT_LE(minimum.width(), 1366);
+	EXPECT_LE(minimum.height(), 768 - 150);
 }
 
 

@@ -123,7 +123,7 @@ TEST(SplitTree, SplitAndUnify) {
 	EXPECT_EQ(tree.views().last(), second);
 	EXPECT_EQ(tree.node(tree.root()).m_orientation, 1);
 	const int firstPart = tree.views().first();
-	EXPECT_EQ(tree.focusedView(), firstPart);
+	EXPECT_EQ(tree.focusedView(), second);
 
 	const int third = tree.split(second, 2);
 	EXPECT_EQ(shownMappers(tree), QList<int>({ 0, 1, 2 }));

@@ -554,6 +554,16 @@ void ProjectHandler::setSplitLayout(const SplitLayout & layout) {
 }
 
 
+void ProjectHandler::setSplitViewState(const SplitLayout & layout) {
+	FUNCID(ProjectHandler::setSplitViewState);
+	checkValid(FUNC_ID);
+	if (layout == m_project->m_splitLayout)
+		return;
+	m_project->m_splitLayout = layout;
+	setModified(SplitViewStateModified);
+}
+
+
 void ProjectHandler::repointDataFiles(const DataPathRemap & remap) {
 	FUNCID(ProjectHandler::repointDataFiles);
 	checkValid(FUNC_ID);
@@ -749,7 +759,7 @@ void ProjectHandler::rememberProjectFile(const QString & fileName) {
 
 void ProjectHandler::checkValid(const char * functionId) const {
 	if (!isValid())
-		throw ZEB::Exception("No project open.", functionId);
+		throw ZEB::Exception("No session open.", functionId);
 }
 
 

@@ -42,7 +42,8 @@ class ProjectHandler : public QObject {
 	Q_OBJECT
 public:
 	/*! Kinds of changes announced by modified(); SeriesModified is the change of a series
-		property through a series model.
+		property through a series model, SplitViewStateModified a change of the split views'
+		part sizes or focus only (the views stay as they are).
 	*/
 	enum ModificationTypes {
 		AllModified					= 0,
@@ -56,7 +57,8 @@ public:
 		SplitLayoutModified			= 8,
 		ChartModified				= 9,
 		SeriesModified				= 10,
-		MappersMoved				= 11
+		MappersMoved				= 11,
+		SplitViewStateModified		= 12
 	};
 
 	/*! Outcome of a save request. */
@@ -246,6 +248,11 @@ public:
 	/*! Replaces the layout of the split chart views (undoable; while an undo command is done,
 		the change belongs to it). */
 	void setSplitLayout(const SplitLayout & layout);
+	/*! Replaces the layout of the split chart views after only the sizes of split parts or the
+		focused view changed: the session is modified, but the change is no undo step (every
+		splitter move and click into a view would be one).
+	*/
+	void setSplitViewState(const SplitLayout & layout);
 
 	/*! Re-points the open session: every mapper gets its extractors rebuilt from the files remap
 		points their data files at (chart properties and views stay as they are), the top-level

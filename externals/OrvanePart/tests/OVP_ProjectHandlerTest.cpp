@@ -42,6 +42,10 @@ TEST(OVPProjectHandler, SingleInstance) {
 		const auto readTime = thrown([&first]() { first.updateLastReadTime(); });
 		EXPECT_EQ(readTime.first, "[ProjectHandler::updateLastReadTime]");
 		EXPECT_EQ(readTime.second, "Must not call updateLastReadTime() on invalid project.");
+		// the user's word for a project is "session"
+		const auto layout = thrown([&first]() { first.setSplitViewState(OVP::SplitLayout()); });
+		EXPECT_EQ(layout.first, "[ProjectHandler::setSplitViewState]");
+		EXPECT_EQ(layout.second, "No session open.");
 	}
 	EXPECT_EQ(thrown([]() { OVP::ProjectHandler::instance(); }).first, "[ProjectHandler::instance]");
 }

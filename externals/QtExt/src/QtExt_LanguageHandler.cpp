@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
 #include <QTranslator>
@@ -57,12 +58,17 @@ void LanguageHandler::installTranslator(const QString & langId) {
 
 	if (id != "en") {
 		const QString qtFile = "qt_" + id;
-		m_qtTranslator = loadTranslator(qtFile);
+		// "qt_<id>" loads only together with every module catalogue it names, of which the
+		// program needs "qtbase_<id>"; the program's own copies come first, then the system's
+		for (const QString & dir : { m_translationDir, QLibraryInfo::location(QLibraryInfo::TranslationsPath) })
+			for (const QString & baseName : { qtFile, "qtbase_" + id })
+				if (m_qtTranslator == nullptr)
+					m_qtTranslator = loadTranslator(dir, baseName);
 		if (m_qtTranslator == nullptr)
 			ZEB::reportProgress(ZEB::MessageFormat("Could not load system translator file: '%1'.\n")
 								.arg(qtFile.toStdString()).str(), FUNC_ID);
 
-		m_appTranslator = loadTranslator(m_filePrefix + "_" + id);
+		m_appTranslator = loadTranslator(m_translationDir, m_filePrefix + "_" + id);
 		if (m_appTranslator == nullptr)
 			ZEB::reportProgress(ZEB::MessageFormat("Could not load application translator file: '%1_%2'.\n")
 								.arg(m_filePrefix.toStdString()).arg(id.toStdString()).str(), FUNC_ID);
@@ -86,8 +92,8 @@ QLocale LanguageHandler::localeForLanguage(const QString & langId) {
 }
 
 
-std::unique_ptr<QTranslator> LanguageHandler::loadTranslator(const QString & baseName) const {
-	const QString path = QDir(m_translationDir).filePath(baseName + ".qm");
+std::unique_ptr<QTranslator> LanguageHandler::loadTranslator(const QString & dir, const QString & baseName) {
+	const QString path = QDir(dir).filePath(baseName + ".qm");
 	std::unique_ptr<QTranslator> translator(new QTranslator);
 	if (!QFileInfo(path).isFile() || !translator->load(path))
 		return nullptr;

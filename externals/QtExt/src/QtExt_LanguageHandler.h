@@ -12,8 +12,10 @@ namespace QtExt {
 
 /*! Switches the user-interface language of the application.
 
-	It installs two translators from the translation directory: the toolkit's own texts
-	("qt_<id>.qm") and the application's texts ("<prefix>_<id>.qm"). It also sets the default
+	It installs two translators: the toolkit's own texts ("qt_<id>.qm", or "qtbase_<id>.qm" when
+	that does not load, from the translation directory or else from the toolkit's installed
+	translations) and the application's texts ("<prefix>_<id>.qm" of the translation
+	directory). It also sets the default
 	locale and stores the chosen language id under "LangID" in the settings store of the
 	configured organisation and application.
 
@@ -63,11 +65,11 @@ public:
 private:
 	/*! Removes and deletes the translators installed by this handler. */
 	void removeTranslators();
-	/*! Loads and installs "<baseName>.qm" of the translation directory; null when it does not
-		exist or cannot be loaded. The file is looked up exactly, without the toolkit's fallback
-		to shorter names.
+	/*! Loads and installs "<baseName>.qm" of directory dir; null when it does not exist or
+		cannot be loaded. The file is looked up exactly, without the toolkit's fallback to
+		shorter names.
 	*/
-	std::unique_ptr<QTranslator> loadTranslator(const QString & baseName) const;
+	static std::unique_ptr<QTranslator> loadTranslator(const QString & dir, const QString & baseName);
 
 	QString							m_organization;
 	QString							m_program;

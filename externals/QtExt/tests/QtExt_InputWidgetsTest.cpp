@@ -11,6 +11,7 @@
 #include <QtExt_BrowseFilenameWidget.h>
 #include <QtExt_ColorListWidget.h>
 #include <QtExt_ValidatingLineEdit.h>
+#include <QtExt_WindowGeometry.h>
 
 #include "QtExt_TestSupport.h"
 
@@ -209,4 +210,15 @@ TEST(QtExtColorListWidget, ChoosesByKeyboardMouseAndDialog) {
 	QTest::keyClick(&list, Qt::Key_Return);
 	EXPECT_FALSE(list.isVisible());
 	EXPECT_EQ(chosen.count(), 4);
+}
+
+
+TEST(QtExtWindowGeometry, StoredGeometriesAreBroughtOntoTheScreen) {
+	const QRect screen(0, 20, 1366, 748);
+	// inside: kept
+	EXPECT_EQ(QtExt::WindowGeometry::fitted(QRect(100, 50, 800, 600), screen), QRect(100, 50, 800, 600));
+	// wider than the screen and beyond its right edge, as saved on a larger screen
+	EXPECT_EQ(QtExt::WindowGeometry::fitted(QRect(1500, 100, 2307, 900), screen), QRect(0, 20, 1366, 748));
+	// partly off to the left and below
+	EXPECT_EQ(QtExt::WindowGeometry::fitted(QRect(-300, 500, 800, 600), screen), QRect(0, 168, 800, 600));
 }

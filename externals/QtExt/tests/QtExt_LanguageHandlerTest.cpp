@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QProcess>
 #include <QSettings>
@@ -81,16 +83,35 @@ TEST(QtExtLanguageHandler, InstallsTranslationsAndLocaleAndReportsMissingFiles) 
 		EXPECT_EQ(QLocale().toString(1234567.5, 'f', 1), "1234567.5");
 		EXPECT_EQ(handler.langId(), "en");
 
-		// a language without files leaves no earlier translation behind
+		// a language without program files (the toolkit's come from the system) leaves no
+		// earlier translation behind
 		handler.installTranslator("de");
 		EXPECT_EQ(tr("Hello"), "Hallo");
 		handler.installTranslator("fr");
-		EXPECT_EQ(capture.m_msgs.size(), 2u);
+		EXPECT_EQ(capture.m_msgs.size(), 1u);
 		EXPECT_EQ(tr("Hello"), "Hello");
 
 		handler.installTranslator("de");
 	}
 	// a destroyed handler takes its translators with it
 	EXPECT_EQ(tr("Hello"), "Hello");
+	QLocale::setDefault(QLocale::c());
+}
+
+
+TEST(QtExtLanguageHandler, ToolkitTextsComeFromTheSystemWhenTheProgramsCopyDoesNotLoad) {
+	// the toolkit's catalogue without the module catalogues it refers to does not load, as
+	// when only it was copied beside the program
+	const QString dir = scratchDir("qt-translations");
+	const QString systemDir = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+	ASSERT_TRUE(QFile::copy(QDir(systemDir).filePath("qt_de.qm"), QDir(dir).filePath("qt_de.qm")))
+			<< "package qttranslations5-l10n is missing";
+	MessageCapture capture;
+	QtExt::LanguageHandler handler;
+	handler.setup("ZEBTest", "LangSystem", dir, "OrvaneApp");
+	handler.installTranslator("de");
+	EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Abbrechen");
+	ASSERT_EQ(capture.m_msgs.size(), 1u);
+	EXPECT_EQ(capture.m_msgs[0].m_text, "Could not load application translator file: 'OrvaneApp_de'.\n");
 	QLocale::setDefault(QLocale::c());
 }

@@ -2,10 +2,6 @@
 
 #include <cmath>
 
-#include <QPainter>
-
-#include "Sci_ScaleLabelFit.h"
-
 namespace SCI {
 
 BarLabelScaleDraw::BarLabelScaleDraw(const QStringList & labels) :
@@ -30,12 +26,6 @@ QwtScaleDiv BarLabelScaleDraw::scaleDiv(int count) {
 		majorTicks.append(i);
 	const double upper = count > 0 ? count - 0.5 : 0.5;
 	return QwtScaleDiv(-0.5, upper, QList<double>(), QList<double>(), majorTicks);
-}
-
-
-void BarLabelScaleDraw::drawLabel(QPainter * painter, double value) const {
-	if (ScaleLabelFit::isLabelDrawn(*this, painter->font(), value))
-		QwtScaleDraw::drawLabel(painter, value);
 }
 
 } // namespace SCI

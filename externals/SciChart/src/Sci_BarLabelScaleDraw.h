@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include <qwt_scale_draw.h>
+#include "Sci_LabelFitScaleDraw.h"
 
 namespace SCI {
 
@@ -11,7 +11,7 @@ namespace SCI {
 	labelled with the i-th bar label; other values get no label. Labels that would overlap are
 	thinned out.
 */
-class BarLabelScaleDraw : public QwtScaleDraw {
+class BarLabelScaleDraw : public LabelFitScaleDraw {
 public:
 	explicit BarLabelScaleDraw(const QStringList & labels);
 
@@ -21,10 +21,6 @@ public:
 	/*! The scale division for count bar positions: from -0.5 to count - 0.5, one major tick per
 		bar position and no minor ticks. */
 	static QwtScaleDiv scaleDiv(int count);
-
-protected:
-	/*! Draws the label unless it has to give way to its neighbours. */
-	void drawLabel(QPainter * painter, double value) const override;
 
 private:
 	QStringList	m_labels;

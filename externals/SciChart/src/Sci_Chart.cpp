@@ -123,6 +123,9 @@ Chart::Chart(QWidget * parent) :
 	pal.setColor(QPalette::Text, FRAME_COLOR);
 	setPalette(pal);
 	setContentsMargins(8, 8, 12, 8);
+	// the plot library's default (minimum expanding) takes its size hint, with room for every
+	// tick label, as the minimum size
+	setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 	QwtPlotCanvas * plotCanvas = new QwtPlotCanvas;
 	plotCanvas->setFrameStyle(QFrame::Box | QFrame::Plain);
 	plotCanvas->setLineWidth(1);
@@ -310,6 +313,12 @@ void Chart::updateLayout() {
 	// the length only through ticks that do not sit on the ends of the scale.
 	if (updateAxisBorderDistances())
 		QwtPlot::updateLayout();
+}
+
+
+QSize Chart::minimumSizeHint() const {
+	const int line = fontMetrics().height();
+	return QwtPlot::minimumSizeHint().boundedTo(QSize(MINIMUM_WIDTH_LINES*line, MINIMUM_HEIGHT_LINES*line));
 }
 
 

@@ -48,6 +48,11 @@ class PlotZoomer;
 class Chart : public QwtPlot {
 	Q_OBJECT
 public:
+	/*! Upper bound of the minimum width, in lines of the chart's font. */
+	static constexpr int MINIMUM_WIDTH_LINES = 16;
+	/*! Upper bound of the minimum height, in lines of the chart's font. */
+	static constexpr int MINIMUM_HEIGHT_LINES = 12;
+
 	/*! The kind of series shown, from the kind of model. */
 	enum ChartType {
 		NoChart,
@@ -100,6 +105,11 @@ public:
 	/*! Lays out title, axes, canvas and legend, with the room for the end labels of the axes
 		taken from this layout (see updateAxisBorderDistances()). */
 	void updateLayout() override;
+	/*! At most MINIMUM_WIDTH_LINES x MINIMUM_HEIGHT_LINES lines of the chart's font. The plot
+		library asks for room for every tick label side by side and thereby keeps a few charts
+		from sharing a screen; a smaller chart shrinks its canvas, wraps its title and thins out
+		the tick labels. */
+	QSize minimumSizeHint() const override;
 
 signals:
 	/*! The user double-clicked an element of the chart. */

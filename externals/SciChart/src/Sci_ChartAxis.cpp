@@ -17,6 +17,7 @@
 #include "Sci_Chart.h"
 #include "Sci_DateScaleDraw.h"
 #include "Sci_DateScaleEngine.h"
+#include "Sci_LabelFitScaleDraw.h"
 
 namespace SCI {
 
@@ -209,7 +210,7 @@ QwtScaleDraw * ChartAxis::createScaleDraw() const {
 	else if (m_dateTime)
 		draw = new DateScaleDraw(m_mapping, model()->axisData(m_position, CM::AxisDateTimeFormats).toStringList());
 	else
-		draw = new QwtScaleDraw;
+		draw = new LabelFitScaleDraw;
 	draw->setLabelAlignment(labelAlignment(model()->axisData(m_position, CM::AxisLabelHAlignment).toInt(),
 										   model()->axisData(m_position, CM::AxisLabelVAlignment).toInt()));
 	draw->setLabelRotation(model()->axisData(m_position, CM::AxisLabelRotation).toDouble());

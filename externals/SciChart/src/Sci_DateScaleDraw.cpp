@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include <QLocale>
 #include <QPainter>
 
 #include <qwt_date.h>
@@ -29,8 +30,12 @@ QwtText DateScaleDraw::label(double value) const {
 
 QString DateScaleDraw::formatDateTime(const QDateTime & dateTime, const QString & format) {
 	QStringList lines;
+	// the toolkit names months and days in the system's language, the default locale in the
+	// user's; only the plot library knows week numbers ("w")
+	const QLocale locale;
 	for (const QString & part : format.split(";;"))
-		lines << QwtDate::toString(dateTime, part, QwtDate::FirstThursday);
+		lines << (part.contains('w') ? QwtDate::toString(dateTime, part, QwtDate::FirstThursday)
+									 : locale.toString(dateTime, part));
 	return lines.join("\n");
 }
 

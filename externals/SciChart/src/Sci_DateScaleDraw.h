@@ -25,7 +25,8 @@ public:
 
 	const DateTimeMapping & mapping() const { return m_mapping; }
 
-	/*! Formats a date-time with a format that may hold ";;" as line separator. */
+	/*! Formats a date-time with a format that may hold ";;" as line separator; month and day
+		names in the language of the default locale (but for formats with week numbers). */
 	static QString formatDateTime(const QDateTime & dateTime, const QString & format);
 
 protected:

@@ -30,12 +30,15 @@ double PositiveNumberLineEdit::value() const {
 
 
 void PositiveNumberLineEdit::setValue(double value, int decimals) {
-	// fixed notation with trailing zeros removed: 158.75 with one decimal gives "158.8", 20.0 gives "20"
-	QString text = QLocale::c().toString(value, 'f', decimals);
-	if (text.contains('.')) {
+	// fixed notation in the user's notation with trailing zeros removed: 158.75 with one decimal
+	// gives "158.8" (German "158,8"), 20.0 gives "20"
+	QLocale locale;
+	locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+	QString text = locale.toString(value, 'f', decimals);
+	if (text.contains(locale.decimalPoint())) {
 		while (text.endsWith('0'))
 			text.chop(1);
-		if (text.endsWith('.'))
+		if (text.endsWith(locale.decimalPoint()))
 			text.chop(1);
 	}
 	setText(text);

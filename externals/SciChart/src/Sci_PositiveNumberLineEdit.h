@@ -30,8 +30,8 @@ public:
 	/*! The number in the field, 0 when it is not valid; the exact number of setValue() while
 		the text is the one shown then. */
 	double value() const;
-	/*! Shows value with at most the given number of decimals, keeps value itself for value(),
-		and clears the error mark. */
+	/*! Shows value with at most the given number of decimals, in the notation of the default
+		locale, keeps value itself for value(), and clears the error mark. */
 	void setValue(double value, int decimals);
 
 	/*! Reads text as a positive number; false for anything else. */

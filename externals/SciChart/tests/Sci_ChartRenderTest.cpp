@@ -4,6 +4,7 @@
 #include <limits>
 
 #include <QFontMetrics>
+#include <QLocale>
 #include <QPainter>
 #include <QWidget>
 
@@ -322,6 +323,14 @@ TEST(SciChartDateAxis, TicksOnCalendarBoundariesAndLabelsPerInterval) {
 	SCI::DateScaleDraw yearDraw(days2000, formats);
 	yearDraw.setScaleDiv(years);
 	EXPECT_EQ(yearDraw.label(366).text(), QString("2001"));
+
+	// month names in the language of the default locale, which the language handler sets
+	const QDateTime october(QDate(2023, 10, 1), QTime(0, 0), Qt::UTC);
+	QLocale::setDefault(QLocale(QLocale::German));
+	EXPECT_EQ(SCI::DateScaleDraw::formatDateTime(october, "MMMM yyyy;;ddd"), QString::fromUtf8("Oktober 2023\nSo."));
+	QLocale::setDefault(QLocale(QLocale::English));
+	EXPECT_EQ(SCI::DateScaleDraw::formatDateTime(october, "MMMM yyyy;;ddd"), QString("October 2023\nSun"));
+	QLocale::setDefault(QLocale::c());
 }
 
 

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -14,6 +16,7 @@
 #include <qwt_legend_label.h>
 #include <qwt_plot_barchart.h>
 #include <qwt_plot_canvas.h>
+#include <qwt_plot_renderer.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_map.h>
@@ -80,7 +83,70 @@ double cellValue(unsigned int i, unsigned int j) {
 	return i + 10.0*j;
 }
 
+/*! A paint device that keeps the bounding rectangles of the texts drawn on it. */
+class TextRecordingDevice : public QPaintDevice {
+public:
+	explicit TextRecordingDevice(const QSize & size) : m_size(size) {}
+	QPaintEngine * paintEngine() const override { return &m_engine; }
+
+	/*! Pixel metrics of a screen at 96 dpi. */
+	int metric(PaintDeviceMetric m) const override {
+		if (m == PdmDevicePixelRatioScaled)
+			return static_cast<int>(QPaintDevice::devicePixelRatioFScale());
+		return m == PdmWidth ? m_size.width() : m == PdmHeight ? m_size.height() : m == PdmDevicePixelRatio ? 1 : 96;
+	}
+
+	struct Engine : public QPaintEngine {
+		Engine() : QPaintEngine(QPaintEngine::AllFeatures) {}
+		bool begin(QPaintDevice *) override { return true; }
+		bool end() override { return true; }
+		void updateState(const QPaintEngineState &) override {}
+		void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+		void drawPath(const QPainterPath &) override {}
+		void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+		Type type() const override { return QPaintEngine::User; }
+		void drawTextItem(const QPointF & p, const QTextItem & item) override {
+			const QFontMetricsF fm(item.font());
+			const QRectF r(p.x(), p.y() - fm.ascent(), fm.horizontalAdvance(item.text()), fm.ascent() + fm.descent());
+			m_texts.append(qMakePair(item.text(), painter()->deviceTransform().mapRect(r)));
+		}
+		QList<QPair<QString, QRectF> >	m_texts;
+	};
+
+	QSize			m_size;
+	mutable Engine	m_engine;
+};
+
 } // namespace
+
+
+TEST(SciChart, SmallChartsAskForLittleRoomAndDrawNoTextOverAnother) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 50000, 100000}, {-10000, 0, 120000}));
+	model.setChartData("Temperature and relative humidity at the inner surface of the wall corner", CDM::TitleText);
+	for (int axis : {CM::BottomAxis, CM::LeftAxis}) {
+		model.setAxisData(QFont("DejaVu Sans", 14), axis, CM::AxisLabelFont);
+		model.setAxisData(10, axis, CM::AxisMaxMajorScale);
+	}
+	model.setAxisData(false, CM::RightAxis, CM::AxisEnabled);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	const int line = chart.fontMetrics().height();
+	const QSize small(16*line, 12*line);
+	EXPECT_TRUE(chart.minimumSizeHint().width() <= small.width() && chart.minimumSizeHint().height() <= small.height());
+	chart.resize(small);
+	TextRecordingDevice device(small);
+	QPainter painter(&device);
+	QwtPlotRenderer().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(small)));
+	painter.end();
+	const QList<QPair<QString, QRectF> > & texts = device.m_engine.m_texts;
+	ASSERT_GT(texts.size(), 6);
+	for (int i = 0; i < texts.size(); ++i)
+		for (int j = i + 1; j < texts.size(); ++j)
+			// lines of the wrapped title may share a pixel row
+			EXPECT_FALSE(texts[i].second.adjusted(1, 1, -1, -1).intersects(texts[j].second))
+					<< texts[i].first.toStdString() << " and " << texts[j].first.toStdString();
+}
 
 
 TEST(SciChart, TwoNestedChangeBracketsRedrawOnceAfterTheSecond) {

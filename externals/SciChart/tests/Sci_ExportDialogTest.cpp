@@ -12,6 +12,7 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
@@ -184,6 +185,13 @@ TEST_F(SciExportDialog, VectorSizesAreValidated) {
 	EXPECT_EQ(fieldText(true, "lineEditMMY"), "100");
 	edit(true, "lineEditMMY", "40");
 	EXPECT_EQ(fieldText(true, "lineEditMMX"), "60");
+	// in German with a decimal comma
+	QLocale::setDefault(QLocale(QLocale::German));
+	edit(true, "lineEditMMX", "100,5");
+	EXPECT_EQ(fieldText(true, "lineEditMMY"), "67");
+	edit(true, "lineEditMMY", "41");
+	EXPECT_EQ(fieldText(true, "lineEditMMX"), "61,5");
+	QLocale::setDefault(QLocale::c());
 }
 
 

@@ -25,7 +25,7 @@ LogWidget::LogWidget(QWidget * parent) :
 	m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
 	m_view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 	// the panel may shrink to a few lines, leaving the room to the charts
-	m_view->setMinimumHeight(3*m_view->fontMetrics().height());
+	m_view->setMinimumHeight(2*m_view->fontMetrics().height());
 
 	QHBoxLayout * buttons = new QHBoxLayout;
 	buttons->setContentsMargins(0, 0, 0, 0);

@@ -51,7 +51,7 @@ public:
 	/*! Upper bound of the minimum width, in lines of the chart's font. */
 	static constexpr int MINIMUM_WIDTH_LINES = 16;
 	/*! Upper bound of the minimum height, in lines of the chart's font. */
-	static constexpr int MINIMUM_HEIGHT_LINES = 12;
+	static constexpr int MINIMUM_HEIGHT_LINES = 10;
 
 	/*! The kind of series shown, from the kind of model. */
 	enum ChartType {

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About Orvane</source>
+        <translation>Über Orvane</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Orvane %1&lt;/h3&gt;&lt;p&gt;Charts of building-physics simulation results.&lt;/p&gt;&lt;p&gt;Qt %2 (built with %3), Qwt %4&lt;/p&gt;&lt;p&gt;Uses Qt under the GNU LGPL version 3 and Qwt under the Qwt License 1.0.&lt;/p&gt;&lt;p&gt;Log file: %5&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Orvane %1&lt;/h3&gt;&lt;p&gt;Diagramme von Simulationsergebnissen der Bauphysik.&lt;/p&gt;&lt;p&gt;Qt %2 (erstellt mit %3), Qwt %4&lt;/p&gt;&lt;p&gt;Verwendet Qt unter der GNU LGPL Version 3 und Qwt unter der Qwt License 1.0.&lt;/p&gt;&lt;p&gt;Logdatei: %5&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
     <name>ChartCreator</name>
     <message>
         <source>Cannot create chart</source>
@@ -86,6 +97,13 @@
     <message>
         <source>Drop a folder of result files here, or choose &quot;%1&quot; in the Session menu or the context menu.</source>
         <translation>Ziehen Sie einen Ordner mit Ergebnisdateien hierher oder wählen Sie &quot;%1&quot; im Menü Sitzung oder im Kontextmenü.</translation>
+    </message>
+</context>
+<context>
+    <name>DoNotShowAgainMessage</name>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Nicht mehr anzeigen</translation>
     </message>
 </context>
 <context>
@@ -253,6 +271,54 @@
         <source>Reset zoom</source>
         <translation>Zoom zurücksetzen</translation>
     </message>
+    <message>
+        <source>Edit session file in text editor</source>
+        <translation>Sitzungsdatei im Texteditor bearbeiten</translation>
+    </message>
+    <message>
+        <source>Show logfile...</source>
+        <translation>Logdatei anzeigen...</translation>
+    </message>
+    <message>
+        <source>Full screen mode</source>
+        <translation>Vollbildmodus</translation>
+    </message>
+    <message>
+        <source>Copy current chart to clipboard (bitmap)</source>
+        <translation>Aktuelles Diagramm in die Zwischenablage kopieren (Bitmap)</translation>
+    </message>
+    <message>
+        <source>Copy current chart to clipboard (emf)</source>
+        <translation>Aktuelles Diagramm in die Zwischenablage kopieren (EMF)</translation>
+    </message>
+    <message>
+        <source>Edit session file</source>
+        <translation>Sitzungsdatei bearbeiten</translation>
+    </message>
+    <message>
+        <source>The session has not been saved to a file yet. Save it first, then edit its file.</source>
+        <translation>Die Sitzung wurde noch nicht in einer Datei gespeichert. Speichern Sie sie zuerst, dann bearbeiten Sie ihre Datei.</translation>
+    </message>
+    <message>
+        <source>No text editor is set. Choose one in the preferences.</source>
+        <translation>Es ist kein Texteditor eingestellt. Wählen Sie einen in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The text editor &apos;%1&apos; cannot be found. Choose one in the preferences.</source>
+        <translation>Der Texteditor &apos;%1&apos; wurde nicht gefunden. Wählen Sie einen in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The session file is open in the text editor. Once you have saved it there and come back to Orvane, you are asked whether to reload the changed session.</source>
+        <translation>Die Sitzungsdatei ist im Texteditor geöffnet. Wenn Sie sie dort gespeichert haben und zu Orvane zurückkehren, werden Sie gefragt, ob die geänderte Sitzung neu geladen werden soll.</translation>
+    </message>
+    <message>
+        <source>Copy chart</source>
+        <translation>Diagramm kopieren</translation>
+    </message>
+    <message>
+        <source>The current view shows no chart that could be copied.</source>
+        <translation>Die aktuelle Ansicht zeigt kein Diagramm, das kopiert werden könnte.</translation>
+    </message>
 </context>
 <context>
     <name>ManipulatorOptions</name>
@@ -309,13 +375,13 @@
         <source>Orvane 2 encountered an unexpected error (we certainly didn&apos;t want this error to happen :-). Please copy the content of the application log file and send the last lines with any potential error messages to the developers. Thanks!</source>
         <translation>In Orvane 2 ist ein unerwarteter Fehler aufgetreten (dieser Fehler hätte natürlich nicht passieren sollen :-). Bitte kopieren Sie den Inhalt der Protokolldatei des Programms und senden Sie die letzten Zeilen mit eventuellen Fehlermeldungen an die Entwickler. Vielen Dank!</translation>
     </message>
+    <message>
+        <source>Orvane version %1, log file: %2</source>
+        <translation>Orvane Version %1, Logdatei: %2</translation>
+    </message>
 </context>
 <context>
     <name>OVAMainWindow</name>
-    <message>
-        <source>unnamed.o2</source>
-        <translation>unbenannt.o2</translation>
-    </message>
     <message>
         <source>&amp;Session</source>
         <translation>&amp;Sitzung</translation>
@@ -359,6 +425,38 @@
     <message>
         <source>Property panel</source>
         <translation>Eigenschaftenbereich</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Einstellungen...</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Check for updates...</source>
+        <translation>Nach Updates suchen...</translation>
+    </message>
+    <message>
+        <source>About Orvane...</source>
+        <translation>Über Orvane...</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Log</translation>
+    </message>
+    <message>
+        <source>Log panel</source>
+        <translation>Log-Fenster</translation>
+    </message>
+    <message>
+        <source>Auto-refresh on</source>
+        <translation>Automatisch aktualisieren: an</translation>
+    </message>
+    <message>
+        <source>Auto-refresh off</source>
+        <translation>Automatisch aktualisieren: aus</translation>
     </message>
 </context>
 <context>
@@ -920,6 +1018,135 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     </message>
 </context>
 <context>
+    <name>PlotPickerText</name>
+    <message>
+        <source>value: %1</source>
+        <translation>Wert: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Preferences</name>
+    <message>
+        <source>Log levels must be between 0 and %1.</source>
+        <translation>Log-Stufen müssen zwischen 0 und %1 liegen.</translation>
+    </message>
+    <message>
+        <source>The file name filter needs at least one pattern, such as &apos;*.out&apos;.</source>
+        <translation>Der Dateinamensfilter braucht mindestens ein Muster, etwa &apos;*.out&apos;.</translation>
+    </message>
+    <message>
+        <source>Excluded directory names are names, not paths: &apos;%1&apos;.</source>
+        <translation>Ausgeschlossene Verzeichnisnamen sind Namen, keine Pfade: &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>The update address must be an http, https or file address of the version file, or empty: &apos;%1&apos;.</source>
+        <translation>Die Update-Adresse muss eine http-, https- oder file-Adresse der Versionsdatei sein, oder leer: &apos;%1&apos;.</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesDialog</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch (English)</translation>
+    </message>
+    <message>
+        <source>German (Deutsch)</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Language and log</source>
+        <translation>Sprache und Log</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>Sprache:</translation>
+    </message>
+    <message>
+        <source>A changed language takes effect on the next program start.</source>
+        <translation>Eine geänderte Sprache gilt ab dem nächsten Programmstart.</translation>
+    </message>
+    <message>
+        <source>Console log level:</source>
+        <translation>Log-Stufe Konsole:</translation>
+    </message>
+    <message>
+        <source>Log file log level:</source>
+        <translation>Log-Stufe Logdatei:</translation>
+    </message>
+    <message>
+        <source>Higher levels write more detail; errors are always written.</source>
+        <translation>Höhere Stufen schreiben mehr Einzelheiten; Fehler werden immer geschrieben.</translation>
+    </message>
+    <message>
+        <source>Reopen last session on program start</source>
+        <translation>Beim Programmstart letzte Sitzung wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Start with empty session</source>
+        <translation>Mit leerer Sitzung starten</translation>
+    </message>
+    <message>
+        <source>Write all properties in session file</source>
+        <translation>Alle Eigenschaften in die Sitzungsdatei schreiben</translation>
+    </message>
+    <message>
+        <source>Select text editor</source>
+        <translation>Texteditor auswählen</translation>
+    </message>
+    <message>
+        <source>Sessions</source>
+        <translation>Sitzungen</translation>
+    </message>
+    <message>
+        <source>Text editor:</source>
+        <translation>Texteditor:</translation>
+    </message>
+    <message>
+        <source>Opens the session file with &quot;Edit session file in text editor&quot; (F2).</source>
+        <translation>Öffnet die Sitzungsdatei mit &quot;Sitzungsdatei im Texteditor bearbeiten&quot; (F2).</translation>
+    </message>
+    <message>
+        <source>Data manager</source>
+        <translation>Datenmanager</translation>
+    </message>
+    <message>
+        <source>File name filter:</source>
+        <translation>Dateinamensfilter:</translation>
+    </message>
+    <message>
+        <source>Excluded directory names:</source>
+        <translation>Ausgeschlossene Verzeichnisnamen:</translation>
+    </message>
+    <message>
+        <source>Separate several entries with &apos;;&apos;. Changes apply at once.</source>
+        <translation>Mehrere Einträge mit &apos;;&apos; trennen. Änderungen gelten sofort.</translation>
+    </message>
+    <message>
+        <source>https://.../version.txt</source>
+        <translation>https://.../version.txt</translation>
+    </message>
+    <message>
+        <source>Show hidden messages again (%1)</source>
+        <translation>Ausgeblendete Meldungen wieder anzeigen (%1)</translation>
+    </message>
+    <message>
+        <source>Updates and messages</source>
+        <translation>Updates und Meldungen</translation>
+    </message>
+    <message>
+        <source>Update address:</source>
+        <translation>Update-Adresse:</translation>
+    </message>
+    <message>
+        <source>Address of the version file; empty: never look for updates.</source>
+        <translation>Adresse der Versionsdatei; leer: nie nach Updates suchen.</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>Restore from backup</source>
@@ -1335,6 +1562,56 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>Choose colour</source>
         <translation>Farbe wählen</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::LogFileDialog</name>
+    <message>
+        <source>Log file</source>
+        <translation>Logdatei</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>The log file &apos;%1&apos; cannot be read.</source>
+        <translation>Die Logdatei &apos;%1&apos; kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Last lines of the log file &apos;%1&apos;:</source>
+        <translation>Letzte Zeilen der Logdatei &apos;%1&apos;:</translation>
+    </message>
+    <message>
+        <source>Log file &apos;%1&apos;:</source>
+        <translation>Logdatei &apos;%1&apos;:</translation>
+    </message>
+</context>
+<context>
+    <name>QtExt::LogWidget</name>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>Messages</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>Debug</source>
+        <translation>Debug</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Shows or hides these messages.</source>
+        <translation>Zeigt diese Meldungen oder blendet sie aus.</translation>
     </message>
 </context>
 <context>
@@ -2255,6 +2532,74 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>change data set of &apos;%1&apos;</source>
         <translation>Datensatz von &apos;%1&apos; ändern</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDialogs</name>
+    <message>
+        <source>Newer version available</source>
+        <translation>Neuere Version verfügbar</translation>
+    </message>
+    <message>
+        <source>Orvane %1 is available; you are using version %2.</source>
+        <translation>Orvane %1 ist verfügbar; Sie verwenden Version %2.</translation>
+    </message>
+    <message>
+        <source>No changes listed.</source>
+        <translation>Keine Änderungen aufgeführt.</translation>
+    </message>
+    <message>
+        <source>Download and install</source>
+        <translation>Herunterladen und installieren</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Skip this version</source>
+        <translation>Diese Version überspringen</translation>
+    </message>
+    <message>
+        <source>Changes:</source>
+        <translation>Änderungen:</translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>There is no newer version; Orvane %1 is up to date.</source>
+        <translation>Es gibt keine neuere Version; Orvane %1 ist aktuell.</translation>
+    </message>
+    <message>
+        <source>Looking for updates failed:
+%1</source>
+        <translation>Die Suche nach Updates ist fehlgeschlagen:
+%1</translation>
+    </message>
+    <message>
+        <source>Downloading Orvane %1...</source>
+        <translation>Orvane %1 wird heruntergeladen...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Download update</source>
+        <translation>Update herunterladen</translation>
+    </message>
+    <message>
+        <source>The update has been downloaded. It will be installed when you close Orvane.</source>
+        <translation>Das Update wurde heruntergeladen. Es wird installiert, wenn Sie Orvane schließen.</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Install update</source>
+        <translation>Update installieren</translation>
     </message>
 </context>
 </TS>

@@ -129,19 +129,15 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 						Qt::Horizontal);
 		});
 	}
-	// the settings decide, also when the stored window state says otherwise
-	m_sessionDock->setVisible(OVP::Settings::instance().m_panelWestVisible);
-	connect(m_sessionDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
-		OVP::Settings::instance().m_panelWestVisible = visible;
-	});
-	m_propertyDock->setVisible(OVP::Settings::instance().m_panelEastVisible);
-	connect(m_propertyDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
-		OVP::Settings::instance().m_panelEastVisible = visible;
-	});
-	m_logDock->setVisible(OVP::Settings::instance().m_panelSouthVisible);
-	connect(m_logDock->toggleViewAction(), &QAction::toggled, this, [](bool visible) {
-		OVP::Settings::instance().m_panelSouthVisible = visible;
-	});
+	// the settings decide, also when the stored window state says otherwise; from then on the
+	// settings follow the docks
+	for (const QPair<QDockWidget *, bool *> & panel : m_panelVisibility) {
+		bool * visibleSetting = panel.second;
+		panel.first->setVisible(*visibleSetting);
+		connect(panel.first->toggleViewAction(), &QAction::toggled, this, [visibleSetting](bool visible) {
+			*visibleSetting = visible;
+		});
+	}
 }
 
 
@@ -408,15 +404,26 @@ void OVAMainWindow::setupMenus() {
 }
 
 
+QDockWidget * OVAMainWindow::addPanel(QWidget * panel, const QString & title, const QString & name,
+									 const QString & menuText, Qt::DockWidgetArea area, bool & visibleSetting) {
+	QDockWidget * dock = new QDockWidget(title, this);
+	// the name identifies the dock in the stored window state
+	dock->setObjectName(name);
+	dock->setWidget(panel);
+	const bool sides = area == Qt::LeftDockWidgetArea || area == Qt::RightDockWidgetArea;
+	dock->setAllowedAreas(sides ? Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea
+								: Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
+	addDockWidget(area, dock);
+	dock->toggleViewAction()->setText(menuText);
+	m_panelVisibility.append({ dock, &visibleSetting });
+	return dock;
+}
+
+
 void OVAMainWindow::setupSessionPanel() {
 	m_sessionPanel = new SessionPanel;
-	m_sessionDock = new QDockWidget(tr("Session"), this);
-	// the name identifies the dock in the stored window state
-	m_sessionDock->setObjectName("SessionPanel");
-	m_sessionDock->setWidget(m_sessionPanel);
-	m_sessionDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-	addDockWidget(Qt::LeftDockWidgetArea, m_sessionDock);
-	m_sessionDock->toggleViewAction()->setText(tr("Session panel"));
+	m_sessionDock = addPanel(m_sessionPanel, tr("Session"), "SessionPanel", tr("Session panel"), Qt::LeftDockWidgetArea,
+							 OVP::Settings::instance().m_panelWestVisible);
 	connect(m_sessionPanel->mapperView(), &MapperTreeView::mapperSelected,
 			m_mainView->viewManager(), &ViewManager::showMapper);
 
@@ -431,12 +438,8 @@ void OVAMainWindow::setupSessionPanel() {
 
 void OVAMainWindow::setupPropertyPanel() {
 	m_propertyPanel = new OVP::PropertyPanel;
-	m_propertyDock = new QDockWidget(tr("Properties"), this);
-	m_propertyDock->setObjectName("PropertyPanel");
-	m_propertyDock->setWidget(m_propertyPanel);
-	m_propertyDock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-	addDockWidget(Qt::RightDockWidgetArea, m_propertyDock);
-	m_propertyDock->toggleViewAction()->setText(tr("Property panel"));
+	m_propertyDock = addPanel(m_propertyPanel, tr("Properties"), "PropertyPanel", tr("Property panel"),
+							  Qt::RightDockWidgetArea, OVP::Settings::instance().m_panelEastVisible);
 	connect(m_mainView->viewManager(), &ViewManager::focusedChartChanged, this, &OVAMainWindow::onFocusedChartChanged);
 	connect(m_mainView, &MainView::chartPropertiesRequested, this, &OVAMainWindow::showProperties);
 	onFocusedChartChanged();
@@ -445,12 +448,8 @@ void OVAMainWindow::setupPropertyPanel() {
 
 void OVAMainWindow::setupLogPanel() {
 	QtExt::LogWidget * log = new QtExt::LogWidget;
-	m_logDock = new QDockWidget(tr("Log"), this);
-	m_logDock->setObjectName("LogPanel");
-	m_logDock->setWidget(log);
-	m_logDock->setAllowedAreas(Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
-	addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
-	m_logDock->toggleViewAction()->setText(tr("Log panel"));
+	m_logDock = addPanel(log, tr("Log"), "LogPanel", tr("Log panel"), Qt::BottomDockWidgetArea,
+						 OVP::Settings::instance().m_panelSouthVisible);
 	OVP::MessageHandler * messages = dynamic_cast<OVP::MessageHandler *>(ZEB::MessageHandler::current());
 	if (messages == nullptr)
 		return;

@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 #include <QString>
+#include <QList>
+#include <QPair>
 
 #include "PreferencesDialog.h"
 
@@ -114,6 +116,10 @@ private slots:
 private:
 	/*! Builds the menu bar from the main view's actions. */
 	void setupMenus();
+	/*! Adds panel in a dock of that area, with its entry for the View menu; the dock is shown as
+		visibleSetting says, which then follows the dock's visibility. */
+	QDockWidget * addPanel(QWidget * panel, const QString & title, const QString & name, const QString & menuText,
+						   Qt::DockWidgetArea area, bool & visibleSetting);
 	/*! Puts the session panel into a dock on the left. */
 	void setupSessionPanel();
 	/*! Puts the property panel into a dock on the right. */
@@ -137,6 +143,8 @@ private:
 	OVP::PropertyPanel *				m_propertyPanel;
 	QDockWidget *						m_propertyDock;
 	QDockWidget *						m_logDock;
+	/*! The docks with the setting of their visibility. */
+	QList<QPair<QDockWidget *, bool *>>	m_panelVisibility;
 	/*! The double clicks of the chart in the focused view, which open its pages. */
 	QMetaObject::Connection				m_doubleClickConnection;
 	ChartActions *						m_chartActions;

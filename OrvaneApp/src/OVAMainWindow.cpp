@@ -121,12 +121,13 @@ OVAMainWindow::OVAMainWindow(QWidget * parent) :
 	if (!state.isEmpty())
 		restoreState(state);
 	else {
-		// the docks get their widths once the window has its size; on a small screen the charts
-		// keep at least half of it
+		// the docks get their sizes once the window has its size; on a small screen the charts
+		// keep at least half of its width and most of its height
 		QTimer::singleShot(0, this, [this]() {
 			resizeDocks({ m_sessionDock, m_propertyDock },
 						{ std::min(SESSION_PANEL_WIDTH, width()/4), std::min(PROPERTY_PANEL_WIDTH, width()/5) },
 						Qt::Horizontal);
+			resizeDocks({ m_logDock }, { std::min(LOG_PANEL_HEIGHT, height()/6) }, Qt::Vertical);
 		});
 	}
 	// the settings decide, also when the stored window state says otherwise; from then on the

@@ -46,6 +46,8 @@ public:
 	static constexpr int SESSION_PANEL_WIDTH = 420;
 	/*! Width of the property panel on the first start (at most a fifth of the window). */
 	static constexpr int PROPERTY_PANEL_WIDTH = 360;
+	/*! Height of the log panel on the first start (at most a sixth of the window). */
+	static constexpr int LOG_PANEL_HEIGHT = 160;
 
 	/*! Creates the window with the main view and restores the stored geometry and state. */
 	explicit OVAMainWindow(QWidget * parent = nullptr);

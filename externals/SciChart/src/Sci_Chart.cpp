@@ -311,8 +311,45 @@ void Chart::updateLayout() {
 	// wrapped title left the axes no length at all) would keep wrong room through every later
 	// resize, and its end labels would be cut. One more pass settles it, as the room depends on
 	// the length only through ticks that do not sit on the ends of the scale.
-	if (updateAxisBorderDistances())
+	// eliding keeps the thickness of a title, so the layout stays valid
+	if (updateAxisBorderDistances() | elideAxisTitles())
 		QwtPlot::updateLayout();
+}
+
+
+void Chart::setFullAxisTitle(int axisId, const QwtText & title) {
+	m_fullAxisTitles[axisId] = title;
+	setAxisTitle(axisId, title);
+	elideAxisTitles();
+}
+
+
+void Chart::setAxisTitlesElided(bool elided) {
+	m_elideAxisTitles = elided;
+	if (elideAxisTitles())
+		QwtPlot::updateLayout();
+}
+
+
+bool Chart::elideAxisTitles() {
+	bool changed = false;
+	for (int axisId = 0; axisId < QwtPlot::axisCnt; ++axisId) {
+		QwtScaleWidget * axis = axisWidget(axisId);
+		const QwtText & full = m_fullAxisTitles[axisId];
+		QwtText shown = full;
+		if (m_elideAxisTitles && isVisible() && axisEnabled(axisId)) {
+			const bool vertical = axisId == QwtPlot::yLeft || axisId == QwtPlot::yRight;
+			const int length = (vertical ? axis->height() : axis->width()) - axis->startBorderDist() - axis->endBorderDist();
+			const QFontMetrics metrics(full.font());
+			if (length > 0)
+				shown.setText(metrics.elidedText(full.text(), Qt::ElideRight, length));
+		}
+		if (axis->title().text() != shown.text()) {
+			axis->setTitle(shown);
+			changed = true;
+		}
+	}
+	return changed;
 }
 
 

@@ -8,6 +8,7 @@
 #include <QList>
 
 #include <qwt_plot.h>
+#include <qwt_text.h>
 
 #include "Sci_ChartElement.h"
 
@@ -90,6 +91,12 @@ public:
 		picture. Returns the size before, to restore the screen layout after the export.
 	*/
 	QSize layoutForSize(const QSize & size);
+
+	/*! Sets the title of an axis; a shown chart elides it where its axis is shorter. */
+	void setFullAxisTitle(int axisId, const QwtText & title);
+	/*! Switches the eliding of axis titles; off, the axes show their whole titles (exports
+		draw them at their own size). */
+	void setAxisTitlesElided(bool elided);
 
 	/*! Create the series object of model series index and insert it; each returns false and
 		reports when the series cannot be created (e.g. undefined units, inconsistent sizes).
@@ -200,6 +207,9 @@ private:
 	/*! Sets the room beyond the canvas edges that each shown axis needs for the labels of its
 		end ticks, measured with the axis' current length; returns true when any room changed. */
 	bool updateAxisBorderDistances();
+	/*! Shows each axis title whole or, on a shown chart with eliding on, elided to the length of
+		its axis; returns true when a shown title changed. */
+	bool elideAxisTitles();
 
 	AbstractCartesianChartModel *				m_model = nullptr;
 	ChartType									m_chartType = NoChart;
@@ -220,6 +230,9 @@ private:
 	PlotWheelZoom *								m_wheelZoom = nullptr;
 	PlotPicker *								m_picker = nullptr;
 	PlotRescaler *								m_rescaler = nullptr;
+	/*! The whole titles of the axes, by axis id. */
+	QwtText										m_fullAxisTitles[QwtPlot::axisCnt];
+	bool										m_elideAxisTitles = true;
 };
 
 } // namespace SCI

@@ -130,7 +130,7 @@ void ChartAxis::applyEnabled() {
 void ChartAxis::applyTitle() {
 	QwtText title(model()->axisData(m_position, CM::AxisTitle).toString());
 	title.setFont(model()->axisData(m_position, CM::AxisTitleFont).value<QFont>());
-	m_chart->setAxisTitle(axisId(), title);
+	m_chart->setFullAxisTitle(axisId(), title);
 	if (m_position == CM::RightAxis) {
 		// the library reads right axis titles top to bottom; inverted reads like the left axis
 		const bool inverted = model()->chartData(AbstractChartModel::AxisY2TitleInverted).toBool();

@@ -105,10 +105,15 @@ void ChartExporter::render(QwtPlot * plot, QPainter * painter, const QRectF & re
 	const DataReductionOverride dataReduction(plot, m_dataReduction);
 	// proportional axes are fitted to the picture's size, not to the chart's size on screen
 	Chart * chart = dynamic_cast<Chart *>(plot);
+	// the picture has room of its own for the axis titles elided on screen
+	if (chart != nullptr)
+		chart->setAxisTitlesElided(false);
 	const QSize screenSize = chart != nullptr ? chart->layoutForSize(rect.size().toSize()) : QSize();
 	renderer.render(plot, painter, rect);
-	if (chart != nullptr)
+	if (chart != nullptr) {
 		chart->layoutForSize(screenSize);
+		chart->setAxisTitlesElided(true);
+	}
 }
 
 

@@ -26,6 +26,7 @@
 
 #include <Sci_BarSeries.h>
 #include <Sci_ChartAxis.h>
+#include <Sci_ChartExporter.h>
 #include <Sci_ChartElementLocator.h>
 #include <Sci_ColorGridSeries.h>
 #include <Sci_DataReductionCurveFitter.h>
@@ -146,6 +147,41 @@ TEST(SciChart, SmallChartsAskForLittleRoomAndDrawNoTextOverAnother) {
 			// lines of the wrapped title may share a pixel row
 			EXPECT_FALSE(texts[i].second.adjusted(1, 1, -1, -1).intersects(texts[j].second))
 					<< texts[i].first.toStdString() << " and " << texts[j].first.toStdString();
+}
+
+
+TEST(SciChart, AxisTitlesLongerThanTheirAxisAreElidedOnScreenOnly) {
+	VectorLineModel model;
+	model.addSeries(makeSeries({0, 1, 2}, {5, 6, 7}));
+	const QString title = "Temperature at the inner surface of the wall corner behind the cupboard [C]";
+	model.setAxisData(title, CM::LeftAxis, CM::AxisTitleText);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	chart.resize(300, 200);
+	chart.show();
+	QCoreApplication::processEvents();
+	const QString shown = chart.axisTitle(QwtPlot::yLeft).text();
+	EXPECT_TRUE(shown.endsWith(QChar(0x2026))) << shown.toStdString();
+	EXPECT_TRUE(title.startsWith(shown.chopped(1)));
+	const QwtScaleWidget * axis = chart.axisWidget(QwtPlot::yLeft);
+	EXPECT_LE(QFontMetrics(chart.axisTitle(QwtPlot::yLeft).font()).horizontalAdvance(shown), axis->height());
+
+	// an export draws the whole title, and the screen gets its elided one back
+	const QSize exportSize(1200, 900);
+	TextRecordingDevice device(exportSize);
+	QPainter painter(&device);
+	SCI::ChartExporter().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(exportSize)));
+	painter.end();
+	bool whole = false;
+	for (const QPair<QString, QRectF> & text : device.m_engine.m_texts)
+		whole = whole || text.first == title;
+	EXPECT_TRUE(whole);
+	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), shown);
+
+	// with room enough the whole title shows
+	chart.resize(1200, 900);
+	QCoreApplication::processEvents();
+	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), title);
 }
 
 

@@ -66,12 +66,32 @@ SCI::Chart * ViewManager::currentChart() const {
 
 
 void ViewManager::onSplitHorizontal() {
-	editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Horizontal); });
+	if (roomToSplit(Qt::Horizontal))
+		editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Horizontal); });
 }
 
 
 void ViewManager::onSplitVertical() {
-	editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Vertical); });
+	if (roomToSplit(Qt::Vertical))
+		editLayout([](SplitTree & tree) { tree.split(tree.focusedView(), Qt::Vertical); });
+}
+
+
+bool ViewManager::roomToSplit(Qt::Orientation orientation) const {
+	FUNCID(ViewManager::roomToSplit);
+	const ChartView * view = focusedView();
+	// a view not on screen has no size to go by
+	if (view == nullptr || !view->isVisible())
+		return true;
+	const QSize minimum = view->minimumSizeHint();
+	const bool beside = orientation == Qt::Horizontal;
+	const int needed = 2*(beside ? minimum.width() : minimum.height()) + SPLITTER_HANDLE_ROOM;
+	if ((beside ? view->width() : view->height()) >= needed)
+		return true;
+	ZEB::reportWarning(beside ?
+		"There is no room for another view beside this one: enlarge the window or unify views first.\n" :
+		"There is no room for another view below this one: enlarge the window or unify views first.\n", FUNC_ID);
+	return false;
 }
 
 

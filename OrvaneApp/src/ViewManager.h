@@ -38,6 +38,8 @@ class ViewManager : public QWidget {
 public:
 	/*! Pause between two scripted exports (and before the first), in milliseconds. */
 	static constexpr int SCRIPTED_EXPORT_DELAY_MS = 100;
+	/*! Room taken by a splitter handle between two views, in pixels. */
+	static constexpr int SPLITTER_HANDLE_ROOM = 8;
 
 	explicit ViewManager(QWidget * parent = nullptr);
 	~ViewManager() override;
@@ -101,6 +103,10 @@ private:
 	QWidget * buildNode(const SplitTree & tree, int id, const QStringList & mapperNames);
 	/*! Edits the session's layout and hands it to the project handler, which announces it. */
 	void editLayout(const std::function<void(SplitTree &)> & edit);
+	/*! True when the focused view on screen is large enough for two views side by side
+		(Qt::Horizontal) or one above the other, so that a split does not make the window grow
+		beyond the screen; otherwise says so as a warning. */
+	bool roomToSplit(Qt::Orientation orientation) const;
 	/*! Focuses a view in the session's layout (no undo step). */
 	void setFocusedView(int widgetId);
 	/*! Highlights the focused view when there is more than one. */

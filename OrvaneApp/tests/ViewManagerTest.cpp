@@ -142,7 +142,7 @@ TEST_F(ViewManagerTest, FocusAndSplitterMovesModifyWithoutUndoStepsAsDoesAChartC
 TEST_F(ViewManagerTest, KeyboardFocusStaysWithTheFocusedViewThroughSplitsAndUnify) {
 	createSession(OVATest::scratchDir("vm-keyboard"), { "T", "RH", "Tsurf", "Tin" });
 	ViewManager vm;
-	vm.resize(800, 600);
+	vm.resize(1400, 900);
 	vm.show();
 	QApplication::setActiveWindow(&vm);
 	vm.views()[0]->takeKeyboardFocus();
@@ -165,6 +165,12 @@ TEST_F(ViewManagerTest, KeyboardFocusStaysWithTheFocusedViewThroughSplitsAndUnif
 	ASSERT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2, 3 }));
 	EXPECT_EQ(vm.focusedView(), vm.views()[3]);
 	EXPECT_EQ(keyboardView(), vm.views()[3]);
+
+	// a view too small for two is not split, so the window need not grow beyond the screen
+	act(&ViewManager::onSplitHorizontal);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2, 3 }));
+	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "There is no room for another view beside this one: enlarge the "
+								"window or unify views first.\n", "[ViewManager::roomToSplit]"), 1);
 
 	// the next view in layout order, the first after the last
 	act(&ViewManager::onGotoNextSplit);

@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QLabel>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QElapsedTimer>
@@ -52,12 +51,10 @@
 #include "ChartView.h"
 #include "DataManagerPanel.h"
 #include "MainView.h"
-#include "OVADirectories.h"
 #include "MapperTreeView.h"
 #include "OVADirectories.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
-#include "AboutDialog.h"
 #include "PreferencesDialog.h"
 #include "ReadProgressWidget.h"
 #include "SessionPanel.h"
@@ -86,6 +83,14 @@ protected:
 		return QList<QAction *>();
 	}
 
+	/*! The entry with that text of the menu bar's menu with text menu, or null. */
+	static QAction * menuAction(const OVAMainWindow & window, const QString & menu, const QString & action) {
+		for (QAction * a : menuActions(window, menu))
+			if (a->text() == action)
+				return a;
+		return nullptr;
+	}
+
 	/*! Lets the handler answer save questions with answer; returns the interaction to inspect. */
 	OVATest::AnsweringUserInteraction * answerWith(OVP::UserInteraction::SaveAnswer answer) {
 		OVATest::AnsweringUserInteraction * ui = new OVATest::AnsweringUserInteraction(answer);
@@ -97,32 +102,29 @@ protected:
 } // namespace
 
 
-TEST_F(MainWindowTest, CancelInTheSaveQuestionKeepsWindowAndSession) {
-	const QString file = writeModifiedSession("mw-cancel");
-	OVAMainWindow window;
-	window.show();
+TEST_F(MainWindowTest, ClosingAsksAboutChangesAndStoresTheSessionFileAndWindowState) {
+	const QString file = writeModifiedSession("mw-close");
 	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
-
-	EXPECT_FALSE(window.close());
-	EXPECT_TRUE(window.isVisible());
-	ASSERT_EQ(ui->m_shown.size(), 1);
-	EXPECT_EQ(ui->m_shown[0], "Would you like to save the project before closing it?");
-	ASSERT_TRUE(handler().isValid());
-	EXPECT_TRUE(handler().isModified());
+	{
+		// "Cancel" keeps window and session; closing without question neither asks nor stores
+		OVAMainWindow window;
+		window.show();
+		EXPECT_FALSE(window.close());
+		EXPECT_TRUE(window.isVisible());
+		EXPECT_EQ(ui->m_shown, QStringList{ "Would you like to save the project before closing it?" });
+		window.onCloseWithoutQuestion();
+		EXPECT_FALSE(window.isVisible());
+		EXPECT_EQ(ui->m_shown.size(), 1);
+	}
+	ASSERT_TRUE(handler().isModified());
 	EXPECT_EQ(handler().projectFile(), file);
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 2);
-	// nothing was stored
 	EXPECT_FALSE(m_settings->openStore()->contains("MainWindowGeometry"));
-}
-
-
-TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
-	const QString file = writeModifiedSession("mw-close");
+	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
 	{
 		OVAMainWindow window;
 		window.show();
 		answerWith(OVP::UserInteraction::AnswerDiscard);
-
 		EXPECT_TRUE(window.close());
 		EXPECT_FALSE(handler().isValid());
 		std::unique_ptr<QSettings> store = m_settings->openStore();
@@ -130,25 +132,11 @@ TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
 		EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
 		EXPECT_FALSE(store->value("MainWindowState").toByteArray().isEmpty());
 	}
-
-	// a second window (there is one main window at a time) without session clears the last
-	// session file
+	// a window closed without session clears the last session file
 	OVAMainWindow second;
 	second.show();
 	EXPECT_TRUE(second.close());
 	EXPECT_TRUE(m_settings->openStore()->value("LastProjectFile").toString().isEmpty());
-}
-
-
-TEST_F(MainWindowTest, CloseWithoutQuestionNeitherAsksNorStores) {
-	writeModifiedSession("mw-noquestion");
-	OVAMainWindow window;
-	window.show();
-	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
-	window.onCloseWithoutQuestion();
-	EXPECT_FALSE(window.isVisible());
-	EXPECT_TRUE(ui->m_shown.isEmpty());
-	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
 }
 
 
@@ -235,12 +223,7 @@ TEST_F(MainWindowTest, EditMenuNamesTheChangeAndUndoingToTheSavedStateClearsTheM
 	writeModifiedSession("mw-undo");
 	OVAMainWindow window;
 	const MainView::Actions & a = window.mainView()->actions();
-	QMenu * edit = nullptr;
-	for (QAction * menu : window.menuBar()->actions())
-		if (menu->text() == "&Edit")
-			edit = menu->menu();
-	ASSERT_NE(edit, nullptr);
-	EXPECT_EQ(edit->actions().mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
+	EXPECT_EQ(menuActions(window, "&Edit").mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
 	EXPECT_EQ(a.m_undo->shortcut(), QKeySequence("Ctrl+Z"));
 	EXPECT_EQ(a.m_redo->shortcuts(), QList<QKeySequence>({ QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") }));
 
@@ -554,16 +537,6 @@ TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
 
 namespace {
 
-/*! The action of a menu of the menu bar by the texts of menu and action, or null. */
-QAction * menuAction(const QMainWindow & window, const QString & menu, const QString & action) {
-	for (QAction * m : window.menuBar()->actions())
-		if (m->text() == menu)
-			for (QAction * a : m->menu()->actions())
-				if (a->text() == action)
-					return a;
-	return nullptr;
-}
-
 /*! Hands the next modal dialog to handle, which closes it. */
 void onNextModal(const std::function<void(QWidget *)> & handle) {
 	QTimer * poll = new QTimer;
@@ -586,7 +559,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	OVAMainWindow window;
 	window.mainView()->setScriptedRun();
 	QCoreApplication::processEvents();
-	QAction * edit = menuAction(window, "&Session", "Edit session file in text editor");
+	QAction * edit = window.mainView()->actions().m_editSessionFile;
 	QAction * preferences = menuAction(window, "&Edit", "Preferences...");
 	QAction * updates = menuAction(window, "&Help", "Check for updates...");
 	QAction * about = menuAction(window, "&Help", "About Orvane...");

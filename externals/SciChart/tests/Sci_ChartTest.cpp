@@ -118,6 +118,16 @@ public:
 	mutable Engine	m_engine;
 };
 
+/*! The texts, with their rectangles, that renderer draws of chart on a device of that size. */
+template <typename Renderer>
+QList<QPair<QString, QRectF> > drawnTexts(SCI::Chart & chart, const QSize & size, Renderer && renderer) {
+	TextRecordingDevice device(size);
+	QPainter painter(&device);
+	renderer.render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(size)));
+	painter.end();
+	return device.m_engine.m_texts;
+}
+
 } // namespace
 
 
@@ -136,11 +146,7 @@ TEST(SciChart, SmallChartsAskForLittleRoomAndDrawNoTextOverAnother) {
 	const QSize small(16*line, 12*line);
 	EXPECT_TRUE(chart.minimumSizeHint().width() <= small.width() && chart.minimumSizeHint().height() <= small.height());
 	chart.resize(small);
-	TextRecordingDevice device(small);
-	QPainter painter(&device);
-	QwtPlotRenderer().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(small)));
-	painter.end();
-	const QList<QPair<QString, QRectF> > & texts = device.m_engine.m_texts;
+	const QList<QPair<QString, QRectF> > texts = drawnTexts(chart, small, QwtPlotRenderer());
 	ASSERT_GT(texts.size(), 6);
 	for (int i = 0; i < texts.size(); ++i)
 		for (int j = i + 1; j < texts.size(); ++j)
@@ -167,13 +173,8 @@ TEST(SciChart, AxisTitlesLongerThanTheirAxisAreElidedOnScreenOnly) {
 	EXPECT_LE(QFontMetrics(chart.axisTitle(QwtPlot::yLeft).font()).horizontalAdvance(shown), axis->height());
 
 	// an export draws the whole title, and the screen gets its elided one back
-	const QSize exportSize(1200, 900);
-	TextRecordingDevice device(exportSize);
-	QPainter painter(&device);
-	SCI::ChartExporter().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(exportSize)));
-	painter.end();
 	bool whole = false;
-	for (const QPair<QString, QRectF> & text : device.m_engine.m_texts)
+	for (const QPair<QString, QRectF> & text : drawnTexts(chart, QSize(1200, 900), SCI::ChartExporter()))
 		whole = whole || text.first == title;
 	EXPECT_TRUE(whole);
 	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), shown);

@@ -533,8 +533,9 @@ TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
 
 namespace {
 
-/*! Hands the next modal dialog to handle, which closes it. */
-void onNextModal(const std::function<void(QWidget *)> & handle) {
+/*! Hands the next modal dialog, which must be a Dialog, to handle, which closes it. */
+template <typename Dialog>
+void onNextModal(const std::function<void(Dialog *)> & handle) {
 	QTimer * poll = new QTimer;
 	poll->setInterval(10);
 	QObject::connect(poll, &QTimer::timeout, [poll, handle]() {
@@ -543,7 +544,9 @@ void onNextModal(const std::function<void(QWidget *)> & handle) {
 			return;
 		poll->deleteLater();
 		poll->stop();
-		handle(modal);
+		Dialog * dialog = qobject_cast<Dialog *>(modal);
+		ASSERT_NE(dialog, nullptr) << modal->metaObject()->className();
+		handle(dialog);
 	});
 	poll->start();
 }
@@ -575,9 +578,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	QFile(editor).setPermissions(QFile(editor).permissions() | QFileDevice::ExeOwner);
 	m_settings->m_textEditorExecutable = dir + "/no-editor";
 	PreferencesDialog::Field focused = PreferencesDialog::F_Language;
-	onNextModal([&](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([&](PreferencesDialog * dialog) {
 		focused = dialog->focusedField();
 		dialog->findChild<QtExt::BrowseFilenameWidget *>()->setFilename(editor);
 		dialog->accept();
@@ -587,9 +588,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(m_settings->openStore()->value("TextEditorExecutable").toString(), editor);
 
 	// the editor gets the session file; the hint after it can be switched off
-	onNextModal([](QWidget * modal) {
-		QMessageBox * hint = qobject_cast<QMessageBox *>(modal);
-		ASSERT_NE(hint, nullptr);
+	onNextModal<QMessageBox>([](QMessageBox * hint) {
 		hint->checkBox()->setChecked(true);
 		hint->accept();
 	});
@@ -603,9 +602,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(OVATest::readText(edited).trimmed(), dir + "/session.o2");
 
 	// the preferences from the menu: changes are stored when the dialog is accepted, not before
-	onNextModal([](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([](PreferencesDialog * dialog) {
 		dialog->findChildren<QRadioButton *>().at(1)->setChecked(true);
 		dialog->reject();
 	});
@@ -613,9 +610,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_TRUE(m_settings->m_startWithLastSession);
 
 	// without an update address the update check asks for one instead of using the network
-	onNextModal([&](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([&](PreferencesDialog * dialog) {
 		focused = dialog->focusedField();
 		dialog->reject();
 	});
@@ -623,9 +618,9 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(focused, PreferencesDialog::F_UpdateUrl);
 
 	QString aboutText;
-	onNextModal([&](QWidget * modal) {
-		aboutText = modal->findChild<QLabel *>("AboutText")->text();
-		qobject_cast<QDialog *>(modal)->accept();
+	onNextModal<QDialog>([&](QDialog * dialog) {
+		aboutText = dialog->findChild<QLabel *>("AboutText")->text();
+		dialog->accept();
 	});
 	about->trigger();
 	for (const QString & expected : { QString("Orvane " ORVANEAPP_VERSION), QString("Qt ") + qVersion(),

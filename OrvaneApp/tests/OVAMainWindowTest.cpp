@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QLabel>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QElapsedTimer>
@@ -52,12 +51,10 @@
 #include "ChartView.h"
 #include "DataManagerPanel.h"
 #include "MainView.h"
-#include "OVADirectories.h"
 #include "MapperTreeView.h"
 #include "OVADirectories.h"
 #include "OVAMainWindow.h"
 #include "OVA_TestUtils.h"
-#include "AboutDialog.h"
 #include "PreferencesDialog.h"
 #include "ReadProgressWidget.h"
 #include "SessionPanel.h"
@@ -86,6 +83,14 @@ protected:
 		return QList<QAction *>();
 	}
 
+	/*! The entry with that text of the menu bar's menu with text menu, or null. */
+	static QAction * menuAction(const OVAMainWindow & window, const QString & menu, const QString & action) {
+		for (QAction * a : menuActions(window, menu))
+			if (a->text() == action)
+				return a;
+		return nullptr;
+	}
+
 	/*! Lets the handler answer save questions with answer; returns the interaction to inspect. */
 	OVATest::AnsweringUserInteraction * answerWith(OVP::UserInteraction::SaveAnswer answer) {
 		OVATest::AnsweringUserInteraction * ui = new OVATest::AnsweringUserInteraction(answer);
@@ -97,32 +102,29 @@ protected:
 } // namespace
 
 
-TEST_F(MainWindowTest, CancelInTheSaveQuestionKeepsWindowAndSession) {
-	const QString file = writeModifiedSession("mw-cancel");
-	OVAMainWindow window;
-	window.show();
+TEST_F(MainWindowTest, ClosingAsksAboutChangesAndStoresTheSessionFileAndWindowState) {
+	const QString file = writeModifiedSession("mw-close");
 	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
-
-	EXPECT_FALSE(window.close());
-	EXPECT_TRUE(window.isVisible());
-	ASSERT_EQ(ui->m_shown.size(), 1);
-	EXPECT_EQ(ui->m_shown[0], "Would you like to save the project before closing it?");
-	ASSERT_TRUE(handler().isValid());
-	EXPECT_TRUE(handler().isModified());
+	{
+		// "Cancel" keeps window and session; closing without question neither asks nor stores
+		OVAMainWindow window;
+		window.show();
+		EXPECT_FALSE(window.close());
+		EXPECT_TRUE(window.isVisible());
+		EXPECT_EQ(ui->m_shown, QStringList{ "Would you like to save the project before closing it?" });
+		window.onCloseWithoutQuestion();
+		EXPECT_FALSE(window.isVisible());
+		EXPECT_EQ(ui->m_shown.size(), 1);
+	}
+	ASSERT_TRUE(handler().isModified());
 	EXPECT_EQ(handler().projectFile(), file);
 	EXPECT_EQ(handler().project().mapperModel()->mapperCount(), 2);
-	// nothing was stored
 	EXPECT_FALSE(m_settings->openStore()->contains("MainWindowGeometry"));
-}
-
-
-TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
-	const QString file = writeModifiedSession("mw-close");
+	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
 	{
 		OVAMainWindow window;
 		window.show();
 		answerWith(OVP::UserInteraction::AnswerDiscard);
-
 		EXPECT_TRUE(window.close());
 		EXPECT_FALSE(handler().isValid());
 		std::unique_ptr<QSettings> store = m_settings->openStore();
@@ -130,25 +132,11 @@ TEST_F(MainWindowTest, ClosingStoresTheSessionFileAndWindowState) {
 		EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
 		EXPECT_FALSE(store->value("MainWindowState").toByteArray().isEmpty());
 	}
-
-	// a second window (there is one main window at a time) without session clears the last
-	// session file
+	// a window closed without session clears the last session file
 	OVAMainWindow second;
 	second.show();
 	EXPECT_TRUE(second.close());
 	EXPECT_TRUE(m_settings->openStore()->value("LastProjectFile").toString().isEmpty());
-}
-
-
-TEST_F(MainWindowTest, CloseWithoutQuestionNeitherAsksNorStores) {
-	writeModifiedSession("mw-noquestion");
-	OVAMainWindow window;
-	window.show();
-	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
-	window.onCloseWithoutQuestion();
-	EXPECT_FALSE(window.isVisible());
-	EXPECT_TRUE(ui->m_shown.isEmpty());
-	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
 }
 
 
@@ -235,12 +223,7 @@ TEST_F(MainWindowTest, EditMenuNamesTheChangeAndUndoingToTheSavedStateClearsTheM
 	writeModifiedSession("mw-undo");
 	OVAMainWindow window;
 	const MainView::Actions & a = window.mainView()->actions();
-	QMenu * edit = nullptr;
-	for (QAction * menu : window.menuBar()->actions())
-		if (menu->text() == "&Edit")
-			edit = menu->menu();
-	ASSERT_NE(edit, nullptr);
-	EXPECT_EQ(edit->actions().mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
+	EXPECT_EQ(menuActions(window, "&Edit").mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
 	EXPECT_EQ(a.m_undo->shortcut(), QKeySequence("Ctrl+Z"));
 	EXPECT_EQ(a.m_redo->shortcuts(), QList<QKeySequence>({ QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") }));
 
@@ -330,20 +313,16 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	createSession(dir, { "T", "RH", "TSurface" });
 	SessionPanel * panel = window.sessionPanel();
 
-	// a checked folder lists its files in the table, with the folder's colour; unchecked, none
+	// a checked folder lists its files in the table (their colours are the table model's); unchecked, none
 	OVP::DirectoryTreeModel * folders = panel->directoryModel();
 	ASSERT_TRUE(folders->addDirectory(dir));
 	const QModelIndex top = folders->index(0, 0);
-	folders->setColor(top, QColor("#ff8000"));
 	ASSERT_TRUE(folders->setData(top, Qt::Checked, Qt::CheckStateRole));
 	panel->fileModel()->readPendingHeaders();
 	const QAbstractItemModel * table = panel->dataManager()->tableView()->model();
 	QStringList names;
-	for (int row = 0; row < table->rowCount(); ++row) {
+	for (int row = 0; row < table->rowCount(); ++row)
 		names.append(table->index(row, OVP::DataManagerTableModel::ColName).data().toString());
-		EXPECT_EQ(table->index(row, OVP::DataManagerTableModel::ColColor).data(Qt::DecorationRole).value<QColor>(),
-				  QColor("#ff8000"));
-	}
 	names.sort();
 	EXPECT_EQ(names, QStringList({ "RH.out", "T.out", "TSurface.out" }));
 	panel->dataManager()->filterEdit()->setText("rh");
@@ -554,18 +533,9 @@ TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
 
 namespace {
 
-/*! The action of a menu of the menu bar by the texts of menu and action, or null. */
-QAction * menuAction(const QMainWindow & window, const QString & menu, const QString & action) {
-	for (QAction * m : window.menuBar()->actions())
-		if (m->text() == menu)
-			for (QAction * a : m->menu()->actions())
-				if (a->text() == action)
-					return a;
-	return nullptr;
-}
-
-/*! Hands the next modal dialog to handle, which closes it. */
-void onNextModal(const std::function<void(QWidget *)> & handle) {
+/*! Hands the next modal dialog, which must be a Dialog, to handle, which closes it. */
+template <typename Dialog>
+void onNextModal(const std::function<void(Dialog *)> & handle) {
 	QTimer * poll = new QTimer;
 	poll->setInterval(10);
 	QObject::connect(poll, &QTimer::timeout, [poll, handle]() {
@@ -574,7 +544,9 @@ void onNextModal(const std::function<void(QWidget *)> & handle) {
 			return;
 		poll->deleteLater();
 		poll->stop();
-		handle(modal);
+		Dialog * dialog = qobject_cast<Dialog *>(modal);
+		ASSERT_NE(dialog, nullptr) << modal->metaObject()->className();
+		handle(dialog);
 	});
 	poll->start();
 }
@@ -586,7 +558,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	OVAMainWindow window;
 	window.mainView()->setScriptedRun();
 	QCoreApplication::processEvents();
-	QAction * edit = menuAction(window, "&Session", "Edit session file in text editor");
+	QAction * edit = window.mainView()->actions().m_editSessionFile;
 	QAction * preferences = menuAction(window, "&Edit", "Preferences...");
 	QAction * updates = menuAction(window, "&Help", "Check for updates...");
 	QAction * about = menuAction(window, "&Help", "About Orvane...");
@@ -606,9 +578,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	QFile(editor).setPermissions(QFile(editor).permissions() | QFileDevice::ExeOwner);
 	m_settings->m_textEditorExecutable = dir + "/no-editor";
 	PreferencesDialog::Field focused = PreferencesDialog::F_Language;
-	onNextModal([&](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([&](PreferencesDialog * dialog) {
 		focused = dialog->focusedField();
 		dialog->findChild<QtExt::BrowseFilenameWidget *>()->setFilename(editor);
 		dialog->accept();
@@ -618,9 +588,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(m_settings->openStore()->value("TextEditorExecutable").toString(), editor);
 
 	// the editor gets the session file; the hint after it can be switched off
-	onNextModal([](QWidget * modal) {
-		QMessageBox * hint = qobject_cast<QMessageBox *>(modal);
-		ASSERT_NE(hint, nullptr);
+	onNextModal<QMessageBox>([](QMessageBox * hint) {
 		hint->checkBox()->setChecked(true);
 		hint->accept();
 	});
@@ -634,9 +602,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(OVATest::readText(edited).trimmed(), dir + "/session.o2");
 
 	// the preferences from the menu: changes are stored when the dialog is accepted, not before
-	onNextModal([](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([](PreferencesDialog * dialog) {
 		dialog->findChildren<QRadioButton *>().at(1)->setChecked(true);
 		dialog->reject();
 	});
@@ -644,9 +610,7 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_TRUE(m_settings->m_startWithLastSession);
 
 	// without an update address the update check asks for one instead of using the network
-	onNextModal([&](QWidget * modal) {
-		PreferencesDialog * dialog = qobject_cast<PreferencesDialog *>(modal);
-		ASSERT_NE(dialog, nullptr);
+	onNextModal<PreferencesDialog>([&](PreferencesDialog * dialog) {
 		focused = dialog->focusedField();
 		dialog->reject();
 	});
@@ -654,9 +618,9 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 	EXPECT_EQ(focused, PreferencesDialog::F_UpdateUrl);
 
 	QString aboutText;
-	onNextModal([&](QWidget * modal) {
-		aboutText = modal->findChild<QLabel *>("AboutText")->text();
-		qobject_cast<QDialog *>(modal)->accept();
+	onNextModal<QDialog>([&](QDialog * dialog) {
+		aboutText = dialog->findChild<QLabel *>("AboutText")->text();
+		dialog->accept();
 	});
 	about->trigger();
 	for (const QString & expected : { QString("Orvane " ORVANEAPP_VERSION), QString("Qt ") + qVersion(),

@@ -63,40 +63,6 @@ TEST_F(ViewManagerTest, ViewsShowTheChartsOfTheStoredLayout) {
 	EXPECT_EQ(vm.currentChart(), mapperChart(0));
 }
 
-TEST_F(ViewManagerTest, SplitActionsEditTheSessionAndChartsStayWithTheirMappers) {
-	createSession(OVATest::scratchDir("vm-split"), { "T", "RH", "Tsurf" });
-	handler().setSplitLayout(OVP::SplitLayout());
-	ViewManager vm;
-	ASSERT_EQ(shownMappers(vm), QList<int>{ 0 });
-
-	// saving clears the modified flag, so that the edits below must set it again
-	ASSERT_EQ(handler().saveProject(nullptr, OVATest::scratchDir("vm-split") + "/s.o2"), OVP::ProjectHandler::SaveOK);
-	ASSERT_FALSE(handler().isModified());
-	vm.onSplitHorizontal();
-	EXPECT_TRUE(handler().isModified());
-	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1 }));
-	vm.onSplitVertical();
-	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2 }));
-	EXPECT_EQ(handler().project().m_splitLayout.m_widgets.size(), 5);
-
-	SCI::Chart * chart0 = mapperChart(0);
-	SCI::Chart * chart2 = mapperChart(2);
-	vm.onGotoNextSplit();
-	vm.onGotoNextSplit();
-	ASSERT_EQ(vm.focusedView(), vm.views()[1]);
-	vm.onRemoveSplit();
-	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 2 }));
-
-	// unify all keeps the chart of the focused view; the other charts are handed back, not deleted
-	ASSERT_EQ(vm.focusedView()->mapperIndex(), 2);
-	qInfo("unify"); vm.onRemoveAllSplits();
-	EXPECT_EQ(shownMappers(vm), QList<int>{ 2 });
-	EXPECT_EQ(mapperChart(0), chart0);
-	EXPECT_EQ(chart0->parentWidget(), nullptr);
-	EXPECT_EQ(mapperChart(2), chart2);
-	EXPECT_EQ(chart2->parentWidget(), vm.views().first());
-}
-
 TEST_F(ViewManagerTest, FocusAndSplitterMovesModifyWithoutUndoStepsAsDoesAChartChoice) {
 	const QString file = OVATest::scratchDir("vm-focus") + "/s.o2";
 	createSession(OVATest::scratchDir("vm-focus"), { "T", "RH", "Tsurf" });
@@ -139,13 +105,17 @@ TEST_F(ViewManagerTest, FocusAndSplitterMovesModifyWithoutUndoStepsAsDoesAChartC
 	EXPECT_EQ(vm.focusedView(), vm.views()[0]);
 }
 
-TEST_F(ViewManagerTest, KeyboardFocusStaysWithTheFocusedViewThroughSplitsAndUnify) {
-	createSession(OVATest::scratchDir("vm-keyboard"), { "T", "RH", "Tsurf", "Tin" });
+TEST_F(ViewManagerTest, SplitsEditTheSessionFocusTheNewViewAndChartsStayWithTheirMappers) {
+	const QString dir = OVATest::scratchDir("vm-split");
+	createSession(dir, { "T", "RH", "Tsurf", "Tin" });
+	handler().setSplitLayout(OVP::SplitLayout());
 	ViewManager vm;
 	vm.resize(1400, 900);
 	vm.show();
 	QApplication::setActiveWindow(&vm);
 	vm.views()[0]->takeKeyboardFocus();
+	// saving clears the modified flag, so that the splits below must set it again
+	ASSERT_EQ(handler().saveProject(nullptr, dir + "/s.o2"), OVP::ProjectHandler::SaveOK);
 	// an action as the user gives it, with the events that follow it
 	const auto act = [&vm](void (ViewManager::*slot)()) {
 		(vm.*slot)();
@@ -160,9 +130,11 @@ TEST_F(ViewManagerTest, KeyboardFocusStaysWithTheFocusedViewThroughSplitsAndUnif
 
 	// each split hands focus and keyboard to the new view
 	act(&ViewManager::onSplitHorizontal);
+	EXPECT_TRUE(handler().isModified());
 	act(&ViewManager::onSplitVertical);
 	act(&ViewManager::onSplitHorizontal);
 	ASSERT_EQ(shownMappers(vm), QList<int>({ 0, 1, 2, 3 }));
+	EXPECT_EQ(handler().project().m_splitLayout.m_widgets.size(), 7);
 	EXPECT_EQ(vm.focusedView(), vm.views()[3]);
 	EXPECT_EQ(keyboardView(), vm.views()[3]);
 
@@ -172,16 +144,23 @@ TEST_F(ViewManagerTest, KeyboardFocusStaysWithTheFocusedViewThroughSplitsAndUnif
 	EXPECT_EQ(m_messages->count(ZEB::MSG_WARNING, "There is no room for another view beside this one: enlarge the "
 								"window or unify views first.\n", "[ViewManager::roomToSplit]"), 1);
 
-	// the next view in layout order, the first after the last
+	// the next view in layout order, the first after the last; unify hands the chart back, not deleted
+	SCI::Chart * chart1 = mapperChart(1);
+	SCI::Chart * chart2 = mapperChart(2);
 	act(&ViewManager::onGotoNextSplit);
 	EXPECT_EQ(vm.focusedView(), vm.views()[0]);
 	act(&ViewManager::onGotoNextSplit);
-	act(&ViewManager::onGotoNextSplit);
-	EXPECT_EQ(vm.focusedView(), vm.views()[2]);
-	EXPECT_EQ(keyboardView(), vm.views()[2]);
+	act(&ViewManager::onRemoveSplit);
+	EXPECT_EQ(shownMappers(vm), QList<int>({ 0, 2, 3 }));
+	EXPECT_EQ(mapperChart(1), chart1);
+	EXPECT_EQ(chart1->parentWidget(), nullptr);
+	ASSERT_EQ(vm.focusedView()->mapperIndex(), 2);
+	EXPECT_EQ(keyboardView(), vm.focusedView());
 
+	// unify all keeps the chart of the focused view
 	act(&ViewManager::onRemoveAllSplits);
 	EXPECT_EQ(shownMappers(vm), QList<int>{ 2 });
+	EXPECT_EQ(chart2->parentWidget(), vm.views().first());
 	EXPECT_EQ(handler().project().m_splitLayout.m_focusedWidget, vm.views()[0]->widgetId());
 	EXPECT_EQ(keyboardView(), vm.views()[0]);
 }

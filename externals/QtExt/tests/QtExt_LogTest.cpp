@@ -73,10 +73,9 @@ TEST(QtExtLogModel, LinesAreColouredFilteredAndBounded) {
 	model.append(ZEB::MSG_DEBUG, "7\n8");
 	EXPECT_EQ(rows(model), QStringList({ "3:4", "2:5", "4:7", "4:8" }));
 
+	// after clearing, a continuation without line to continue is a line of its own
 	model.clear();
-	EXPECT_EQ(model.rowCount(), 0);
 	EXPECT_EQ(model.lineCount(), 0);
-	// a continuation without line to continue is a line of its own
 	model.append(ZEB::MSG_CONT, "rest");
 	EXPECT_EQ(rows(model), QStringList({ "0:rest" }));
 }

@@ -118,6 +118,16 @@ public:
 	mutable Engine	m_engine;
 };
 
+/*! The texts, with their rectangles, that renderer draws of chart on a device of that size. */
+template <typename Renderer>
+QList<QPair<QString, QRectF> > drawnTexts(SCI::Chart & chart, const QSize & size, Renderer && renderer) {
+	TextRecordingDevice device(size);
+	QPainter painter(&device);
+	renderer.render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(size)));
+	painter.end();
+	return device.m_engine.m_texts;
+}
+
 } // namespace
 
 
@@ -136,11 +146,7 @@ TEST(SciChart, SmallChartsAskForLittleRoomAndDrawNoTextOverAnother) {
 	const QSize small(16*line, 12*line);
 	EXPECT_TRUE(chart.minimumSizeHint().width() <= small.width() && chart.minimumSizeHint().height() <= small.height());
 	chart.resize(small);
-	TextRecordingDevice device(small);
-	QPainter painter(&device);
-	QwtPlotRenderer().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(small)));
-	painter.end();
-	const QList<QPair<QString, QRectF> > & texts = device.m_engine.m_texts;
+	const QList<QPair<QString, QRectF> > texts = drawnTexts(chart, small, QwtPlotRenderer());
 	ASSERT_GT(texts.size(), 6);
 	for (int i = 0; i < texts.size(); ++i)
 		for (int j = i + 1; j < texts.size(); ++j)
@@ -167,13 +173,8 @@ TEST(SciChart, AxisTitlesLongerThanTheirAxisAreElidedOnScreenOnly) {
 	EXPECT_LE(QFontMetrics(chart.axisTitle(QwtPlot::yLeft).font()).horizontalAdvance(shown), axis->height());
 
 	// an export draws the whole title, and the screen gets its elided one back
-	const QSize exportSize(1200, 900);
-	TextRecordingDevice device(exportSize);
-	QPainter painter(&device);
-	SCI::ChartExporter().render(&chart, &painter, QRectF(QPointF(0, 0), QSizeF(exportSize)));
-	painter.end();
 	bool whole = false;
-	for (const QPair<QString, QRectF> & text : device.m_engine.m_texts)
+	for (const QPair<QString, QRectF> & text : drawnTexts(chart, QSize(1200, 900), SCI::ChartExporter()))
 		whole = whole || text.first == title;
 	EXPECT_TRUE(whole);
 	EXPECT_EQ(chart.axisTitle(QwtPlot::yLeft).text(), shown);
@@ -466,16 +467,40 @@ TEST(SciChartColorGrid, ColourBarFollowsValueRangeAndVisibility) {
 }
 
 
-TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
+TEST(SciChartLegend, ClickedEntriesHideTheirCurveAndTheLegendInsideTheCanvasMovesWithTheMouse) {
 	VectorLineModel model;
 	model.addSeries(makeSeries({0, 10}, {0, 10}));
-	model.setSeriesData("Temperature", 0, LM::SeriesTitleText);
+	model.addSeries(makeSeries({0, 10}, {5, 5}));
 	SCI::Chart chart;
 	chart.setModel(&model);
-	EXPECT_NE(chart.legend(), nullptr);
+	renderCanvas(chart, QSize(600, 400));
+	ASSERT_NE(chart.legend(), nullptr);
 	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
+	const QList<QwtLegendLabel *> entries = chart.legend()->findChildren<QwtLegendLabel *>();
+	ASSERT_EQ(entries.size(), 2);
+	auto mouse = [](QWidget * widget, QEvent::Type type, const QPoint & pos, Qt::MouseButtons buttons) {
+		QMouseEvent event(type, pos, Qt::LeftButton, buttons, Qt::NoModifier);
+		QApplication::sendEvent(widget, &event);
+	};
+	auto click = [&mouse](QWidget * widget, const QPoint & pos) {
+		mouse(widget, QEvent::MouseButtonPress, pos, Qt::LeftButton);
+		mouse(widget, QEvent::MouseButtonRelease, pos, Qt::NoButton);
+	};
+	const QColor shown = entries[1]->data().title().color();
+	click(entries[1], QPoint(3, 3));
+	EXPECT_FALSE(curveAt(chart, 1)->isVisible());
+	EXPECT_TRUE(curveAt(chart, 0)->isVisible());
+	EXPECT_NE(entries[1]->data().title().color(), shown);
+	click(entries[1], QPoint(3, 3));
+	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
+	EXPECT_EQ(entries[1]->data().title().color(), shown);
+	// a double click (which opens the properties) leaves the curve as it was
+	click(entries[1], QPoint(3, 3));
+	mouse(entries[1], QEvent::MouseButtonDblClick, QPoint(3, 3), Qt::LeftButton);
+	mouse(entries[1], QEvent::MouseButtonRelease, QPoint(3, 3), Qt::NoButton);
+	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
 
-	model.setChartData(4, CDM::LegendPosition);
+	model.setChartData(SCI::ChartProperties::LegendInside, CDM::LegendPosition);
 	EXPECT_EQ(chart.legend(), nullptr);
 	ASSERT_EQ(chart.legendItem()->plot(), &chart);
 	renderCanvas(chart, QSize(600, 400));
@@ -488,15 +513,19 @@ TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
 	// drag it 30 pixels left and 20 up: the offset from the corner grows by that much
 	const QPoint start = legendRect.center();
 	const QPoint end = start + QPoint(-30, -20);
-	QMouseEvent press(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-	QMouseEvent move(QEvent::MouseMove, end, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-	QMouseEvent release(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-	QApplication::sendEvent(chart.canvas(), &press);
-	QApplication::sendEvent(chart.canvas(), &move);
-	QApplication::sendEvent(chart.canvas(), &release);
+	mouse(chart.canvas(), QEvent::MouseButtonPress, start, Qt::LeftButton);
+	mouse(chart.canvas(), QEvent::MouseMove, end, Qt::LeftButton);
+	mouse(chart.canvas(), QEvent::MouseButtonRelease, end, Qt::NoButton);
 	EXPECT_EQ(model.chartData(CDM::LegendOffset).toSize(), QSize(40, 30));
 	EXPECT_EQ(chart.legendItem()->offset(), QSize(40, 30));
 	EXPECT_EQ(chart.zoomer()->zoomRectIndex(), 0u);
+	// a click on an entry is no drag
+	renderCanvas(chart, QSize(600, 400));
+	const QList<QRect> entry = chart.legendItem()->legendGeometries(curveAt(chart, 0));
+	ASSERT_EQ(entry.size(), 1);
+	click(chart.canvas(), entry[0].center());
+	EXPECT_FALSE(curveAt(chart, 0)->isVisible());
+	EXPECT_EQ(chart.legendItem()->offset(), QSize(40, 30));
 
 	model.setChartData(false, CDM::LegendVisible);
 	EXPECT_EQ(chart.legend(), nullptr);
@@ -505,56 +534,6 @@ TEST(SciChartLegend, InsideTheCanvasAndMovableWithTheMouse) {
 	model.setChartData(3, CDM::LegendPosition);
 	EXPECT_NE(chart.legend(), nullptr);
 	EXPECT_EQ(chart.legendItem()->plot(), nullptr);
-}
-
-
-TEST(SciChartLegend, ClickingAnEntryHidesOrShowsItsCurve) {
-	VectorLineModel model;
-	model.addSeries(makeSeries({0, 10}, {0, 10}));
-	model.addSeries(makeSeries({0, 10}, {5, 5}));
-	SCI::Chart chart;
-	chart.setModel(&model);
-	renderCanvas(chart, QSize(600, 400));
-	ASSERT_NE(chart.legend(), nullptr);
-	const QList<QwtLegendLabel *> entries = chart.legend()->findChildren<QwtLegendLabel *>();
-	ASSERT_EQ(entries.size(), 2);
-	auto click = [](QWidget * widget, const QPoint & pos, bool twice) {
-		QMouseEvent press(QEvent::MouseButtonPress, pos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-		QMouseEvent doubleClick(QEvent::MouseButtonDblClick, pos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-		QMouseEvent release(QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-		QApplication::sendEvent(widget, &press);
-		QApplication::sendEvent(widget, &release);
-		if (twice) {
-			QApplication::sendEvent(widget, &doubleClick);
-			QApplication::sendEvent(widget, &release);
-		}
-	};
-	const QColor shown = entries[1]->data().title().color();
-	click(entries[1], QPoint(3, 3), false);
-	EXPECT_FALSE(curveAt(chart, 1)->isVisible());
-	EXPECT_TRUE(curveAt(chart, 0)->isVisible());
-	EXPECT_NE(entries[1]->data().title().color(), shown);
-	click(entries[1], QPoint(3, 3), false);
-	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
-	EXPECT_EQ(entries[1]->data().title().color(), shown);
-
-	// a double click opens the properties and leaves the curve as it was
-	std::vector<SCI::ChartElement> doubleClicked;
-	QObject::connect(&chart, &SCI::Chart::elementDoubleClicked,
-					 [&doubleClicked](const SCI::ChartElement & e) { doubleClicked.push_back(e); });
-	click(entries[1], QPoint(3, 3), true);
-	EXPECT_TRUE(curveAt(chart, 1)->isVisible());
-	EXPECT_EQ(doubleClicked, std::vector<SCI::ChartElement>{ SCI::ChartElement(SCI::ChartElement::Legend, 1) });
-
-	// the legend inside the canvas: a click on an entry, not a drag
-	model.setChartData(SCI::ChartProperties::LegendInside, CDM::LegendPosition);
-	renderCanvas(chart, QSize(600, 400));
-	const QList<QRect> entry = chart.legendItem()->legendGeometries(curveAt(chart, 0));
-	ASSERT_EQ(entry.size(), 1);
-	const QSize offset = chart.legendItem()->offset();
-	click(chart.canvas(), entry[0].center(), false);
-	EXPECT_FALSE(curveAt(chart, 0)->isVisible());
-	EXPECT_EQ(chart.legendItem()->offset(), offset);
 }
 
 

@@ -41,8 +41,8 @@ protected:
 	void SetUp() override {
 		SampleSessionTest::SetUp();
 		addChart({ "T.out", "RH.out" });
-		addChart({ "plane.out" }, EM::CT_TimeCut);
-		addChart({ "flux.out" }, EM::CT_TimeCut);
+		addChart("plane.out", EM::CT_TimeCut);
+		addChart("flux.out", EM::CT_TimeCut);
 		ASSERT_EQ(handler().saveProject(nullptr, m_testDir + "/s.o2"), OVP::ProjectHandler::SaveOK);
 	}
 

@@ -311,8 +311,10 @@ void Chart::updateLayout() {
 	// wrapped title left the axes no length at all) would keep wrong room through every later
 	// resize, and its end labels would be cut. One more pass settles it, as the room depends on
 	// the length only through ticks that do not sit on the ends of the scale.
-	// eliding keeps the thickness of a title, so the layout stays valid
-	if (updateAxisBorderDistances() | elideAxisTitles())
+	// both run; eliding keeps the thickness of a title, so one more layout suffices
+	const bool bordersChanged = updateAxisBorderDistances();
+	const bool titlesChanged = elideAxisTitles();
+	if (bordersChanged || titlesChanged)
 		QwtPlot::updateLayout();
 }
 

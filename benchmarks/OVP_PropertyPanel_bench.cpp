@@ -24,6 +24,8 @@
 #include <OVP_PropertyPanel.h>
 #include <OVP_Settings.h>
 
+#include "Bench_GuiMain.h"
+
 namespace {
 
 /*! Number of series of the chart. */
@@ -117,11 +119,5 @@ BENCHMARK(BM_OpenAndPaintPanel)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 
 int main(int argc, char ** argv) {
-	if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-		qputenv("QT_QPA_PLATFORM", "offscreen");
-	QApplication app(argc, argv);
-	ZEB::MessageHandler::current()->setConsoleVerbosityLevel(1);
-	benchmark::Initialize(&argc, argv);
-	benchmark::RunSpecifiedBenchmarks();
-	return 0;
+	return runGuiBenchmarks(argc, argv);
 }

@@ -17,6 +17,8 @@
 
 #include <Sci_ChartExporter.h>
 
+#include "Bench_GuiMain.h"
+
 namespace {
 
 /*! The chart exported by every benchmark, created once. */
@@ -71,11 +73,6 @@ BENCHMARK(BM_ExportEmf)->Unit(benchmark::kMillisecond);
 } // namespace
 
 
-// The plot is a widget: it needs a QApplication, headless unless a platform is set.
 int main(int argc, char ** argv) {
-	setenv("QT_QPA_PLATFORM", "offscreen", 0);
-	QApplication app(argc, argv);
-	benchmark::Initialize(&argc, argv);
-	benchmark::RunSpecifiedBenchmarks();
-	return 0;
+	return runGuiBenchmarks(argc, argv);
 }

@@ -23,6 +23,8 @@
 #include <Sci_ColorGridSeries.h>
 #include <Sci_PlotSpectrogram.h>
 
+#include "Bench_GuiMain.h"
+
 namespace {
 
 /*! Five hourly series of 100 000 points: daily and yearly cycles with noise. */
@@ -131,12 +133,5 @@ BENCHMARK(BM_ColorGrid)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
 
 int main(int argc, char ** argv) {
-	if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-		qputenv("QT_QPA_PLATFORM", "offscreen");
-	QApplication app(argc, argv);
-	// the per-redraw data reduction report stays out of the timings
-	ZEB::MessageHandler::current()->setConsoleVerbosityLevel(1);
-	benchmark::Initialize(&argc, argv);
-	benchmark::RunSpecifiedBenchmarks();
-	return 0;
+	return runGuiBenchmarks(argc, argv);
 }

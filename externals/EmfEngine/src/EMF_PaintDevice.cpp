@@ -10,7 +10,16 @@
 namespace EMF {
 
 PaintDevice::PaintDevice(const QString & fileName, const QSize & sizePx, double dpi) :
-	m_fileName(fileName),
+	PaintDevice(sizePx, dpi)
+{
+	FUNCID(EMF::PaintDevice::PaintDevice);
+	if (fileName.isEmpty())
+		throw ZEB::Exception("Missing file name.", FUNC_ID);
+	m_fileName = fileName;
+}
+
+
+PaintDevice::PaintDevice(const QSize & sizePx, double dpi) :
 	m_sizePx(sizePx),
 	m_dpi(dpi)
 {
@@ -20,8 +29,6 @@ PaintDevice::PaintDevice(const QString & fileName, const QSize & sizePx, double 
 							 .arg(sizePx.width()).arg(sizePx.height()), FUNC_ID);
 	if (!(dpi > 0) || !std::isfinite(dpi))
 		throw ZEB::Exception(ZEB::MessageFormat("Invalid resolution %1 dpi.").arg(dpi), FUNC_ID);
-	if (fileName.isEmpty())
-		throw ZEB::Exception("Missing file name.", FUNC_ID);
 }
 
 
@@ -95,6 +102,7 @@ int PaintDevice::metric(PaintDeviceMetric metric) const {
 void PaintDevice::clearState() {
 	m_error = ZEB::Exception();
 	m_written = false;
+	m_data.clear();
 }
 
 

@@ -6,6 +6,7 @@
 #include <QPaintDevice>
 #include <QSize>
 #include <QSizeF>
+#include <QByteArray>
 #include <QString>
 
 #include <ZEB_Exception.h>
@@ -59,6 +60,9 @@ public:
 		Throws ZEB::Exception for an invalid size or resolution.
 	*/
 	PaintDevice(const QString & fileName, const QSize & sizePx, double dpi = 96.0);
+	/*! Creates a device that keeps the finished picture in memory (data()) instead of writing a
+		file, e.g. for the clipboard; size and resolution as above. */
+	PaintDevice(const QSize & sizePx, double dpi = 96.0);
 	~PaintDevice() override;
 
 	PaintDevice(const PaintDevice &) = delete;
@@ -72,7 +76,10 @@ public:
 
 	QPaintEngine * paintEngine() const override;
 
+	/*! The target file; empty for a device that keeps its picture in memory. */
 	const QString & fileName() const { return m_fileName; }
+	/*! The picture of the last painting of a device without file (empty before it ended). */
+	const QByteArray & data() const { return m_data; }
 	/*! Size in pixels (QPainter coordinates). */
 	QSize size() const { return m_sizePx; }
 	/*! Resolution in dots per inch. */
@@ -113,6 +120,8 @@ private:
 	void clearState();
 	void setError(const ZEB::Exception & ex);
 	void setWritten() { m_written = true; }
+	/*! Keeps the finished picture of a device without file. */
+	void setData(const QByteArray & data) { m_data = data; m_written = true; }
 
 	QString							m_fileName;
 	QSize							m_sizePx;
@@ -122,6 +131,7 @@ private:
 	BoundsMode						m_boundsMode = PictureBounds;
 	ZEB::Exception					m_error;
 	bool							m_written = false;
+	QByteArray						m_data;
 	mutable std::unique_ptr<PaintEngine>	m_engine;
 };
 

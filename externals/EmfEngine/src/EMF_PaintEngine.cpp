@@ -1206,7 +1206,7 @@ bool PaintEngine::begin(QPaintDevice * pdev) {
 	if (d->m_file.isOpen())
 		d->m_file.close();
 	d->m_file.setFileName(dev->fileName());
-	if (!d->m_file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+	if (!dev->fileName().isEmpty() && !d->m_file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
 		dev->setError(ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1' for writing: %2")
 									 .arg(dev->fileName().toStdString())
 									 .arg(d->m_file.errorString().toStdString()), FUNC_ID));
@@ -1253,6 +1253,12 @@ bool PaintEngine::end() {
 	info.description = QStringLiteral("Orvane") + QChar(0) + dev->title() + QChar(0) + QChar(0);
 
 	QByteArray data = d->m_w.finish(info);
+	if (dev->fileName().isEmpty()) {
+		dev->setData(data);
+		d->m_w = RecordWriter();
+		d->m_dev = nullptr;
+		return true;
+	}
 	bool ok = d->m_file.isOpen() && d->m_file.write(data) == data.size() && d->m_file.flush();
 	QString err = d->m_file.errorString();
 	d->m_file.close();

@@ -4,7 +4,6 @@
 #include <limits>
 
 #include <QBuffer>
-#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageLayout>
@@ -13,7 +12,6 @@
 #include <QPdfWriter>
 #include <QScreen>
 #include <QSvgGenerator>
-#include <QTemporaryDir>
 
 #include <qwt_plot.h>
 
@@ -222,16 +220,10 @@ QByteArray ChartExporter::renderEmf(QwtPlot * plot, const QSizeF & sizeMM) const
 	// a chart larger than the file export allows is still copied as it is on screen
 	if (checkVectorSize(sizeMM) == SizeInvalid)
 		throw ZEB::Exception("Invalid graphics dimensions", FUNC_ID);
-	// the metafile device writes files only
-	const QTemporaryDir dir;
-	if (!dir.isValid())
-		throw ZEB::Exception("Cannot create a temporary directory for the metafile.", FUNC_ID);
-	const QString fileName = dir.filePath("chart.emf");
-	exportEmf(plot, fileName, sizeMM, screenResolution());
-	QFile file(fileName);
-	if (!file.open(QIODevice::ReadOnly))
-		throw ZEB::Exception(ZEB::MessageFormat("Cannot read the metafile '%1'.").arg(fileName.toStdString()), FUNC_ID);
-	return file.readAll();
+	const int dpi = screenResolution();
+	EMF::PaintDevice device(vectorPixelSize(sizeMM, dpi), dpi);
+	paintEmf(plot, device, "metafile");
+	return device.data();
 }
 
 
@@ -315,11 +307,15 @@ void ChartExporter::exportSvg(QwtPlot * plot, const QString & fileName, const QS
 
 
 void ChartExporter::exportEmf(QwtPlot * plot, const QString & fileName, const QSizeF & sizeMM, int dpi) const {
-	const QSize sizePx = vectorPixelSize(sizeMM, dpi);
-	EMF::PaintDevice device(fileName, sizePx, dpi);
+	EMF::PaintDevice device(fileName, vectorPixelSize(sizeMM, dpi), dpi);
+	paintEmf(plot, device, fileName);
+}
+
+
+void ChartExporter::paintEmf(QwtPlot * plot, EMF::PaintDevice & device, const QString & target) const {
 	device.setTitle(plot->title().text());
 	try {
-		paintVector(plot, device, sizePx, fileName);
+		paintVector(plot, device, device.size(), target);
 	}
 	catch (ZEB::Exception &) {
 		// the device knows why opening or writing failed

@@ -16,6 +16,10 @@ class QPainter;
 class QPaintDevice;
 class QwtPlot;
 
+namespace EMF {
+class PaintDevice;
+}
+
 namespace SCI {
 
 /*! The parts of a chart that an export draws; a part switched off is left out. */
@@ -122,6 +126,9 @@ private:
 	void exportPdf(QwtPlot * plot, const QString & fileName, const QSizeF & sizeMM, int dpi) const;
 	void exportSvg(QwtPlot * plot, const QString & fileName, const QSizeF & sizeMM, int dpi) const;
 	void exportEmf(QwtPlot * plot, const QString & fileName, const QSizeF & sizeMM, int dpi) const;
+	/*! Paints plot into an EMF device; target names it in messages. Throws ZEB::Exception with
+		the device's reason when it cannot be written. */
+	void paintEmf(QwtPlot * plot, EMF::PaintDevice & device, const QString & target) const;
 
 	ExportComponents	m_components;
 	bool				m_paintBackground = false;

@@ -236,8 +236,7 @@ void ChartExporter::exportFile(QwtPlot * plot, const QString & fileName, const Q
 	else if (ExportFileName::isVectorExtension(ext)) {
 		if (sizePx.width() < 1 || sizePx.height() < 1)
 			throw ZEB::Exception("Invalid graphics dimensions", FUNC_ID);
-		const double mmPerPixel = 1.0/(INCH_PER_MM*screenResolution());
-		exportVector(plot, fileName, QSizeF(sizePx.width()*mmPerPixel, sizePx.height()*mmPerPixel));
+		exportVector(plot, fileName, screenSizeMM(sizePx));
 	}
 	else {
 		throw ZEB::Exception(ZEB::MessageFormat("Unknown export file type '%1', expected one of png, bmp, jpg, "
@@ -267,6 +266,12 @@ int ChartExporter::screenResolution() {
 QSize ChartExporter::vectorPixelSize(const QSizeF & sizeMM, int dpi) {
 	return QSize(std::max(1, qRound(sizeMM.width()*INCH_PER_MM*dpi)),
 				 std::max(1, qRound(sizeMM.height()*INCH_PER_MM*dpi)));
+}
+
+
+QSizeF ChartExporter::screenSizeMM(const QSize & sizePx) {
+	const double mmPerPixel = 1.0/(INCH_PER_MM*screenResolution());
+	return QSizeF(sizePx.width()*mmPerPixel, sizePx.height()*mmPerPixel);
 }
 
 

@@ -118,6 +118,9 @@ public:
 	static int screenResolution();
 	/*! Pixel size of sizeMM at dpi (mm * INCH_PER_MM * dpi, rounded, at least 1). */
 	static QSize vectorPixelSize(const QSizeF & sizeMM, int dpi);
+	/*! Size in millimetres that sizePx has on the screen (the inverse of vectorPixelSize() at
+		the screen's resolution, unrounded). */
+	static QSizeF screenSizeMM(const QSize & sizePx);
 
 private:
 	/*! Paints the chart on a vector paint device that is ready for painting. */

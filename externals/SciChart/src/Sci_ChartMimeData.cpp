@@ -43,8 +43,7 @@ std::unique_ptr<QMimeData> ChartMimeData::emf(QwtPlot * plot) {
 	if (plot == nullptr)
 		throw ZEB::Exception("No chart to copy.", FUNC_ID);
 	// the metafile gets the size in millimetres that the chart's pixels have on screen
-	const double mmPerPixel = 1.0/(ChartExporter::INCH_PER_MM*ChartExporter::screenResolution());
-	const QSizeF sizeMM(plot->width()*mmPerPixel, plot->height()*mmPerPixel);
+	const QSizeF sizeMM = ChartExporter::screenSizeMM(plot->size());
 	std::unique_ptr<QMimeData> data(new QMimeData);
 	const QByteArray emf = ChartExporter().renderEmf(plot, sizeMM);
 	for (const QString & type : emfMimeTypes())

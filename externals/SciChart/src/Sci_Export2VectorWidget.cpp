@@ -35,9 +35,9 @@ Export2VectorWidget::Export2VectorWidget(QwtPlot * plot, QWidget * parent) :
 {
 	setupUi();
 
-	const double mmPerPixel = 1.0/(ChartExporter::INCH_PER_MM*ChartExporter::screenResolution());
-	m_ui->lineEditMMX->setValue(screenSize().width()*mmPerPixel, 1);
-	m_ui->lineEditMMY->setValue(screenSize().height()*mmPerPixel, 1);
+	const QSizeF sizeMM = ChartExporter::screenSizeMM(screenSize());
+	m_ui->lineEditMMX->setValue(sizeMM.width(), 1);
+	m_ui->lineEditMMY->setValue(sizeMM.height(), 1);
 	m_exporter.setDataReduction(m_ui->checkBoxDataReduction->isChecked());
 	updateDimensionHistory();
 

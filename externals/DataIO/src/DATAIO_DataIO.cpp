@@ -1103,4 +1103,27 @@ std::vector<std::string> DataIO::referenceDataSetNames() const {
 	return names;
 }
 
+
+std::string DataIO::columnQuantity(std::size_t position) const {
+	if (position < m_columnQuantities.size())
+		return m_columnQuantities[position];
+	const std::vector<std::string> names = referenceDataSetNames();
+	return position < names.size() ? names[position] : m_quantity;
+}
+
+
+const std::string & DataIO::columnUnit(std::size_t position) const {
+	return position < m_columnUnits.size() ? m_columnUnits[position] : m_valueUnit;
+}
+
+
+void DataIO::setColumnProperties(const std::vector<std::string> & quantities, const std::vector<std::string> & units) {
+	FUNCID(DataIO::setColumnProperties);
+	if (quantities.size() != units.size() || (!units.empty() && units.size() != m_nums.size()))
+		throw ZEB::Exception(ZEB::MessageFormat("Got %1 quantities and %2 units for %3 columns.")
+							 .arg(quantities.size()).arg(units.size()).arg(m_nums.size()), FUNC_ID);
+	m_columnQuantities = quantities;
+	m_columnUnits = units;
+}
+
 } // namespace DATAIO

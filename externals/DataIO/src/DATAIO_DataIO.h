@@ -212,6 +212,18 @@ public:
 		otherwise.
 	*/
 	std::vector<std::string> referenceDataSetNames() const;
+	/*! Quantity of the data set in column position i of a reference output: the one a data file
+		reader set for it, else the name referenceDataSetNames() gives, else quantity().
+	*/
+	std::string columnQuantity(std::size_t position) const;
+	/*! Unit of the data set in column position i: the one a data file reader set for it, else
+		valueUnit().
+	*/
+	const std::string & columnUnit(std::size_t position) const;
+	/*! True when a data file reader set a quantity and unit for each column. */
+	bool hasColumnProperties() const { return !m_columnUnits.empty(); }
+	/*! Free text about the file's content (the comment lines of a table, a climate file's title). */
+	const std::string & description() const { return m_description; }
 	SpaceType spaceType() const { return m_spaceType; }
 	TimeType timeType() const { return m_timeType; }
 	const std::string & valueUnit() const { return m_valueUnit; }
@@ -263,6 +275,13 @@ public:
 	void setDataFormat(DataFormat format) { m_dataFormat = format; }
 	/*! Sets the geometry that a generation-5 file embeds (may be null). */
 	void setGeometry(std::unique_ptr<GeoFile> geometry);
+	/*! Gives each data set of a reference output its own quantity and unit, one per entry of
+		nums() (the data file readers do this; the simulation program's reference files have
+		one value unit for all columns). Empty vectors remove them. Throws ZEB::Exception when a
+		count differs from that of nums().
+	*/
+	void setColumnProperties(const std::vector<std::string> & quantities, const std::vector<std::string> & units);
+	void setDescription(const std::string & description) { m_description = description; }
 
 private:
 	/*! Where the values of time points not yet loaded come from. */
@@ -341,6 +360,10 @@ private:
 	DataFormat					m_dataFormat = NUM_DF;
 	std::unique_ptr<GeoFile>	m_geometry;
 	std::uint32_t				m_dataSectionOffset = 0;
+	/*! Per-column quantities and units of a reference output filled by a data file reader. */
+	std::vector<std::string>	m_columnQuantities;
+	std::vector<std::string>	m_columnUnits;
+	std::string					m_description;
 
 	Source						m_source = SRC_MEMORY;
 	/*! File position after the last complete line (ASCII) or the last record listed, as far as it

@@ -37,4 +37,28 @@ bool ReaderUnit::fromText(const std::string & text, std::string & unit) {
 	return true;
 }
 
+
+void ReaderUnit::splitHeader(const std::string & header, std::string & name, std::string & unitText) {
+	const std::string h = ZEB::trimmed(header, " \t\r\n");
+	name = h;
+	unitText.clear();
+	if (h.empty())
+		return;
+	std::size_t open = std::string::npos;
+	if (h.back() == ']')
+		open = h.rfind('[');
+	else if (h.back() == ')')
+		open = h.rfind('(');
+	if (open != std::string::npos && open > 0) {
+		name = ZEB::trimmed(h.substr(0, open), " \t");
+		unitText = ZEB::trimmed(h.substr(open + 1, h.size() - open - 2), " \t");
+		return;
+	}
+	const std::size_t comma = h.rfind(',');
+	if (comma != std::string::npos && comma > 0) {
+		name = ZEB::trimmed(h.substr(0, comma), " \t");
+		unitText = ZEB::trimmed(h.substr(comma + 1), " \t");
+	}
+}
+
 } // namespace OVP

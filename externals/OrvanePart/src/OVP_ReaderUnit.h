@@ -15,6 +15,11 @@ public:
 		table; the reader then warns, naming the text and the column.
 	*/
 	static bool fromText(const std::string & text, std::string & unit);
+	/*! Splits a column header into name and unit text: "Name [unit]", "Name (unit)" and
+		"Name, unit" (the last comma); a header without unit gives an empty unit text. Both parts
+		are trimmed.
+	*/
+	static void splitHeader(const std::string & header, std::string & name, std::string & unitText);
 };
 
 } // namespace OVP

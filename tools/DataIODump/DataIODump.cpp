@@ -1,12 +1,16 @@
 // DataIODump: prints what an output container holds, like ncdump does for netCDF files.
 // By default the header fields, the number of time points, the values per time point and the
 // data format; with --data one line per time point (time point and values separated by single
-// blanks, numbers in shortest round-trip form); --time-index=N limits that to one time point.
+// blanks, numbers in shortest round-trip form, gaps as "nan"); --time-index=N limits that to one
+// time point. Foreign files that a data file reader takes (CSV tables, logger exports, climate
+// and statistics files) are read with that reader and printed with their data sets; when they
+// have a start year, each data line begins with the date and time of its time point.
 // A file that cannot be read prints the whole error chain to standard error and exits with 1;
 // warnings of the reader (e.g. a last line without line end that is not read) go to standard
 // error as well.
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -20,6 +24,8 @@
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 #include <DATAIO_NumberText.h>
+
+#include <OVP_FileReaderRegistry.h>
 
 namespace {
 
@@ -84,8 +90,51 @@ void printHeader(const DATAIO::DataIO & dio) {
 		printField("Data format", DATAIO::DataIO::dataFormatText(dio.dataFormat()));
 }
 
-/*! Appends one data line: the time point and the values, separated by single blanks. */
-void appendDataLine(std::string & out, double t, const double * values, unsigned int n) {
+/*! Prints the header of a container a data file reader filled: its data sets with quantity and unit. */
+void printForeignHeader(const DATAIO::DataIO & dio, const OVP::FileReader & reader) {
+	printField("File", dio.filename());
+	printField("Reader", reader.name());
+	printField("QUANTITY", dio.quantity());
+	if (!dio.description().empty()) {
+		// continuation lines in the value column
+		std::string text;
+		for (char c : dio.description())
+			text += c == '\n' ? std::string("\n") + std::string(24, ' ') : std::string(1, c);
+		printField("Description", text);
+	}
+	printField("TIME_UNIT", dio.timeUnit());
+	printField("START_YEAR", dio.startYear() == DATAIO::DataIO::UNSET_START_YEAR ? std::string("none")
+																				  : std::to_string(dio.startYear()));
+	for (std::size_t i = 0; i < dio.nums().size(); ++i)
+		printField("Data set " + std::to_string(i + 1), dio.columnQuantity(i) + " [" + dio.columnUnit(i) + "]");
+	printField("Time points", std::to_string(dio.timePoints().size()));
+}
+
+/*! "YYYY-MM-DD hh:mm:ss" of a time point in seconds from 1 January 00:00 of the start year. */
+void appendDateTime(std::string & out, int startYear, double seconds) {
+	const long long whole = static_cast<long long>(std::floor(seconds));
+	long long days = whole/86400;
+	long long rest = whole - days*86400;
+	int year = startYear;
+	auto daysOfYear = [](int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0 ? 366 : 365; };
+	while (days >= daysOfYear(year))
+		days -= daysOfYear(year++);
+	const int monthDays[] = { 31, daysOfYear(year) == 366 ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
+	int month = 0;
+	while (month < 11 && days >= monthDays[month])
+		days -= monthDays[month++];
+	char text[64];
+	std::snprintf(text, sizeof(text), "%04d-%02d-%02d %02d:%02d:%02d ", year, month + 1, int(days) + 1,
+				  int(rest/3600), int(rest/60 % 60), int(rest % 60));
+	out += text;
+}
+
+/*! Appends one data line: the time point and the values, separated by single blanks; with a
+	start year the date and time come first.
+*/
+void appendDataLine(std::string & out, double t, const double * values, unsigned int n, int startYear) {
+	if (startYear != DATAIO::DataIO::UNSET_START_YEAR && t >= 0)
+		appendDateTime(out, startYear, t);
 	DATAIO::NumberText::appendDouble(out, t);
 	for (unsigned int i = 0; i < n; ++i) {
 		out += ' ';
@@ -95,12 +144,12 @@ void appendDataLine(std::string & out, double t, const double * values, unsigned
 }
 
 /*! Prints the data lines of all time points, or of one. */
-void printData(DATAIO::DataIO & dio, bool oneIndex, unsigned int timeIndex) {
+void printData(DATAIO::DataIO & dio, bool oneIndex, unsigned int timeIndex, int startYear) {
 	const std::vector<double> & tp = dio.timePoints();
 	const unsigned int n = dio.nValues();
 	std::string out;
 	if (oneIndex) {
-		appendDataLine(out, dio.timePoints().at(timeIndex), dio.data(timeIndex), n);
+		appendDataLine(out, dio.timePoints().at(timeIndex), dio.data(timeIndex), n, startYear);
 		std::fwrite(out.data(), 1, out.size(), stdout);
 		return;
 	}
@@ -113,7 +162,7 @@ void printData(DATAIO::DataIO & dio, bool oneIndex, unsigned int timeIndex) {
 	const double * all = increasing ? dio.dataVector() : nullptr;
 	for (std::size_t t = 0; t < tp.size(); ++t) {
 		const double * values = all != nullptr ? all + t*n : dio.data(static_cast<unsigned int>(t));
-		appendDataLine(out, tp[t], values, n);
+		appendDataLine(out, tp[t], values, n, startYear);
 		if (out.size() > (1u << 20)) {
 			std::fwrite(out.data(), 1, out.size(), stdout);
 			out.clear();
@@ -151,7 +200,12 @@ int main(int argc, char * argv[]) {
 			timeIndex = ZEB::string2val<unsigned int>(args.value("time-index"));
 
 		DATAIO::DataIO dio;
-		dio.read(args.args().front());
+		const std::string fileName = args.args().front();
+		const OVP::FileReader * reader = OVP::FileReaderRegistry::instance().readerFor(fileName);
+		if (reader != nullptr)
+			reader->read(fileName, dio);
+		else
+			dio.read(fileName);
 		if (dio.dataFormat() == DATAIO::DataIO::NUM_DF && args.hasOption("geometry")) {
 			DATAIO::GeoFile geo;
 			geo.read(args.value("geometry"));
@@ -160,10 +214,15 @@ int main(int argc, char * argv[]) {
 		if (oneIndex && timeIndex >= dio.timePoints().size())
 			throw ZEB::Exception(ZEB::MessageFormat("Time index %1 out of range, the file has %2 time points.")
 								 .arg(timeIndex).arg(static_cast<unsigned long>(dio.timePoints().size())), FUNC_ID);
-		printHeader(dio);
+		if (reader != nullptr)
+			printForeignHeader(dio, *reader);
+		else
+			printHeader(dio);
 		std::cout.flush();
+		// dates for foreign files only: the simulation program's files are printed as they are
+		const bool dates = reader != nullptr && dio.timeUnit() == "s";
 		if (args.flagEnabled("data") || oneIndex)
-			printData(dio, oneIndex, timeIndex);
+			printData(dio, oneIndex, timeIndex, dates ? dio.startYear() : DATAIO::DataIO::UNSET_START_YEAR);
 		std::fflush(stdout);
 		return 0;
 	}

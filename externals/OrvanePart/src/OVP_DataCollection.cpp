@@ -31,8 +31,14 @@ QString DataCollection::sizeText(qint64 bytes) {
 
 
 QStringList DataCollection::dataSetNames(const DATAIO::DataIO & header) {
-	const std::vector<std::string> names = header.referenceDataSetNames();
 	QStringList result;
+	if (header.hasColumnProperties()) {
+		for (std::size_t i = 0; i < header.nums().size(); ++i)
+			result << QString("%1 [%2]").arg(QString::fromStdString(header.columnQuantity(i)),
+											 QString::fromStdString(header.columnUnit(i)));
+		return result;
+	}
+	const std::vector<std::string> names = header.referenceDataSetNames();
 	for (std::size_t i = 0; i < header.nums().size(); ++i)
 		result << (names.empty() ? QString("Column %1").arg(header.nums()[i]) : QString::fromStdString(names[i]));
 	return result;
@@ -44,6 +50,16 @@ void DataCollection::takeHeader(const DATAIO::DataIO & header) {
 	m_outputType = header.type();
 	m_quantity = QString::fromStdString(header.quantity());
 	m_valueUnit = QString::fromStdString(header.valueUnit());
+	if (header.hasColumnProperties()) {
+		// a file of a data file reader: its columns may differ in unit
+		QStringList units;
+		for (std::size_t i = 0; i < header.nums().size(); ++i) {
+			const QString unit = QString::fromStdString(header.columnUnit(i));
+			if (!units.contains(unit))
+				units << unit;
+		}
+		m_valueUnit = units.join(", ");
+	}
 	m_timeUnit = QString::fromStdString(header.timeUnit());
 	m_dataSetColumns.clear();
 	m_dataSetNames.clear();

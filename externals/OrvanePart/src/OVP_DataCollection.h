@@ -29,8 +29,9 @@ public:
 	*/
 	static QString sizeText(qint64 bytes);
 
-	/*! The names of the data sets of a reference output, one per column: those its quantity
-		names (DATAIO::DataIO::referenceDataSetNames()), else "Column %1" with the column numbers.
+	/*! The names of the data sets of a reference output, one per column: "quantity [unit]" of
+		each column of a file read by a data file reader, else those its quantity names
+		(DATAIO::DataIO::referenceDataSetNames()), else "Column %1" with the column numbers.
 	*/
 	static QStringList dataSetNames(const DATAIO::DataIO & header);
 
@@ -53,6 +54,9 @@ public:
 	DATAIO::DataIO::DataFormat			m_dataFormat = DATAIO::DataIO::NUM_DF;
 	DATAIO::DataIO::OutputType			m_outputType = DATAIO::DataIO::NUM_T;
 	QString								m_quantity;
+	/*! The value unit; the distinct units of the columns, comma separated, for a file read by a
+		data file reader.
+	*/
 	QString								m_valueUnit;
 	QString								m_timeUnit;
 	/*! Reference outputs: the column numbers of the header, one per data set; else empty. */

@@ -1,11 +1,15 @@
 #include "OVP_DataCollectionReader.h"
 
+#include <algorithm>
+
 #include <QFileInfo>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_Unit.h>
 #include <ZEB_UnitList.h>
+
+#include "OVP_FileReaderRegistry.h"
 
 namespace OVP {
 
@@ -27,8 +31,15 @@ DataCollection DataCollectionReader::read(const QString & path) {
 	collection.m_size = info.size();
 
 	DATAIO::DataIO header;
+	const std::string fileName = collection.m_path.toStdString();
+	const FileReader * reader = FileReaderRegistry::instance().readerFor(fileName);
+	if (reader != nullptr) {
+		readForeignHeader(*reader, fileName, header);
+		collection.takeHeader(header);
+		return collection;
+	}
 	try {
-		header.openAndReadHeader(collection.m_path.toStdString());
+		header.openAndReadHeader(fileName);
 		collection.m_geometry = m_geometries.determineDataFormat(header);
 	}
 	catch (ZEB::Exception & ex) {
@@ -41,6 +52,40 @@ DataCollection DataCollectionReader::read(const QString & path) {
 
 	collection.takeHeader(header);
 	return collection;
+}
+
+
+void DataCollectionReader::readForeignHeader(const FileReader & reader, const std::string & fileName,
+											 DATAIO::DataIO & header)
+{
+	FUNCID(DataCollectionReader::readForeignHeader);
+	try {
+		reader.readHeader(fileName, header);
+	}
+	catch (ZEB::Exception & ex) {
+		const std::string cause = ex.messages().empty() ? std::string(ex.what()) : ex.messages().back().m_what;
+		throw ZEB::Exception(ex, ZEB::MessageFormat("FileReader reported header error for file '%1': %2")
+							 .arg(fileName).arg(cause), FUNC_ID);
+	}
+	checkForeignHeader(header);
+}
+
+
+void DataCollectionReader::checkForeignHeader(const DATAIO::DataIO & header) {
+	FUNCID(DataCollectionReader::checkForeignHeader);
+	const ZEB::UnitList & units = ZEB::UnitList::instance();
+	for (std::size_t i = 0; i < std::max<std::size_t>(header.nums().size(), 1); ++i) {
+		const std::string & unit = header.columnUnit(i);
+		if (unit.empty() || units.retrieve(unit) == nullptr)
+			throw ZEB::Exception(ZEB::MessageFormat("Invalid value unit '%1' reported from file reader plugin.").arg(unit),
+								 FUNC_ID);
+	}
+	const ZEB::UnitData * timeUnit = units.retrieve(header.timeUnit());
+	if (timeUnit == nullptr || timeUnit->base_id() != ZEB::Unit("s").base_id())
+		throw ZEB::Exception(ZEB::MessageFormat("Invalid time unit '%1' reported from file reader plugin.")
+							 .arg(header.timeUnit()), FUNC_ID);
+	if (header.quantity().empty())
+		throw ZEB::Exception("Missing quantity description in DataIO container.", FUNC_ID);
 }
 
 

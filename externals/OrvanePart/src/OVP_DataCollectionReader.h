@@ -8,6 +8,8 @@
 
 namespace OVP {
 
+class FileReader;
+
 /*! Reads and checks the header of a data file for the data manager: only the header, never the
 	data section, so that a file of any size is listed at once. The geometry files that field and
 	flux outputs need for their data format are read once per geometry file.
@@ -28,6 +30,14 @@ public:
 		charted must have them; throws ZEB::Exception.
 	*/
 	static void checkHeader(const DATAIO::DataIO & header);
+
+	/*! Reads the header of a file that a data file reader takes and checks the units it reports
+		(every column's and the time unit); a failure of the reader is wrapped in "FileReader
+		reported header error for file '%1': %2". Throws ZEB::Exception.
+	*/
+	static void readForeignHeader(const FileReader & reader, const std::string & fileName, DATAIO::DataIO & header);
+	/*! Checks the units and quantity of a header a data file reader filled. */
+	static void checkForeignHeader(const DATAIO::DataIO & header);
 
 private:
 

@@ -6,6 +6,9 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include <QFileInfo>
+
+#include "OVP_FileReaderRegistry.h"
 #include "OVP_ProgressNotifier.h"
 #include "OVP_ProjectRelativePath.h"
 
@@ -52,8 +55,13 @@ std::shared_ptr<DATAIO::DataIO> DataManager::container(const QString & fileName)
 	ContainerRecord record;
 	try {
 		ReadingFile reading(*this, path);
-		dataIO->read(path.toStdString(), m_progress);
-		determineDataFormat(*dataIO, record);
+		record.m_reader = FileReaderRegistry::instance().readerFor(path.toStdString());
+		if (record.m_reader != nullptr)
+			readForeign(path, *dataIO, record);
+		else {
+			dataIO->read(path.toStdString(), m_progress);
+			determineDataFormat(*dataIO, record);
+		}
 	}
 	catch (ZEB::Exception & ex) {
 		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot open output file '%1'.").arg(path.toStdString()), FUNC_ID);
@@ -82,6 +90,22 @@ bool DataManager::refresh(DATAIO::DataIO * container, DATAIO::DataIO::RefreshMod
 	if (record == nullptr)
 		throw ZEB::Exception("Container was not opened by the data manager.", FUNC_ID);
 	ReadingFile reading(*this, QString::fromStdString(container->filename()));
+	if (record->m_reader != nullptr) {
+		const QFileInfo info(QString::fromStdString(container->filename()));
+		if (info.lastModified() == record->m_lastModified && info.size() == record->m_size)
+			return false;
+		// a foreign file is read anew as a whole: its writers rewrite it rather than append
+		DATAIO::DataIO fresh;
+		try {
+			readForeign(QString::fromStdString(container->filename()), fresh, *record);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read '%1' again.").arg(container->filename()), FUNC_ID);
+		}
+		*container = std::move(fresh);
+		++record->m_revision;
+		return true;
+	}
 	const DATAIO::DataIO::RefreshResult result = container->refresh(mode, m_progress);
 	if (result == DATAIO::DataIO::RR_UNCHANGED)
 		return false;
@@ -106,6 +130,15 @@ std::size_t DataManager::openContainerCount() const {
 		if (!entry.second.m_container.expired())
 			++count;
 	return count;
+}
+
+
+void DataManager::readForeign(const QString & path, DATAIO::DataIO & container, ContainerRecord & record) {
+	// the file state is taken before reading, so that a change while reading shows at the next refresh
+	const QFileInfo info(path);
+	record.m_lastModified = info.lastModified();
+	record.m_size = info.size();
+	record.m_reader->read(path.toStdString(), container, m_progress);
 }
 
 

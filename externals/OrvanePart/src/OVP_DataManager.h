@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 
+#include <QDateTime>
 #include <QString>
 
 #include <DATAIO_DataIO.h>
@@ -16,6 +17,7 @@ class GeoFile;
 
 namespace OVP {
 
+class FileReader;
 class ProgressNotifier;
 
 /*! Holds the opened output containers: one DATAIO::DataIO per file, shared by all extractors
@@ -36,7 +38,8 @@ public:
 	DataManager(const DataManager &) = delete;
 	DataManager & operator=(const DataManager &) = delete;
 
-	/*! The container of a file: the one already open, or the file read now. Field and flux
+	/*! The container of a file: the one already open, or the file read now. A foreign file goes
+		to the data file reader that takes it (FileReaderRegistry) and is read whole. Field and flux
 		outputs get their data format decided with their geometry file (a relative GEO_FILE is
 		taken relative to the output file's folder). Throws ZEB::Exception when the file or its
 		geometry cannot be read.
@@ -55,7 +58,8 @@ public:
 		whole file when it was rewritten) and returns true when the data changed. A rewritten
 		file gets its data format decided again, with the geometry re-read when that file
 		changed. The mode says whether this follows a growing file or is the user's own refresh
-		(which also takes an ASCII last line that still lacks its line end). Throws ZEB::Exception.
+		(which also takes an ASCII last line that still lacks its line end). A foreign file is read
+		anew when its modification time or size changed. Throws ZEB::Exception.
 	*/
 	bool refresh(DATAIO::DataIO * container, DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 
@@ -75,7 +79,15 @@ private:
 		std::weak_ptr<DATAIO::DataIO>			m_container;
 		std::shared_ptr<const DATAIO::GeoFile>	m_geometry;
 		unsigned int							m_revision = 0;
+		/*! The data file reader of a foreign file, null for the simulation program's files. */
+		const FileReader *						m_reader = nullptr;
+		/*! Foreign files: modification time and size of the file when it was read. */
+		QDateTime								m_lastModified;
+		qint64									m_size = 0;
 	};
+
+	/*! Reads a foreign file with the record's reader into an empty container. */
+	void readForeign(const QString & path, DATAIO::DataIO & container, ContainerRecord & record);
 
 	/*! Decides the data format of a freshly read container, loading its geometry file when it
 		needs one; stores the geometry in the record.

@@ -7,6 +7,8 @@
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
+#include "OVP_FileReaderRegistry.h"
+
 namespace OVP {
 
 Settings * Settings::m_self = nullptr;
@@ -56,6 +58,10 @@ void Settings::setDefaults() {
 	m_userColoring = false;
 	m_decimalPlaces = 6;
 	m_fileNameFilter = QStringList{ "*.out", "*.s6o", "*.s6b", "*.cli", "*.ccd" };
+	// then the files the data file readers take
+	for (const std::string & pattern : FileReaderRegistry::instance().patterns())
+		if (!m_fileNameFilter.contains(QString::fromStdString(pattern)))
+			m_fileNameFilter << QString::fromStdString(pattern);
 	m_excludedDirNames = QStringList{ ".svn" };
 	m_writeAll = false;
 	m_startWithLastSession = true;

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QSettings>
 
+#include <OVP_FileReaderRegistry.h>
 #include <OVP_Settings.h>
 
 using OVPTest::thrown;
@@ -55,7 +56,10 @@ TEST(OVPSettings, Defaults) {
 	EXPECT_EQ(s.m_langId, "en");
 	EXPECT_FALSE(s.m_userColoring);
 	EXPECT_EQ(s.m_decimalPlaces, 6);
-	EXPECT_EQ(s.m_fileNameFilter, (QStringList{ "*.out", "*.s6o", "*.s6b", "*.cli", "*.ccd" }));
+	// the listed patterns first, then those of the data file readers not listed yet, each once
+	EXPECT_EQ(s.m_fileNameFilter.mid(0, 5), (QStringList{ "*.out", "*.s6o", "*.s6b", "*.cli", "*.ccd" }));
+	for (const std::string & pattern : OVP::FileReaderRegistry::instance().patterns())
+		EXPECT_EQ(s.m_fileNameFilter.count(QString::fromStdString(pattern)), 1) << pattern;
 	EXPECT_EQ(s.m_excludedDirNames, QStringList{ ".svn" });
 	EXPECT_FALSE(s.m_writeAll);
 	EXPECT_TRUE(s.m_startWithLastSession);

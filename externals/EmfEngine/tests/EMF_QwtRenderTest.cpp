@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 
 #include <QPainter>
 #include <QPen>
+#include <QPixmap>
 
 #include <qwt_color_map.h>
 #include <qwt_legend.h>
@@ -28,7 +30,7 @@ namespace {
 const double kPi = 3.14159265358979323846;
 
 /*! A chart as the application draws one: title, axis titles, grid, a colour-grid raster with a
-	colour bar on the right axis, three curves (solid, dashed, with symbols) and a legend.
+	colour bar on the right axis, two curves (one with symbols) and a legend.
 */
 void buildPlot(QwtPlot & plot) {
 	plot.setTitle("Temperature profile");
@@ -63,11 +65,10 @@ void buildPlot(QwtPlot & plot) {
 	plot.axisWidget(QwtPlot::yRight)->setColorBarEnabled(true);
 	plot.axisWidget(QwtPlot::yRight)->setColorMap(QwtInterval(0, 100), colorMap());
 
-	QVector<QPointF> outside, inside, rh;
+	QVector<QPointF> outside, rh;
 	for (int i = 0; i <= 240; ++i) {
 		const double t = i * 0.1;
 		outside.append(QPointF(t, 5 + 8 * std::sin(t / 24.0 * 2 * kPi)));
-		inside.append(QPointF(t, 20 + 1.5 * std::sin(t / 24.0 * 2 * kPi - 1)));
 		if (i % 20 == 0)
 			rh.append(QPointF(t, 60 + 20 * std::cos(t / 12.0 * kPi)));
 	}
@@ -76,10 +77,6 @@ void buildPlot(QwtPlot & plot) {
 	c1->setSamples(outside);
 	c1->setRenderHint(QwtPlotItem::RenderAntialiased);
 	c1->attach(&plot);
-	QwtPlotCurve * c2 = new QwtPlotCurve("Inside surface");
-	c2->setPen(QPen(QColor(200, 30, 30), 1.5, Qt::DashLine));
-	c2->setSamples(inside);
-	c2->attach(&plot);
 	QwtPlotCurve * c3 = new QwtPlotCurve("Relative humidity");
 	c3->setPen(QPen(QColor(20, 140, 60), 1));
 	c3->setSamples(rh);
@@ -93,21 +90,61 @@ void buildPlot(QwtPlot & plot) {
 	plot.replot();
 }
 
+/*! Primitives a chart draws besides Qwt's: points, a zero-length line, rounded and elliptic
+	shapes, pixmaps, a hatch over an opaque background, wrapped underlined and rotated text and a
+	half transparent fill.
+*/
+void paintOtherPrimitives(QPainter & p) {
+	QPixmap tile(8, 8);
+	tile.fill(Qt::darkCyan);
+	p.setRenderHint(QPainter::Antialiasing);
+	p.setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::RoundCap));
+	QPointF points[3] = { QPointF(10, 10), QPointF(20, 10), QPointF(30, 10) };
+	p.drawPoints(points, 3);
+	p.drawLine(QPointF(40, 10), QPointF(40, 10));		// zero length with round cap: a dot
+	p.setPen(QPen(Qt::blue, 1));
+	p.setBrush(Qt::yellow);
+	p.drawRoundedRect(QRectF(10, 30, 60, 40), 8, 8);
+	p.drawArc(QRectF(80, 30, 60, 40), 0, 180 * 16);
+	p.drawPie(QRectF(150, 30, 60, 40), 30 * 16, 120 * 16);
+	p.drawChord(QRectF(220, 30, 60, 40), 30 * 16, 120 * 16);
+	p.drawTiledPixmap(QRectF(10, 100, 40, 20), tile);
+	p.drawPixmap(QPointF(60, 100), tile);
+	p.setBackgroundMode(Qt::OpaqueMode);
+	p.setBackground(Qt::lightGray);
+	p.setBrush(QBrush(Qt::red, Qt::BDiagPattern));
+	p.drawRect(QRectF(100, 100, 30, 30));
+	QFont u("DejaVu Sans", 9);
+	u.setUnderline(true);
+	p.setFont(u);
+	p.drawText(QRectF(150, 100, 140, 80), Qt::AlignCenter | Qt::TextWordWrap,
+			   "Wrapped and underlined text over several lines");
+	p.setFont(QFont("DejaVu Sans", 12));
+	p.save();
+	p.translate(15, 280);
+	p.rotate(-90);
+	p.drawText(QPointF(0, 0), "Zeit [h]");
+	p.restore();
+	p.setOpacity(0.5);
+	p.fillRect(QRectF(0, 150, 50, 50), Qt::black);
+}
+
 } // namespace
 
 
-TEST(EMFQwt, PlotRendersTextsCurvesRasterAndRotatedTitles) {
+TEST(EMFQwt, PlotAndOtherPrimitivesRenderAndConvert) {
 	QwtPlot plot;
 	buildPlot(plot);
 	File f = paintAndParse("qwt.emf", plot.size(), [&](QPainter & p) {
 		QwtPlotRenderer().render(&plot, &p, QRectF(QPointF(0, 0), QSizeF(plot.size())));
+		paintOtherPrimitives(p);
 	}, 96, EMF::PaintDevice::PictureBounds, plot.title().text());
 	ASSERT_TRUE(f.errors.empty()) << f.errorText();
 	EXPECT_EQ(f.header.bounds.r, 800 * 15 - 1);
 	EXPECT_EQ(f.header.description, QString("Orvane") + QChar(0) + "Temperature profile" + QChar(0) + QChar(0));
 
 	// all texts are there with their fonts: the bold title, the left axis title reading upwards,
-	// the right one downwards
+	// the right one downwards; underlines are drawn by QPainter, not by the font
 	std::map<QString, Font> fonts;
 	for (const Record * r : f.ofType(T_EXTTEXTOUTW))
 		if (f.object(*r, FONT) != nullptr)
@@ -115,16 +152,17 @@ TEST(EMFQwt, PlotRendersTextsCurvesRasterAndRotatedTitles) {
 	for (const char * text : {"Temperature profile", "Time [h]", "Temperature [C]", "Relative humidity [%]", "Outside air", "12"})
 		ASSERT_EQ(fonts.count(text), 1u) << text;
 	EXPECT_GE(fonts["Temperature profile"].weight, 600);
-	EXPECT_EQ(fonts["Time [h]"].escapement, 0);
-	EXPECT_EQ(fonts["Temperature [C]"].escapement, 900);
-	EXPECT_EQ(fonts["Relative humidity [%]"].escapement, 2700);
+	EXPECT_EQ(std::vector<int>({fonts["Time [h]"].escapement, fonts["Temperature [C]"].escapement, fonts["Relative humidity [%]"].escapement}),
+			  std::vector<int>({0, 900, 2700}));
+	for (const Record * r : f.ofType(T_EXTCREATEFONTINDIRECTW))
+		EXPECT_EQ(decodeFont(*r).underline, 0);
 
-	// the curves: a polyline with all 241 samples (fewer after rounding duplicates are removed)
+	// the curve: a polyline with all 241 samples (fewer after rounding duplicates are removed);
+	// canvas clipping is in use, and every clip is undone again; symbols are ellipses
 	size_t longest = 0;
 	for (const Record * r : f.ofType(T_POLYLINE16))
 		longest = std::max(longest, polyPoints(*r).size());
 	EXPECT_GE(longest, 100u);
-	// canvas clipping is in use, and every clip is undone again; symbols are ellipses
 	EXPECT_GE(f.count(T_INTERSECTCLIPRECT), 1u);
 	EXPECT_EQ(f.count(T_SAVEDC), f.count(T_RESTOREDC));
 	EXPECT_GE(f.count(T_ELLIPSE), 12u);
@@ -136,6 +174,21 @@ TEST(EMFQwt, PlotRendersTextsCurvesRasterAndRotatedTitles) {
 		big = big || im.cxDest > 300 * 15;
 	}
 	EXPECT_TRUE(big) << dump(f);
+	// a hatched brush in opaque background mode: QPainter fills with the background colour first,
+	// the hatch follows; the file's background mode stays transparent. Half opacity: black over
+	// white becomes grey.
+	int bg = -1, hatch = -1, grey = -1;
+	for (size_t i = 0; i < f.records.size(); ++i) {
+		const Record & r = f.records[i];
+		EXPECT_TRUE(r.type != T_SETBKMODE || r.u32(8) == 1u) << "opaque background mode written";
+		const Brush b = r.type == T_CREATEBRUSHINDIRECT ? decodeBrush(r) : Brush{1, 0, 0};
+		bg = b.color == 0x00C0C0C0u && b.style == 0 ? int(i) : bg;
+		hatch = b.style == 2 && b.hatch == 3 ? int(i) : hatch;
+		grey = b.color == 0x00808080u ? int(i) : grey;
+	}
+	EXPECT_GE(bg, 0) << dump(f);
+	EXPECT_GT(hatch, bg);
+	EXPECT_GE(grey, 0);
 
 	if (emf2svg().isEmpty())
 		GTEST_SKIP() << "emf2svg-conv is not installed: conversion not checked";
@@ -143,7 +196,7 @@ TEST(EMFQwt, PlotRendersTextsCurvesRasterAndRotatedTitles) {
 	const QString svg = convertToSvg(scratchFile("qwt.emf"), scratchFile("qwt.svg"), &log);
 	ASSERT_FALSE(svg.isEmpty()) << log.toStdString();
 	for (const char * s : {"Temperature profile", "Time [h]", "Temperature [C]", "Relative humidity [%]", "Outside air",
-						   "Inside surface", "<image"})
+						   "Wrapped", "Zeit [h]", "rotate(-90", "<image"})
 		EXPECT_TRUE(svg.contains(s)) << s;
 	EXPECT_GE(svg.count("<path"), 20);
 }

@@ -1,3 +1,5 @@
+#include <memory>
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -6,21 +8,13 @@ namespace {
 
 /*! Creates the QApplication that fonts and Qwt widgets need, headless (the test environment chooses the platform). */
 class QtEnvironment : public ::testing::Environment {
-public:
-	void SetUp() override {
-		if (QCoreApplication::instance() == nullptr)
-			m_app = new QApplication(m_argc, m_argv);
-	}
-	void TearDown() override {
-		delete m_app;
-		m_app = nullptr;
-	}
+	void SetUp() override { m_app.reset(new QApplication(m_argc, m_argv)); }
+	void TearDown() override { m_app.reset(); }
 
-private:
-	int				m_argc = 1;
-	char			m_name[16] = "EmfEngineTests";
-	char *			m_argv[2] = { m_name, nullptr };
-	QApplication *	m_app = nullptr;
+	int								m_argc = 1;
+	char							m_name[16] = "EmfEngineTests";
+	char *							m_argv[2] = { m_name, nullptr };
+	std::unique_ptr<QApplication>	m_app;
 };
 
 ::testing::Environment * const qtEnvironment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);

@@ -9,18 +9,14 @@ namespace EmfTest {
 
 namespace {
 
-uint32_t rdU32(const QByteArray & d, uint32_t off) {
-	if (off + 4 > uint32_t(d.size()))
+/*! Little-endian unsigned value of 1 to 4 bytes at off; 0 outside the data. */
+uint32_t rd(const QByteArray & d, uint32_t off, int bytes) {
+	if (off + uint32_t(bytes) > uint32_t(d.size()))
 		return 0;
-	const unsigned char * p = reinterpret_cast<const unsigned char *>(d.constData()) + off;
-	return uint32_t(p[0]) | (uint32_t(p[1]) << 8) | (uint32_t(p[2]) << 16) | (uint32_t(p[3]) << 24);
-}
-
-uint16_t rdU16(const QByteArray & d, uint32_t off) {
-	if (off + 2 > uint32_t(d.size()))
-		return 0;
-	const unsigned char * p = reinterpret_cast<const unsigned char *>(d.constData()) + off;
-	return uint16_t(p[0] | (p[1] << 8));
+	uint32_t v = 0;
+	for (int i = bytes - 1; i >= 0; --i)
+		v = (v << 8) | uint8_t(d[int(off) + i]);
+	return v;
 }
 
 std::string str(const char * what, uint32_t index, const Record & r) {
@@ -55,14 +51,13 @@ int createKind(uint32_t type) {
 } // namespace
 
 
-uint32_t Record::u32(uint32_t off) const { return rdU32(data, off); }
-int32_t Record::i32(uint32_t off) const { return int32_t(rdU32(data, off)); }
-uint16_t Record::u16(uint32_t off) const { return rdU16(data, off); }
-uint8_t Record::u8(uint32_t off) const { return off < uint32_t(data.size()) ? uint8_t(data[int(off)]) : 0; }
-Rect Record::rect(uint32_t off) const {
-	Rect r;
-	r.l = i32(off); r.t = i32(off + 4); r.r = i32(off + 8); r.b = i32(off + 12);
-	return r;
+uint32_t Record::u32(uint32_t off) const { return rd(data, off, 4); }
+int32_t Record::i32(uint32_t off) const { return int32_t(rd(data, off, 4)); }
+uint16_t Record::u16(uint32_t off) const { return uint16_t(rd(data, off, 2)); }
+uint8_t Record::u8(uint32_t off) const { return uint8_t(rd(data, off, 1)); }
+Rect Record::rect(uint32_t off) const { return Rect{i32(off), i32(off + 4), i32(off + 8), i32(off + 12)}; }
+Point Record::point(uint32_t off, bool small) const {
+	return small ? Point{int16_t(u16(off)), int16_t(u16(off + 2))} : Point{i32(off), i32(off + 4)};
 }
 
 
@@ -99,8 +94,8 @@ bool File::parse(const QByteArray & bytes) {
 			break;
 		}
 		Record r;
-		r.type = rdU32(bytes, off);
-		r.size = rdU32(bytes, off + 4);
+		r.type = rd(bytes, off, 4);
+		r.size = rd(bytes, off + 4, 4);
 		r.offset = off;
 		if (r.size < 8 || r.size % 4 != 0 || off + r.size > fileSize) {
 			errors.push_back(str("bad record size", uint32_t(records.size()), r));
@@ -365,47 +360,19 @@ std::string File::errorText() const {
 std::vector<Point> polyPoints(const Record & r) {
 	std::vector<Point> pts;
 	const bool small = r.type >= 85 && r.type <= 89;
-	const uint32_t n = r.u32(24);
-	for (uint32_t i = 0; i < n; ++i) {
-		Point p;
-		if (small) {
-			p.x = int16_t(r.u16(28 + 4 * i));
-			p.y = int16_t(r.u16(30 + 4 * i));
-		}
-		else {
-			p.x = r.i32(28 + 8 * i);
-			p.y = r.i32(32 + 8 * i);
-		}
-		pts.push_back(p);
-	}
+	for (uint32_t i = 0; i < r.u32(24); ++i)
+		pts.push_back(r.point(28 + (small ? 4 : 8) * i, small));
 	return pts;
 }
 
 
 std::vector<std::vector<Point>> polyPolyPoints(const Record & r) {
-	std::vector<std::vector<Point>> polys;
+	std::vector<std::vector<Point>> polys(r.u32(24));
 	const bool small = r.type == T_POLYPOLYLINE16 || r.type == T_POLYPOLYGON16;
-	const uint32_t n = r.u32(24);
-	uint32_t off = 32 + 4 * n;
-	for (uint32_t k = 0; k < n; ++k) {
-		std::vector<Point> pts;
-		const uint32_t c = r.u32(32 + 4 * k);
-		for (uint32_t i = 0; i < c; ++i) {
-			Point p;
-			if (small) {
-				p.x = int16_t(r.u16(off));
-				p.y = int16_t(r.u16(off + 2));
-				off += 4;
-			}
-			else {
-				p.x = r.i32(off);
-				p.y = r.i32(off + 4);
-				off += 8;
-			}
-			pts.push_back(p);
-		}
-		polys.push_back(pts);
-	}
+	uint32_t off = 32 + 4 * r.u32(24);
+	for (uint32_t k = 0; k < polys.size(); ++k)
+		for (uint32_t i = 0; i < r.u32(32 + 4 * k); ++i, off += small ? 4 : 8)
+			polys[k].push_back(r.point(off, small));
 	return polys;
 }
 

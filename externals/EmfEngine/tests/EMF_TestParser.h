@@ -55,34 +55,27 @@ struct Record {
 	uint16_t u16(uint32_t off) const;
 	uint8_t u8(uint32_t off) const;
 	Rect rect(uint32_t off) const;
+	/*! A point of two 16-bit (small) or two 32-bit coordinates. */
+	Point point(uint32_t off, bool small) const;
 };
 
 struct Header {
-	Rect		bounds;
-	Rect		frame;
-	uint32_t	bytes = 0;
-	uint32_t	records = 0;
+	Rect		bounds, frame;
+	uint32_t	bytes = 0, records = 0;
 	uint16_t	handles = 0;
-	uint32_t	nDescription = 0;
-	uint32_t	offDescription = 0;
-	int32_t		deviceCx = 0, deviceCy = 0;
-	int32_t		mmCx = 0, mmCy = 0;
+	uint32_t	nDescription = 0, offDescription = 0;
+	int32_t		deviceCx = 0, deviceCy = 0, mmCx = 0, mmCy = 0;
 	uint32_t	umCx = 0, umCy = 0;		///< only with header extension 2
 	QString		description;
 };
 
 struct Pen {		///< EMR_EXTCREATEPEN
-	uint32_t	style = 0;
-	uint32_t	width = 0;
-	uint32_t	brushStyle = 0;
-	uint32_t	color = 0;
+	uint32_t	style = 0, width = 0, brushStyle = 0, color = 0;
 	std::vector<uint32_t> entries;
 };
 
 struct Brush {		///< EMR_CREATEBRUSHINDIRECT
-	uint32_t	style = 0;
-	uint32_t	color = 0;
-	uint32_t	hatch = 0;
+	uint32_t	style = 0, color = 0, hatch = 0;
 };
 
 struct Font {		///< EMR_EXTCREATEFONTINDIRECTW
@@ -98,12 +91,9 @@ struct Text {		///< EMR_EXTTEXTOUTW
 };
 
 struct Image {		///< EMR_STRETCHDIBITS
-	int32_t		xDest = 0, yDest = 0, cxDest = 0, cyDest = 0;
-	int32_t		cxSrc = 0, cySrc = 0;
-	uint32_t	rop = 0;
-	int32_t		width = 0, height = 0;
+	int32_t		xDest = 0, yDest = 0, cxDest = 0, cyDest = 0, cxSrc = 0, cySrc = 0, width = 0, height = 0;
+	uint32_t	rop = 0, compression = 0;
 	uint16_t	bitCount = 0;
-	uint32_t	compression = 0;
 	QByteArray	bits;
 	/*! Colour 0xRRGGBB of pixel (x, y), y counted from the top of the picture. */
 	uint32_t pixel(int x, int y) const;

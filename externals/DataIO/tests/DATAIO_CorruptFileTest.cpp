@@ -88,6 +88,8 @@ TEST(DataIOCorrupt, TruncatedHeaderAtEveryByteFailsCleanly) {
 			DataIO part;
 			part.read(cut);
 			EXPECT_TRUE(part.timePoints().empty());
+			EXPECT_EQ(part.nValues(), 3u);
+			EXPECT_THROW_MSG(part.dataVector(), "No data in output file.");
 		}
 }
 

@@ -34,9 +34,7 @@ TEST(DataIOData, AsciiValuesAreParsedLazilyAndCheckedPerTimePoint) {
 	EXPECT_THROW(dio.data(3), ZEB::Exception);
 	EXPECT_THROW(dio.data(5), ZEB::Exception);
 	const double * v = dio.data(4);
-	EXPECT_EQ(v[0], 1000.0);
-	EXPECT_EQ(v[1], -0.0025);
-	EXPECT_EQ(v[2], 7.0);
+	EXPECT_EQ(std::vector<double>(v, v + 3), (std::vector<double>{ 1000, -0.0025, 7 }));
 	EXPECT_TRUE(dio.isLoaded(4));
 	EXPECT_FALSE(dio.isLoaded(0));
 	EXPECT_EQ(dio.data(0)[2], 3.0);
@@ -145,15 +143,13 @@ TEST(DataIOData, DetermineDataFormatFromGeometry) {
 	dio.setSpaceType(DataIO::ST_SINGLE);
 	// a row of 4 x 3 x 2 elements: element n has i = n % 4, j = n / 4 % 3, k = n / 12
 	const DATAIO::GeoFile geo = sampleGeometry(4, 3, 2);
-	dio.setNums({ 0, 1, 2, 3 });
-	EXPECT_EQ(dio.determineDataFormat(&geo), DataIO::DF_3D);
-	dio.setNums({ 0, 4, 8 });
-	EXPECT_EQ(dio.determineDataFormat(&geo), DataIO::DF_3D);
-	dio.setNums({ 0, 5 });
-	EXPECT_EQ(dio.determineDataFormat(&geo), DataIO::DF_4D);
-	dio.setNums({ 0, 17 });
-	EXPECT_EQ(dio.determineDataFormat(&geo), DataIO::DF_5D);
-	EXPECT_EQ(dio.dataFormat(), DataIO::DF_5D);
+	const std::vector<std::pair<std::vector<std::uint32_t>, DataIO::DataFormat> > cases = {
+		{ { 0, 1, 2, 3 }, DataIO::DF_3D }, { { 0, 4, 8 }, DataIO::DF_3D }, { { 0, 5 }, DataIO::DF_4D }, { { 0, 17 }, DataIO::DF_5D } };
+	for (const auto & c : cases) {
+		dio.setNums(c.first);
+		EXPECT_EQ(dio.determineDataFormat(&geo), c.second) << c.first.back();
+		EXPECT_EQ(dio.dataFormat(), c.second);
+	}
 	dio.setNums({ 5, 5 });
 	EXPECT_THROW_MSG(dio.determineDataFormat(&geo), "Cannot determine data format.");
 	EXPECT_EQ(dio.dataFormat(), DataIO::NUM_DF);

@@ -40,12 +40,10 @@ TEST(GeoFile, ReadsHandWrittenAsciiGeometry) {
 	EXPECT_TRUE(geo.materials()[1].m_name.empty());
 	EXPECT_EQ(geo.xWidths(), (std::vector<double>{ 0.1, 0.2 }));
 	ASSERT_EQ(geo.elements().size(), 2u);
-	EXPECT_EQ(geo.elements()[1].m_x, 0.2);
-	EXPECT_EQ(geo.elements()[1].m_matId, 7u);
-	EXPECT_EQ(geo.elements()[1].m_i, 1u);
 	ASSERT_EQ(geo.sides().size(), 2u);
-	EXPECT_EQ(geo.sides()[1].m_elementA, GeoFile::NO_ELEMENT);
-	EXPECT_EQ(geo.sides()[0].m_elementB, 1);
+	const GeoFile::Element & e = geo.elements()[1];
+	EXPECT_EQ(std::vector<double>({ e.m_x, double(e.m_matId), double(e.m_i) }), std::vector<double>({ 0.2, 7, 1 }));
+	EXPECT_EQ(std::vector<std::int32_t>({ geo.sides()[0].m_elementB, geo.sides()[1].m_elementA }), std::vector<std::int32_t>({ 1, GeoFile::NO_ELEMENT }));
 }
 
 

@@ -20,21 +20,18 @@ bool sameValue(double a, double b) {
 	return std::memcmp(&a, &b, sizeof(double)) == 0 || (std::isnan(a) && std::isnan(b));
 }
 
+/*! The header fields every variant stores, as texts. */
+std::vector<std::string> headerFields(const DataIO & d) {
+	return { std::to_string(d.isBinary()), std::to_string(d.type()), d.projectFileName(), d.quantity(), d.quantityKeyword(),
+			 std::to_string(d.spaceType()), std::to_string(d.timeType()), d.valueUnit(), d.timeUnit(),
+			 std::to_string(d.startYear()), d.createdTime() };
+}
+
 /*! Compares everything a file of this variant stores. */
 void expectSameContainer(DataIO & expected, DataIO & actual) {
 	const bool preV6 = expected.majorFileVersion() < 6;
-	EXPECT_EQ(actual.isBinary(), expected.isBinary());
 	EXPECT_EQ(actual.majorFileVersion(), preV6 ? 5u : 6u);
-	EXPECT_EQ(actual.type(), expected.type());
-	EXPECT_EQ(actual.projectFileName(), expected.projectFileName());
-	EXPECT_EQ(actual.quantity(), expected.quantity());
-	EXPECT_EQ(actual.quantityKeyword(), expected.quantityKeyword());
-	EXPECT_EQ(actual.spaceType(), expected.spaceType());
-	EXPECT_EQ(actual.timeType(), expected.timeType());
-	EXPECT_EQ(actual.valueUnit(), expected.valueUnit());
-	EXPECT_EQ(actual.timeUnit(), expected.timeUnit());
-	EXPECT_EQ(actual.startYear(), expected.startYear());
-	EXPECT_EQ(actual.createdTime(), expected.createdTime());
+	EXPECT_EQ(headerFields(actual), headerFields(expected));
 	EXPECT_EQ(actual.nums(), expected.nums());
 	if (!preV6) {
 		EXPECT_EQ(actual.geoFileName(), expected.geoFileName());
@@ -75,6 +72,10 @@ TEST(DataIORoundTrip, EveryVariantGivesBackHeaderTimePointsAndValuesBitForBit) {
 					DataIO back;
 					back.read(fname);
 					expectSameContainer(original, back);
+					// reading and writing again does not change a single byte
+					const std::string again = scratchFile("again.out");
+					DATAIO::DataIOWriter::write(again, back);
+					EXPECT_EQ(readBytes(again), readBytes(fname));
 					EXPECT_EQ(back.nValues(), spaceType == DataIO::ST_MEAN && type != DataIO::T_REFERENCE ? 1u : 7u);
 					// the values all at once, in row-major order
 					const double * all = back.dataVector();
@@ -92,23 +93,7 @@ TEST(DataIORoundTrip, EveryVariantGivesBackHeaderTimePointsAndValuesBitForBit) {
 }
 
 
-TEST(DataIORoundTrip, WrittenFileWrittenAgainIsIdentical) {
-	// reading and writing again must not change a single byte, in every variant
-	for (bool preV6 : { false, true })
-		for (bool binary : { false, true }) {
-			DataIO original = sampleContainer(binary, preV6, DataIO::T_FIELD, DataIO::ST_SINGLE, 5, 10);
-			const std::string first = scratchFile("first.out");
-			const std::string second = scratchFile("second.out");
-			DATAIO::DataIOWriter::write(first, original);
-			DataIO back;
-			back.read(first);
-			DATAIO::DataIOWriter::write(second, back);
-			EXPECT_EQ(readBytes(first), readBytes(second)) << "preV6 " << preV6 << " binary " << binary;
-		}
-}
-
-
-TEST(DataIORoundTrip, SpecialValuesAndEmptyDataSection) {
+TEST(DataIORoundTrip, SpecialValues) {
 	DataIO dio = sampleContainer(false, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 3, 0);
 	const double inf = std::numeric_limits<double>::infinity();
 	dio.setData({ -1e300, 0, 5e-324 }, { { inf, -inf, std::nan("") }, { 1, 2, 3 }, { -0.0, 0.0, 1e-310 } });
@@ -120,19 +105,6 @@ TEST(DataIORoundTrip, SpecialValuesAndEmptyDataSection) {
 		back.read(fname);
 		expectSameContainer(dio, back);
 		EXPECT_TRUE(std::signbit(back.data(2)[0]));
-	}
-
-	// a header without records: zero time points, no error
-	for (bool binary : { false, true }) {
-		DataIO empty = sampleContainer(binary, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 3, 0);
-		const std::string fname = scratchFile("empty.out");
-		DATAIO::DataIOWriter::write(fname, empty);
-		DataIO back;
-		back.read(fname);
-		EXPECT_TRUE(back.timePoints().empty());
-		EXPECT_EQ(back.nValues(), 3u);
-		EXPECT_EQ(back.dataSectionOffset(), readBytes(fname).size());
-		EXPECT_THROW_MSG(back.dataVector(), "No data in output file.");
 	}
 }
 

@@ -435,6 +435,9 @@ TEST_F(MapperTest, ModelOverTwoColumnsOfOneCollection) {
 	std::unique_ptr<OVP::Mapper> line = OVP::Mapper::createNewMapper(dm, { { path, 8 } });
 	EXPECT_EQ(line->chartModel()->axisData(CM::LeftAxis, CM::AxisUnit).toUInt(), ZEB::Unit("-").id());
 	EXPECT_EQ(line->name(), "RH");
+	// the collection's start year puts its hours onto real dates
+	EXPECT_EQ(line->chartModel()->axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(),
+			  QDateTime(QDate(2015, 1, 1), QTime(0, 0), Qt::UTC));
 	EXPECT_EQ(firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { path, 8 }, { path, 5 } }, "VTTMouldModel"); }).first,
 			  "File '" + path.toStdString() + "' has no data set in column 5.");
 }

@@ -362,25 +362,6 @@ TEST(EMExtractorBase, ModelExtractorGivesTheModelsResult) {
 	EXPECT_EQ(e2.y().m_data, y.m_data);
 	EXPECT_EQ(e->information(EM::ExtractorBase::IT_Name, EM::ExtractorBase::ODT_Y), reference.valueLabel());
 
-	// the same climate as two columns of one collection, humidity first
-	DATAIO::DataIO logger;
-	logger.setFilename("logger.csv");
-	logger.setQuantity("Logger");
-	logger.setType(DATAIO::DataIO::T_REFERENCE);
-	logger.setNums({ 4, 9 });
-	logger.setTimeUnit("h");
-	std::vector<std::vector<double> > rows;
-	for (std::size_t i = 0; i < n; ++i)
-		rows.push_back({ RH[i], T[i] });
-	logger.setData(time, rows);
-	logger.setColumnProperties({ "RH", "Temp" }, { "%", "C" });
-	logger.determineDataFormat(nullptr);
-	std::unique_ptr<EM::ExtractorBase> columns = EM::ExtractorFactory::createExtractor(&logger, 4, &logger, 9,
-		EM::Factory::createModel("VTTMouldModel"));
-	columns->update();
-	ASSERT_EQ(columns->status(), EM::ExtractorBase::US_UpToDate);
-	EXPECT_EQ(dynamic_cast<EM::Extractor2DFromTwo2D &>(*columns).y().m_data, y.m_data);
-	EXPECT_EQ(dynamic_cast<EM::Extractor2DFromTwo2D &>(*columns).column(1), 9u);
 
 	// in hours and shifted by a day: the same series on another axis
 	e->setTargetXUnit(ZEB::Unit("h"));

@@ -236,6 +236,10 @@ TEST(EMModelBase, InputFaults) {
 	// two temperatures, or a quantity that is neither
 	expectError([&]() { model.calculate(t, t, x, y); },
 				"Expected a temperature and a relative humidity, but the value units of the data sets are 'C' and 'C'.", where);
+	// a humidity without unit is read as a fraction, and one above 1 is none
+	EM::TimeSeries noFraction = constantSeries(48, 90, "-");
+	expectError([&]() { model.calculate(t, noFraction, x, y); }, "Relative humidity of data set 2 has no unit ('-') and "
+				"is read as a fraction from 0 to 1, but it holds the value 90.", where);
 	EM::TimeSeries mass = constantSeries(48, 1, "kg");
 	expectError([&]() { model.calculate(mass, rh, x, y); },
 				"Expected a temperature and a relative humidity, but the value units of the data sets are 'kg' and '%'.", where);
@@ -312,48 +316,6 @@ TEST(EMModelBase, Containers) {
 	unsorted->setData(time, std::vector<std::vector<double> >(time.size(), std::vector<double>(1, 95.0)));
 	expectError([&]() { calc(dT.get(), unsorted.get()); }, "Error reading values of data set 2.",
 				"[ModelTwo2DBase::seriesFromDataIO]");
-}
-
-
-TEST(EMModelBase, ColumnsOfOneCollectionInTheirOwnUnits) {
-	// a logger file: humidity as a fraction without unit, temperature in kelvin, a third column
-	const std::size_t n = 24*20;
-	EM::TimeSeries t = constantSeries(n, 0, "C");
-	EM::TimeSeries rh = constantSeries(n, 0, "%");
-	std::vector<std::vector<double> > rows;
-	for (std::size_t i = 0; i < n; ++i) {
-		t.m_values[i] = 22 + 4*std::sin(0.3*static_cast<double>(i));
-		rh.m_values[i] = 90 + 9*std::cos(0.05*static_cast<double>(i));
-		rows.push_back({ 1013.0, rh.m_values[i] / 100, t.m_values[i] + 273.15 });
-	}
-	DATAIO::DataIO logger;
-	logger.setFilename("logger.csv");
-	logger.setQuantity("Wall sensor 3");
-	logger.setType(DATAIO::DataIO::T_REFERENCE);
-	logger.setNums({ 1, 2, 3 });
-	logger.setTimeUnit("h");
-	logger.setValueUnit("-");
-	logger.setColumnProperties({ "Pressure", "RH", "Temp" }, { "hPa", "-", "K" });
-	logger.setData(t.m_time, rows);
-	logger.determineDataFormat(nullptr);
-
-	EM::ModelTwo2DViitanenMould model;
-	ZEB::UnitVector x, y, xRef, yRef;
-	model.calculate(t, rh, xRef, yRef);
-	model.calculate(&logger, 2, &logger, 3, x, y);
-	EXPECT_EQ(x.m_data, xRef.m_data);
-	ASSERT_EQ(y.size(), yRef.size());
-	ASSERT_GT(yRef.m_data.back(), 1);
-	for (std::size_t i = 0; i < y.size(); ++i)
-		EXPECT_NEAR(y[i], yRef[i], 1e-9) << i;
-
-	const char * const where = "[ModelTwo2DBase::unifiedData]";
-	expectError([&]() { model.calculate(&logger, 2, &logger, 7, x, y); }, "Data set 2 has no column 7.", where);
-	// a fraction that is none: no guess
-	logger.setColumnProperties({ "Pressure", "RH", "Temp" }, { "hPa", "K", "-" });
-	expectError([&]() { model.calculate(&logger, 2, &logger, 3, x, y); },
-				"Relative humidity of data set 2 has no unit ('-') and is read as a fraction from 0 to 1, but it holds "
-				"the value 295.15.", where);
 }
 
 

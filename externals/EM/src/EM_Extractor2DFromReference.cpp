@@ -35,9 +35,17 @@ bool Extractor2DFromReference::canUpdate() {
 
 
 std::string Extractor2DFromReference::dataSetName() const {
-	const std::vector<std::string> names = m_dataIOs.front()->referenceDataSetNames();
+	const DATAIO::DataIO & dataIO = *m_dataIOs.front();
 	const std::size_t position = columnPosition();
+	if (dataIO.hasColumnProperties())
+		return position < dataIO.nValues() ? dataIO.columnQuantity(position) : std::string();
+	const std::vector<std::string> names = dataIO.referenceDataSetNames();
 	return position < names.size() ? names[position] : std::string();
+}
+
+
+std::string Extractor2DFromReference::valueUnitName(std::size_t input) const {
+	return m_dataIOs[input]->columnUnit(columnPosition());
 }
 
 

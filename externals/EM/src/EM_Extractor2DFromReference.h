@@ -21,10 +21,15 @@ public:
 	bool canUpdate() override;
 
 	std::uint32_t column() const { return m_column; }
-	/*! The name of the column's data set when the container's quantity names its data sets
-		(DATAIO::DataIO::referenceDataSetNames()); empty otherwise.
+	/*! The name of the column's data set: the quantity a data file reader gave the column, else
+		the name the container's quantity gives it (DATAIO::DataIO::referenceDataSetNames());
+		empty when there is none.
 	*/
 	std::string dataSetName() const;
+	/*! The column's own unit (DATAIO::DataIO::columnUnit()); the container's value unit for a
+		column it does not have.
+	*/
+	std::string valueUnitName(std::size_t input) const override;
 
 protected:
 	void doUpdate() override;

@@ -1,5 +1,9 @@
 #include "EM_Extractor2DFromTwo2D.h"
 
+#include <algorithm>
+
+#include <DATAIO_DataIO.h>
+
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
@@ -9,9 +13,10 @@
 namespace EM {
 
 Extractor2DFromTwo2D::Extractor2DFromTwo2D(const std::vector<DATAIO::DataIO *> & dataIOs,
-										   std::unique_ptr<ModelTwo2DBase> model) :
+										   std::unique_ptr<ModelTwo2DBase> model, const std::array<std::uint32_t, 2> & columns) :
 	Extractor2DOutputBase(dataIOs, CT_NoCut, CD_Time),
-	m_model(std::move(model))
+	m_model(std::move(model)),
+	m_columns(columns)
 {
 	FUNCID(Extractor2DFromTwo2D::Extractor2DFromTwo2D);
 	if (m_model == nullptr)
@@ -41,7 +46,17 @@ bool Extractor2DFromTwo2D::canUpdate() {
 
 void Extractor2DFromTwo2D::doUpdate() {
 	FUNCID(Extractor2DFromTwo2D::doUpdate);
-	extractAndManipulate([this]() { m_model->calculate(m_dataIOs[0], m_dataIOs[1], m_x, m_y); }, FUNC_ID);
+	extractAndManipulate([this]() { m_model->calculate(m_dataIOs[0], m_columns[0], m_dataIOs[1], m_columns[1], m_x, m_y); },
+						 FUNC_ID);
+}
+
+
+std::string Extractor2DFromTwo2D::valueUnitName(std::size_t input) const {
+	const DATAIO::DataIO & dataIO = *m_dataIOs[input];
+	if (input >= m_columns.size() || m_columns[input] == ModelTwo2DBase::SINGLE_VALUE)
+		return dataIO.valueUnit();
+	const std::vector<std::uint32_t> & nums = dataIO.nums();
+	return dataIO.columnUnit(static_cast<std::size_t>(std::find(nums.begin(), nums.end(), m_columns[input]) - nums.begin()));
 }
 
 

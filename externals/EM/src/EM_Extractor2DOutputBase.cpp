@@ -87,7 +87,7 @@ ZEB::Unit Extractor2DOutputBase::xUnitFromDataIO() const {
 
 ZEB::Unit Extractor2DOutputBase::yUnitFromDataIO() const {
 	FUNCID(Extractor2DOutputBase::yUnitFromDataIO);
-	return unitFromDataIO(m_dataIOs.front()->valueUnit(), FUNC_ID);
+	return unitFromDataIO(valueUnitName(0), FUNC_ID);
 }
 
 
@@ -126,7 +126,7 @@ void Extractor2DOutputBase::columnSeries(DATAIO::DataIO & dataIO, std::size_t co
 	y.m_data.resize(time.size());
 	for (std::size_t t = 0; t < time.size(); ++t)
 		y.m_data[t] = values[t*stride + column];
-	y.m_unit = unitFromDataIO(dataIO.valueUnit(), FUNC_ID);
+	y.m_unit = unitFromDataIO(dataIO.columnUnit(column), FUNC_ID);
 }
 
 

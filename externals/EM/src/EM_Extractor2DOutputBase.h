@@ -54,7 +54,9 @@ protected:
 		a space dimension.
 	*/
 	virtual ZEB::Unit xUnitFromDataIO() const;
-	/*! The unit of the y values as the container gives them: its value unit. */
+	/*! The unit of the y values as the container gives them: valueUnitName() of the first
+		container.
+	*/
 	virtual ZEB::Unit yUnitFromDataIO() const;
 	/*! The name of the x values (the x dimension's name) or y values (the first container's
 		quantity).
@@ -74,8 +76,9 @@ protected:
 	*/
 	void extractAndManipulate(const std::function<void()> & extract, const char * functionId);
 
-	/*! Reads the time series of one value column of a container into x (time points, time
-		unit) and y (values, value unit). Throws ZEB::Exception.
+	/*! Reads the time series of the value column at position column of a container into x
+		(time points, time unit) and y (values in the column's unit, gaps as NaN). Throws
+		ZEB::Exception.
 	*/
 	static void columnSeries(DATAIO::DataIO & dataIO, std::size_t column, ZEB::UnitVector & x, ZEB::UnitVector & y);
 

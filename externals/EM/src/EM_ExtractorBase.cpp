@@ -173,6 +173,11 @@ void ExtractorBase::removeManipulator(std::size_t index) {
 }
 
 
+std::string ExtractorBase::valueUnitName(std::size_t input) const {
+	return m_dataIOs[input]->valueUnit();
+}
+
+
 const DATAIO::GeoFile * ExtractorBase::geoFile() const {
 	if (m_geoFile != nullptr)
 		return m_geoFile.get();
@@ -192,7 +197,8 @@ bool ExtractorBase::canUpdateCommon(bool compareValueUnits) const {
 	}
 	const ZEB::UnitList & units = ZEB::UnitList::instance();
 	const unsigned int secondsBase = ZEB::Unit("s").base_id();
-	for (const DATAIO::DataIO * d : m_dataIOs) {
+	for (std::size_t i = 0; i < m_dataIOs.size(); ++i) {
+		const DATAIO::DataIO * d = m_dataIOs[i];
 		const ZEB::UnitData * timeUnit = units.retrieve(d->timeUnit());
 		if (timeUnit == nullptr) {
 			ZEB::reportError("Expected valid unit string (according to ZEB unit definition) for time unit in DataIO container.", FUNC_ID);
@@ -202,7 +208,7 @@ bool ExtractorBase::canUpdateCommon(bool compareValueUnits) const {
 			ZEB::reportError("Expected valid time unit (convertible to seconds) in DataIO container.", FUNC_ID);
 			return false;
 		}
-		const ZEB::UnitData * valueUnit = units.retrieve(d->valueUnit());
+		const ZEB::UnitData * valueUnit = units.retrieve(valueUnitName(i));
 		if (valueUnit == nullptr) {
 			ZEB::reportError("Expected valid unit string (according to ZEB unit definition) for value unit in DataIO container.", FUNC_ID);
 			return false;

@@ -163,6 +163,11 @@ public:
 
 	/*! The input containers. */
 	const std::vector<DATAIO::DataIO *> & dataIOs() const { return m_dataIOs; }
+	/*! The name of the unit of the values read from input container number input: the
+		container's value unit; extractors of a column of a reference collection give the
+		column's own unit.
+	*/
+	virtual std::string valueUnitName(std::size_t input) const;
 
 	/*! The manipulators, applied in list order to 2D outputs. */
 	const std::vector<std::unique_ptr<ManipulatorBase> > & manipulators() const { return m_manipulators; }

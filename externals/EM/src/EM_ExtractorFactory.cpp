@@ -126,8 +126,16 @@ std::unique_ptr<ExtractorBase> ExtractorFactory::createExtractor(DATAIO::DataIO 
 std::unique_ptr<ExtractorBase> ExtractorFactory::createExtractor(DATAIO::DataIO * first, DATAIO::DataIO * second,
 	std::unique_ptr<ModelTwo2DBase> model)
 {
+	return createExtractor(first, ModelTwo2DBase::SINGLE_VALUE, second, ModelTwo2DBase::SINGLE_VALUE, std::move(model));
+}
+
+
+std::unique_ptr<ExtractorBase> ExtractorFactory::createExtractor(DATAIO::DataIO * first, std::uint32_t firstColumn,
+	DATAIO::DataIO * second, std::uint32_t secondColumn, std::unique_ptr<ModelTwo2DBase> model)
+{
 	const std::vector<DATAIO::DataIO *> dataIOs = { first, second };
-	std::unique_ptr<Extractor2DFromTwo2D> extractor(new Extractor2DFromTwo2D(dataIOs, std::move(model)));
+	std::unique_ptr<Extractor2DFromTwo2D> extractor(new Extractor2DFromTwo2D(dataIOs, std::move(model),
+																			 { firstColumn, secondColumn }));
 	// the model's units: its time axis and its result
 	extractor->setTargetXUnit(extractor->axisUnitFromDataIO(0));
 	extractor->setTargetValueUnit(extractor->axisUnitFromDataIO(1));
@@ -137,7 +145,7 @@ std::unique_ptr<ExtractorBase> ExtractorFactory::createExtractor(DATAIO::DataIO 
 
 void ExtractorFactory::setContainerUnits(ExtractorBase & extractor) {
 	const DATAIO::DataIO & dataIO = *extractor.dataIOs().front();
-	extractor.setTargetValueUnit(unitOrUndefined(dataIO.valueUnit()));
+	extractor.setTargetValueUnit(unitOrUndefined(extractor.valueUnitName(0)));
 	const ZEB::Unit time = unitOrUndefined(dataIO.timeUnit());
 	const ZEB::Unit metres("m");
 	switch (extractor.outputKind()) {

@@ -55,15 +55,22 @@ public:
 	static std::unique_ptr<ExtractorBase> createExtractor(DATAIO::DataIO * dataIO, CutType cutType,
 		std::shared_ptr<const DATAIO::GeoFile> geometry = nullptr, std::uint32_t column = 0);
 
-	/*! Creates the extractor of a model computed from two 2D containers; its target units are
-		the model's.
+	/*! Creates the extractor of a model computed from two 2D containers with one value per time
+		point; its target units are the model's.
 	*/
 	static std::unique_ptr<ExtractorBase> createExtractor(DATAIO::DataIO * first, DATAIO::DataIO * second,
 		std::unique_ptr<ModelTwo2DBase> model);
+	/*! Creates the extractor of a model computed from a column of each of two 2D containers
+		(column numbers as the headers list them, ModelTwo2DBase::SINGLE_VALUE for a container with
+		one value per time point; the same container may be given twice); its target units are
+		the model's.
+	*/
+	static std::unique_ptr<ExtractorBase> createExtractor(DATAIO::DataIO * first, std::uint32_t firstColumn,
+		DATAIO::DataIO * second, std::uint32_t secondColumn, std::unique_ptr<ModelTwo2DBase> model);
 
 private:
 	/*! Sets the target units of a new single-container extractor to the units the container
-		gives; units with unknown names stay unset.
+		gives (a reference column's own value unit); units with unknown names stay unset.
 	*/
 	static void setContainerUnits(ExtractorBase & extractor);
 };

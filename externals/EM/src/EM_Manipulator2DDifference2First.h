@@ -5,8 +5,9 @@
 
 namespace EM {
 
-/*! Shows each y value as its difference to the first one, so that the series starts at 0.
-	Has no parameter.
+/*! Shows each y value as its difference to the first present one, so that the series starts
+	at 0. Gaps (NaN) stay gaps, and a series that starts with gaps is measured from its first
+	present value. Has no parameter.
 */
 class Manipulator2DDifference2First : public Manipulator2DBase {
 public:

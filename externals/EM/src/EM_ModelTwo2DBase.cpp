@@ -1,5 +1,6 @@
 #include "EM_ModelTwo2DBase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -7,8 +8,8 @@
 #include <DATAIO_DataIO.h>
 
 #include <ZEB_Exception.h>
-#include <ZEB_LinearSpline.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_MessageHandler.h>
 #include <ZEB_StringUtils.h>
 #include <ZEB_UnitList.h>
 #include <ZEB_UnitVector.h>
@@ -48,20 +49,20 @@ const std::vector<double> & converted(const std::vector<double> & values, const 
 	return buffer.m_data;
 }
 
-/*! Values of the spline at the n grid points start + k*step, k = 0 .. n-1.
+/*! Values of the table (x, y) at the n grid points start + k*step, k = 0 .. n-1.
 	The same interpolation as LinearSpline::value() (held constant outside the table, exact at
-	the knots), but the grid increases, so the interval is found by walking forward through the
+	the knots), but y may hold gaps (NaN): a grid point between two knots of which one is a gap
+	is a gap itself, so that a gap reaches no further than the intervals it touches. The grid
+	increases, so the interval is found by walking forward through the
 	knots instead of a search per point: resampling years of hourly data costs a pass over both.
 	A grid point that meets a knot up to rounding takes the knot's value exactly: start + k*step
 	and a converted input time differ in the last bits for many points (hours given in days are
 	not exact binary fractions), and interpolating there would hand a model 19.999999999999996
 	for a recorded 20, right at the thresholds where its formulas jump.
 */
-void resampleOnGrid(const ZEB::LinearSpline & spline, double start, double step, std::size_t n,
+void resampleOnGrid(const std::vector<double> & x, const std::vector<double> & y, double start, double step, std::size_t n,
 					std::vector<double> & values)
 {
-	const std::vector<double> & x = spline.x();
-	const std::vector<double> & y = spline.y();
 	const std::size_t last = x.size() - 1;
 	values.resize(n);
 	std::size_t i = 0;
@@ -95,6 +96,51 @@ void resampleOnGrid(const ZEB::LinearSpline & spline, double start, double step,
 	}
 }
 
+/*! The time span of a model input from its first to its last present value. */
+struct PresentRange {
+	bool	m_empty = true;
+	double	m_first = 0;
+	double	m_last = 0;
+};
+
+/*! Checks a model input in model units: finite, strictly increasing time points and values that
+	are finite or gaps (NaN); returns the span of its present values. A fault raises "Invalid time
+	points or values in data set %1." (number: the input's place in the caller's order) with the
+	fault as cause.
+*/
+PresentRange presentRange(const std::vector<double> & time, const std::vector<double> & values, unsigned int number) {
+	std::string fault;
+	PresentRange range;
+	for (std::size_t i = 0; i < time.size() && fault.empty(); ++i) {
+		if (!std::isfinite(time[i]))
+			fault = ZEB::MessageFormat("Time point #%1 is not a finite number.").arg(static_cast<unsigned long>(i)).str();
+		else if (i > 0 && !(time[i] > time[i-1]))
+			fault = ZEB::MessageFormat("Time point %1 follows %2, time points must increase.").arg(time[i]).arg(time[i-1]).str();
+		else if (std::isinf(values[i]))
+			fault = ZEB::MessageFormat("Value at time %1 is infinite.").arg(time[i]).str();
+		else if (!std::isnan(values[i])) {
+			if (range.m_empty)
+				range.m_first = time[i];
+			range.m_last = time[i];
+			range.m_empty = false;
+		}
+	}
+	if (!fault.empty())
+		throw ZEB::Exception(ZEB::Exception(fault, UNIFIED_DATA_ID),
+							 ZEB::MessageFormat("Invalid time points or values in data set %1.").arg(number), UNIFIED_DATA_ID);
+	return range;
+}
+
+/*! A relative humidity without unit ("-") is read as a fraction; a value above 1 shows that it is
+	not one, and the model refuses to guess.
+*/
+void checkFraction(const std::vector<double> & values, unsigned int number) {
+	for (double v : values)
+		if (v > 1)
+			throw ZEB::Exception(ZEB::MessageFormat("Relative humidity of data set %1 has no unit ('-') and is read as a "
+				"fraction from 0 to 1, but it holds the value %2.").arg(number).arg(v), UNIFIED_DATA_ID);
+}
+
 } // namespace
 
 
@@ -114,41 +160,70 @@ std::string ModelTwo2DBase::inputName(unsigned int index) const {
 }
 
 
-void ModelTwo2DBase::calculate(DATAIO::DataIO * first, DATAIO::DataIO * second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
+void ModelTwo2DBase::calculate(DATAIO::DataIO * first, std::uint32_t firstColumn, DATAIO::DataIO * second,
+							   std::uint32_t secondColumn, ZEB::UnitVector & x, ZEB::UnitVector & y)
+{
 	if (first == nullptr || second == nullptr)
 		throw ZEB::Exception("At least one dataio object not valid", UNIFIED_DATA_ID);
-	TimeSeries s1 = seriesFromDataIO(*first, 1);
-	TimeSeries s2 = seriesFromDataIO(*second, 2);
+	TimeSeries s1 = seriesFromDataIO(*first, 1, firstColumn);
+	TimeSeries s2 = seriesFromDataIO(*second, 2, secondColumn);
 	calculate(s1, s2, x, y);
 }
 
 
 void ModelTwo2DBase::calculate(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
+	FUNCID(ModelTwo2DBase::calculate);
 	// compute into fresh series, so that a failure leaves the caller's result as it was
 	ZEB::UnitVector resultX;
 	ZEB::UnitVector resultY;
 	compute(first, second, resultX, resultY);
 	std::swap(x, resultX);
 	std::swap(y, resultY);
+	unsigned int number = 1;
+	for (const TimeSeries * s : { &first, &second }) {
+		const std::size_t gaps = static_cast<std::size_t>(std::count_if(s->m_values.begin(), s->m_values.end(),
+			[](double v) { return std::isnan(v); }));
+		if (gaps > 0) {
+			const std::string dataSet = s->m_name.empty() ? std::to_string(number) : std::to_string(number) + " '" + s->m_name + "'";
+			ZEB::reportWarning(ZEB::MessageFormat("%1 gaps in data set %2 (missing values): the model skips the times they "
+				"cover.").arg(static_cast<unsigned long>(gaps)).arg(dataSet).str(), FUNC_ID);
+		}
+		++number;
+	}
 }
 
 
-TimeSeries ModelTwo2DBase::seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index) {
+TimeSeries ModelTwo2DBase::seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index, std::uint32_t column) {
 	FUNCID(ModelTwo2DBase::seriesFromDataIO);
 	if (dataIO.dataFormat() != DATAIO::DataIO::DF_2D)
 		throw ZEB::Exception(ZEB::MessageFormat("Data set %1 is not 2D").arg(index), UNIFIED_DATA_ID);
-	if (dataIO.nValues() != 1)
-		throw ZEB::Exception(ZEB::MessageFormat("Data set %1 is not a single-value 2D").arg(index), UNIFIED_DATA_ID);
+	std::size_t position = 0;
+	if (column == SINGLE_VALUE) {
+		if (dataIO.nValues() != 1)
+			throw ZEB::Exception(ZEB::MessageFormat("Data set %1 is not a single-value 2D").arg(index), UNIFIED_DATA_ID);
+	}
+	else {
+		const std::vector<std::uint32_t> & nums = dataIO.nums();
+		position = static_cast<std::size_t>(std::find(nums.begin(), nums.end(), column) - nums.begin());
+		if (dataIO.type() != DATAIO::DataIO::T_REFERENCE || position >= dataIO.nValues())
+			throw ZEB::Exception(ZEB::MessageFormat("Data set %1 has no column %2.").arg(index).arg(column), UNIFIED_DATA_ID);
+	}
 
 	TimeSeries series;
 	series.m_timeUnit = unitOrUndefined(dataIO.timeUnit());
-	series.m_valueUnit = unitOrUndefined(dataIO.valueUnit());
+	series.m_valueUnit = unitOrUndefined(dataIO.columnUnit(position));
+	series.m_name = dataIO.filename();
+	if (column != SINGLE_VALUE)
+		series.m_name += ": " + dataIO.columnQuantity(position);
 	if (dataIO.timePoints().empty())
 		return series;
 	try {
 		const double * values = dataIO.dataVector();
+		const std::size_t stride = dataIO.nValues();
 		series.m_time = dataIO.timePoints();
-		series.m_values.assign(values, values + series.m_time.size());
+		series.m_values.resize(series.m_time.size());
+		for (std::size_t t = 0; t < series.m_time.size(); ++t)
+			series.m_values[t] = values[t*stride + position];
 	}
 	catch (ZEB::Exception & ex) {
 		throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading values of data set %1.").arg(index), FUNC_ID);
@@ -187,7 +262,9 @@ void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & se
 	const std::vector<double> * rhValues = nullptr;
 	try {
 		tValues = &converted(t.m_values, t.m_valueUnit, m_temperatureUnit, valuesT);
-		rhValues = &converted(rh.m_values, rh.m_valueUnit, m_humidityUnit, valuesRH);
+		// a humidity without unit is a fraction
+		const ZEB::Unit rhUnit = rh.m_valueUnit == ZEB::Unit("-") ? ZEB::Unit("---") : rh.m_valueUnit;
+		rhValues = &converted(rh.m_values, rhUnit, m_humidityUnit, valuesRH);
 	}
 	catch (ZEB::Exception & ex) {
 		throw ZEB::Exception(ex, inputUnitsMessage(first, second), FUNC_ID);
@@ -199,25 +276,17 @@ void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & se
 	if (tTime->empty() || rhTime->empty())
 		return;
 
-	ZEB::LinearSpline splineT;
-	ZEB::LinearSpline splineRH;
 	// the data set numbers in messages are those of the caller's order
 	const unsigned int numberT = swapped ? 2 : 1;
-	try {
-		splineT.setValues(*tTime, *tValues);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid time points or values in data set %1.").arg(numberT), FUNC_ID);
-	}
-	try {
-		splineRH.setValues(*rhTime, *rhValues);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid time points or values in data set %1.").arg(3 - numberT), FUNC_ID);
-	}
+	const PresentRange rangeT = presentRange(*tTime, *tValues, numberT);
+	const PresentRange rangeRH = presentRange(*rhTime, *rhValues, 3 - numberT);
+	if (rangeT.m_empty || rangeRH.m_empty)
+		return;
+	if (rh.m_valueUnit == ZEB::Unit("-"))
+		checkFraction(rh.m_values, 3 - numberT);
 
-	const double start = std::max(splineT.x().front(), splineRH.x().front());
-	const double end = std::min(splineT.x().back(), splineRH.x().back());
+	const double start = std::max(rangeT.m_first, rangeRH.m_first);
+	const double end = std::min(rangeT.m_last, rangeRH.m_last);
 	if (!(end >= start))
 		return;
 	if (!(step > 0))
@@ -231,8 +300,8 @@ void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & se
 	grid.resize(n);
 	for (std::size_t k = 0; k < n; ++k)
 		grid[k] = start + static_cast<double>(k) * step;
-	resampleOnGrid(splineT, start, step, n, temperature);
-	resampleOnGrid(splineRH, start, step, n, humidity);
+	resampleOnGrid(*tTime, *tValues, start, step, n, temperature);
+	resampleOnGrid(*rhTime, *rhValues, start, step, n, humidity);
 }
 
 
@@ -358,12 +427,21 @@ void ModelTwo2DBase::trailingMean(std::vector<double> & values, double window) {
 	const std::size_t w = window >= static_cast<double>(values.size())
 			? values.size() : static_cast<std::size_t>(std::lround(window));
 	std::vector<double> mean(values.size());
+	// the sum runs over the present values; the window's gaps are counted instead
 	double sum = 0;
+	std::size_t gaps = 0;
 	for (std::size_t i = 0; i < values.size(); ++i) {
-		sum += values[i];
-		if (i >= w)
-			sum -= values[i - w];
-		mean[i] = sum / static_cast<double>(std::min(i + 1, w));
+		if (std::isnan(values[i]))
+			++gaps;
+		else
+			sum += values[i];
+		if (i >= w) {
+			if (std::isnan(values[i - w]))
+				--gaps;
+			else
+				sum -= values[i - w];
+		}
+		mean[i] = gaps > 0 ? std::numeric_limits<double>::quiet_NaN() : sum / static_cast<double>(std::min(i + 1, w));
 	}
 	values.swap(mean);
 }

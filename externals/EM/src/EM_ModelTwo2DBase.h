@@ -1,6 +1,7 @@
 #ifndef EM_ModelTwo2DBaseH
 #define EM_ModelTwo2DBaseH
 
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -65,23 +66,33 @@ public:
 	*/
 	virtual std::vector<ModelParameter> parameterDescriptions() const = 0;
 
-	/*! Reads the two input series from two output containers and calculates the result.
-		The containers must hold time series with one value per time point. Loading values
-		changes a container, hence the non-const pointers.
+	/*! Column number that selects the one value per time point of a container instead of a
+		column of a reference collection.
 	*/
-	void calculate(DATAIO::DataIO * first, DATAIO::DataIO * second, ZEB::UnitVector & x, ZEB::UnitVector & y);
+	static constexpr std::uint32_t SINGLE_VALUE = 0xFFFFFFFFu;
+
+	/*! Reads the two input series from two output containers (each a single-value time series,
+		or a column of a reference collection given by its number, see seriesFromDataIO()) and
+		calculates the result. Loading values changes a container, hence the non-const pointers.
+	*/
+	void calculate(DATAIO::DataIO * first, std::uint32_t firstColumn, DATAIO::DataIO * second,
+				   std::uint32_t secondColumn, ZEB::UnitVector & x, ZEB::UnitVector & y);
 
 	/*! Calculates the result series (x: time points or, for a parametric function, the first
 		input's values; y: the result values) from two plain series. An empty common time grid
-		gives empty x and y and no error.
+		gives empty x and y and no error. Absent input values (NaN) are skipped: each input with
+		gaps is reported once as a warning with their count, and result points whose inputs
+		are absent are absent themselves (see unifiedData() and each model).
 	*/
 	void calculate(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y);
 
-	/*! The series of one output container; validates the container as input number index
-		(1 or 2) and reports faults with the messages of unifiedData(). An unknown unit name
-		gives an undefined unit.
+	/*! The series of one output container, validated as input number index (1 or 2) with the
+		messages of unifiedData(). With column SINGLE_VALUE the container must hold one value
+		per time point; otherwise it must be a reference collection with a column of this number
+		(as its header lists it), whose values and own unit are taken. An unknown unit name gives
+		an undefined unit; gaps stay NaN.
 	*/
-	static TimeSeries seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index);
+	static TimeSeries seriesFromDataIO(DATAIO::DataIO & dataIO, unsigned int index, std::uint32_t column = SINGLE_VALUE);
 
 	const ZEB::Unit & temperatureUnit() const { return m_temperatureUnit; }
 	const ZEB::Unit & humidityUnit() const { return m_humidityUnit; }
@@ -94,9 +105,10 @@ protected:
 
 	/*! Aligns the units of both inputs and resamples them onto the common grid with the given
 		step (in model time units): grid points, temperatures in the temperature unit and
-		relative humidities in the humidity unit. The grid runs from the later of the two first
-		time points to at most the earlier of the two last ones; inputs that do not overlap give
-		an empty grid.
+		relative humidities in the humidity unit (a humidity without unit, "-", is a fraction).
+		The grid runs from the later of the two first present values to at most the earlier of
+		the two last ones; inputs that do not overlap give an empty grid. A grid point in an
+		interval next to an absent input value is absent (NaN): gaps are not bridged.
 	*/
 	void unifiedData(const TimeSeries & first, const TimeSeries & second, std::vector<double> & grid,
 					 std::vector<double> & temperature, std::vector<double> & humidity, double step) const;
@@ -150,7 +162,8 @@ protected:
 	/*! The period parameters as text, "TSH <shift> TSD <first day> TED <last day>". */
 	static std::string periodParameterText(const ModelPeriod & period);
 	/*! Replaces each value by the mean of the last window values up to and including it (fewer
-		at the start of the series). A window of 1 or less leaves the values unchanged.
+		at the start of the series); a mean over a window with an absent value (NaN) is absent.
+		A window of 1 or less leaves the values unchanged.
 	*/
 	static void trailingMean(std::vector<double> & values, double window);
 

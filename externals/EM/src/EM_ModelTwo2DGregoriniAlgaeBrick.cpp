@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -169,6 +170,9 @@ void ModelTwo2DGregoriniAlgaeBrick::dailyCoverage(const std::vector<double> & T,
 		Xmax[j] = maxCoverage;
 		const double previous = X[j-1];
 		X[j] = previous;
+		// a day without climate is skipped: the coverage stays
+		if (std::isnan(temperature) || std::isnan(RH[j-1]))
+			continue;
 		const bool growing = t > t1 && RH[j-1] >= MIN_GROWTH_HUMIDITY
 				&& temperature >= MIN_GROWTH_TEMPERATURE && temperature <= MAX_GROWTH_TEMPERATURE;
 		if (!growing || previous >= maxCoverage || !(rate > 0))
@@ -203,10 +207,13 @@ void ModelTwo2DGregoriniAlgaeBrick::compute(const TimeSeries & first, const Time
 		}
 		std::vector<double> X, Xmax;
 		dailyCoverage(dailyT, dailyRH, X, Xmax);
+		// a day without climate has no result
+		const double absent = std::numeric_limits<double>::quiet_NaN();
 		for (std::size_t j = 0; j < X.size(); ++j) {
+			const bool gap = j > 0 && (std::isnan(dailyT[j-1]) || std::isnan(dailyRH[j-1]));
 			x.m_data.push_back(grid.front() + static_cast<double>(j));
-			y.m_data.push_back(100 * X[j]);
-			maximum.push_back(100 * Xmax[j]);
+			y.m_data.push_back(gap ? absent : 100 * X[j]);
+			maximum.push_back(gap ? absent : 100 * Xmax[j]);
 		}
 	}
 	m_maximumCoverage.swap(maximum);

@@ -1,7 +1,9 @@
 #include "EM_ModelTwo2DIsopleth.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <limits>
 
 #include <ZEB_Exception.h>
 #include <ZEB_UnitVector.h>
@@ -142,6 +144,15 @@ void ModelTwo2DIsopleth::compute(const TimeSeries & first, const TimeSeries & se
 		const double t = grid[k] + m_period.m_timeShiftHours;
 		if (!m_period.contains(t))
 			continue;
+		// an hour without climate counts for no line, ends a risk period and has no result
+		if (std::isnan(T[k]) || std::isnan(RH[k])) {
+			run = 0;
+			temperatures.push_back(T[k]);
+			humidities.push_back(RH[k]);
+			x.m_data.push_back(t);
+			y.m_data.push_back(std::numeric_limits<double>::quiet_NaN());
+			continue;
+		}
 		for (std::size_t l = 0; l < m_lines.size(); ++l)
 			if (m_lines[l].isReached(T[k], RH[k]))
 				hoursAbove[l] += STEP_HOURS;

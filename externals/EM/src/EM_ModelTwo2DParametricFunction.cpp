@@ -70,6 +70,8 @@ void ModelTwo2DParametricFunction::compute(const TimeSeries & first, const TimeS
 			continue;
 		if (m_threshold > 0 && RH[k] < m_threshold)
 			continue;
+		// a gap stays absent (NaN): the curve breaks there instead of joining the climate before
+		// and after it
 		x.m_data.push_back(T[k]);
 		y.m_data.push_back(RH[k]);
 	}

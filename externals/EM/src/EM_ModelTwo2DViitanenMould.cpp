@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <ZEB_Exception.h>
 #include <ZEB_Math.h>
@@ -122,9 +123,18 @@ void ModelTwo2DViitanenMould::mouldIndex(const std::vector<double> & T, const st
 
 	double m = 0;
 	unsigned int unfavourableHours = 0;
+	// an hour without climate is skipped: the index and the count of unfavourable hours stay,
+	// and the hour has no index
+	const double absent = std::numeric_limits<double>::quiet_NaN();
+	if (std::isnan(T[0]) || std::isnan(RH[0]))
+		M[0] = absent;
 	for (std::size_t i = 1; i < n; ++i) {
 		const double t = T[i];
 		const double rh = RH[i];
+		if (std::isnan(t) || std::isnan(rh)) {
+			M[i] = absent;
+			continue;
+		}
 		const double rhCrit = rhCritical(t, rhMin);
 
 		// the first unfavourable hour counts as 1, so the fast decline lasts five hours

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <ZEB_Exception.h>
 #include <ZEB_UnitVector.h>
@@ -80,6 +81,11 @@ void ModelTwo2DViitanenWoodDegradation::massLoss(const std::vector<double> & t, 
 		const double dh = (t[i] - t[i-1]) * 24;
 		const double ti = T[i];
 		const double rhi = RH[i];
+		// an hour without climate is skipped: activation and mass loss stay, the hour has none
+		if (std::isnan(ti) || std::isnan(rhi)) {
+			L[i] = std::numeric_limits<double>::quiet_NaN();
+			continue;
+		}
 		double a = activation;
 		if (ti > 0 && rhi > 95)
 			a += dh / criticalTime(ti, rhi);

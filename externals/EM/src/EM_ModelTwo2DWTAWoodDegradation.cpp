@@ -76,8 +76,10 @@ void ModelTwo2DWTAWoodDegradation::compute(const TimeSeries & first, const TimeS
 	unsigned int count = 0;
 	double sumT = 0;
 	double sumRH = 0;
+	// a day with an hour without climate has no mean, like a day cut by the period
+	bool gap = false;
 	auto closeDay = [&]() {
-		if (count == HOURS_PER_DAY) {
+		if (count == HOURS_PER_DAY && !gap) {
 			const double meanT = sumT / HOURS_PER_DAY;
 			const double meanRH = sumRH / HOURS_PER_DAY;
 			const bool above = m_limit.isReached(meanT, meanRH);
@@ -91,6 +93,7 @@ void ModelTwo2DWTAWoodDegradation::compute(const TimeSeries & first, const TimeS
 		count = 0;
 		sumT = 0;
 		sumRH = 0;
+		gap = false;
 	};
 	for (std::size_t k = 0; k < grid.size(); ++k) {
 		double hours = grid[k] * 24 + m_period.m_timeShiftHours;
@@ -103,6 +106,7 @@ void ModelTwo2DWTAWoodDegradation::compute(const TimeSeries & first, const TimeS
 			closeDay();
 		day = d;
 		++count;
+		gap = gap || std::isnan(T[k]) || std::isnan(RH[k]);
 		sumT += T[k];
 		sumRH += RH[k];
 	}

@@ -1,6 +1,7 @@
 #ifndef EM_TimeSeriesH
 #define EM_TimeSeriesH
 
+#include <string>
 #include <vector>
 
 #include <ZEB_Unit.h>
@@ -20,8 +21,9 @@ struct TimeSeries {
 
 	std::vector<double>	m_time;			///< time points, strictly increasing
 	ZEB::Unit			m_timeUnit;		///< unit of the time points (undefined when unknown)
-	std::vector<double>	m_values;		///< one value per time point
+	std::vector<double>	m_values;		///< one value per time point; NaN where the value is absent (a gap)
 	ZEB::Unit			m_valueUnit;	///< unit of the values (undefined when unknown)
+	std::string			m_name;			///< the data set's name in messages (may be empty)
 };
 
 } // namespace EM

@@ -303,6 +303,28 @@ TEST(EMExtractorBase, ReferenceColumn) {
 	EXPECT_EQ(ref->x().m_data, std::vector<double>({ 0, 1 }));
 	EXPECT_EQ(ref->y().m_data, std::vector<double>({ 2, 5 }));
 
+	// a data file reader's collection: each column has its own quantity and unit, and a gap
+	d.setColumnProperties({ "Supply", "Room", "Exhaust" }, { "kg/s", "C", "kg/h" });
+	d.setData({ 0, 60 }, { { 1, 20, 3 }, { 4, NaN, 6 } });
+	std::unique_ptr<EM::ExtractorBase> room = EM::ExtractorFactory::createExtractor(&d, EM::CT_NoCut, nullptr, 7);
+	std::unique_ptr<EM::ExtractorBase> exhaust = EM::ExtractorFactory::createExtractor(&d, EM::CT_NoCut, nullptr, 5);
+	EXPECT_EQ(room->targetValueUnit(), ZEB::Unit("C"));
+	EXPECT_EQ(exhaust->axisUnitFromDataIO(1), ZEB::Unit("kg/h"));
+	room->setTargetValueUnit(ZEB::Unit("K"));
+	exhaust->setTargetValueUnit(ZEB::Unit("kg/s"));
+	room->update();
+	exhaust->update();
+	EXPECT_EQ(room->information(EM::ExtractorBase::IT_Name, EM::ExtractorBase::ODT_Y), "Room");
+	const ZEB::UnitVector & roomY = dynamic_cast<EM::Extractor2DOutputBase &>(*room).y();
+	ASSERT_EQ(roomY.size(), 2u);
+	EXPECT_DOUBLE_EQ(roomY[0], 293.15);
+	EXPECT_TRUE(std::isnan(roomY[1]));
+	EXPECT_EQ(dynamic_cast<EM::Extractor2DOutputBase &>(*exhaust).y().m_data, std::vector<double>({ 3/3600.0, 6/3600.0 }));
+	// a column's unit is checked against the target, not the container's
+	exhaust->setTargetValueUnit(ZEB::Unit("C"));
+	exhaust->update();
+	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Incompatible value units in DataIO and Extractor: kg/h <-> C.", "[ExtractorBase::canUpdate]"));
+
 	EM::Extractor2DFromReference missing(&d, 4);
 	setTargetUnits(missing, "s", "kg/s");
 	missing.update();
@@ -325,7 +347,8 @@ TEST(EMExtractorBase, ModelExtractorGivesTheModelsResult) {
 
 	EM::ModelTwo2DViitanenMould reference;
 	ZEB::UnitVector x, y;
-	reference.calculate(t.get(), rh.get(), x, y);
+	const std::uint32_t single = EM::ModelTwo2DBase::SINGLE_VALUE;
+	reference.calculate(t.get(), single, rh.get(), single, x, y);
 	ASSERT_GT(y.m_data.back(), 0);
 
 	std::unique_ptr<EM::ExtractorBase> e = EM::ExtractorFactory::createExtractor(t.get(), rh.get(),
@@ -338,6 +361,7 @@ TEST(EMExtractorBase, ModelExtractorGivesTheModelsResult) {
 	EXPECT_EQ(e2.x().m_data, x.m_data);
 	EXPECT_EQ(e2.y().m_data, y.m_data);
 	EXPECT_EQ(e->information(EM::ExtractorBase::IT_Name, EM::ExtractorBase::ODT_Y), reference.valueLabel());
+
 
 	// in hours and shifted by a day: the same series on another axis
 	e->setTargetXUnit(ZEB::Unit("h"));
@@ -361,10 +385,11 @@ TEST(EMExtractorBase, ModelExtractorGivesTheModelsResult) {
 	EXPECT_TRUE(dynamic_cast<EM::Extractor2DOutputBase &>(*apart).y().empty());
 
 	// one container only
-	EM::Extractor2DFromTwo2D single(std::vector<DATAIO::DataIO *>(1, t.get()), EM::Factory::createModel("VTTMouldModel"));
-	setTargetUnits(single, "d", "-");
-	single.update();
-	EXPECT_EQ(single.status(), EM::ExtractorBase::US_Waiting);
+	EM::Extractor2DFromTwo2D one(std::vector<DATAIO::DataIO *>(1, t.get()), EM::Factory::createModel("VTTMouldModel"),
+								 { single, single });
+	setTargetUnits(one, "d", "-");
+	one.update();
+	EXPECT_EQ(one.status(), EM::ExtractorBase::US_Waiting);
 	EXPECT_TRUE(rec.has(ZEB::MSG_ERROR, "Extractor2DFromTwo2D needs exactly 2 DataIO container.", "[Extractor2DFromTwo2D::canUpdate]"));
 
 	// two temperatures: the model refuses them, the update reports it

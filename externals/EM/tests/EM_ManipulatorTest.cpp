@@ -34,6 +34,13 @@ TEST(EMManipulator, ValuesAndOrder) {
 	diff.apply(x, y);
 	EXPECT_EQ(y.m_data, (std::vector<double>{ 0, 2, -1 }));
 	EXPECT_EQ(x.m_data, (std::vector<double>{ 0, 1, 2 }));
+	// gaps stay gaps; a series that starts with one is measured from its first present value
+	const double gap = std::nan("");
+	makeSeries({ gap, gap, 5, gap, 7 }, x, y);
+	diff.apply(x, y);
+	EXPECT_TRUE(std::isnan(y[0]) && std::isnan(y[1]) && std::isnan(y[3]));
+	EXPECT_EQ(y[2], 0);
+	EXPECT_EQ(y[4], 2);
 
 	// (the order of several manipulators is checked through an extractor)
 	EM::Manipulator2DScaling scaling;

@@ -15,6 +15,7 @@
 #include <EM_ModelTwo2DBase.h>
 #include <EM_ModelTwo2DViitanenMould.h>
 
+#include "EM_ExtractorTestUtils.h"
 #include "EM_TestUtils.h"
 
 using EMTest::constantSeries;
@@ -235,6 +236,10 @@ TEST(EMModelBase, InputFaults) {
 	// two temperatures, or a quantity that is neither
 	expectError([&]() { model.calculate(t, t, x, y); },
 				"Expected a temperature and a relative humidity, but the value units of the data sets are 'C' and 'C'.", where);
+	// a humidity without unit is read as a fraction, and one above 1 is none
+	EM::TimeSeries noFraction = constantSeries(48, 90, "-");
+	expectError([&]() { model.calculate(t, noFraction, x, y); }, "Relative humidity of data set 2 has no unit ('-') and "
+				"is read as a fraction from 0 to 1, but it holds the value 90.", where);
 	EM::TimeSeries mass = constantSeries(48, 1, "kg");
 	expectError([&]() { model.calculate(mass, rh, x, y); },
 				"Expected a temperature and a relative humidity, but the value units of the data sets are 'kg' and '%'.", where);
@@ -243,9 +248,9 @@ TEST(EMModelBase, InputFaults) {
 	EM::TimeSeries unsorted = rh;
 	std::swap(unsorted.m_time[3], unsorted.m_time[4]);
 	expectError([&]() { model.calculate(t, unsorted, x, y); }, "Invalid time points or values in data set 2.", where);
-	EM::TimeSeries withNaN = t;
-	withNaN.m_values[7] = std::nan("");
-	expectError([&]() { model.calculate(rh, withNaN, x, y); }, "Invalid time points or values in data set 2.", where);
+	EM::TimeSeries infinite = t;
+	infinite.m_values[7] = HUGE_VAL;
+	expectError([&]() { model.calculate(rh, infinite, x, y); }, "Invalid time points or values in data set 2.", where);
 
 	// a grid far too large for memory
 	EM::TimeSeries longT = constantSeries(2, 20, "C", 1e12, "a");
@@ -267,36 +272,40 @@ TEST(EMModelBase, InputFaults) {
 TEST(EMModelBase, Containers) {
 	EM::ModelTwo2DViitanenMould model;
 	const char * const where = "[ModelTwo2DBase::unifiedData]";
+	const std::uint32_t single = EM::ModelTwo2DBase::SINGLE_VALUE;
 	EM::TimeSeries t = constantSeries(72, 25, "C");
 	EM::TimeSeries rh = constantSeries(72, 95, "%");
 	std::unique_ptr<DATAIO::DataIO> dT = container(t);
 	std::unique_ptr<DATAIO::DataIO> dRH = container(rh);
 	ZEB::UnitVector x, y, xRef, yRef;
+	const auto calc = [&](DATAIO::DataIO * a, DATAIO::DataIO * b) { model.calculate(a, single, b, single, x, y); };
 
 	model.calculate(t, rh, xRef, yRef);
-	model.calculate(dRH.get(), dT.get(), x, y);
+	calc(dRH.get(), dT.get());
 	EXPECT_EQ(x.m_data, xRef.m_data);
 	EXPECT_EQ(y.m_data, yRef.m_data);
 	EXPECT_EQ(y.m_unit, ZEB::Unit("-"));
 
-	expectError([&]() { model.calculate(nullptr, dT.get(), x, y); }, "At least one dataio object not valid", where);
-	expectError([&]() { model.calculate(dT.get(), nullptr, x, y); }, "At least one dataio object not valid", where);
+	expectError([&]() { calc(nullptr, dT.get()); }, "At least one dataio object not valid", where);
+	expectError([&]() { calc(dT.get(), nullptr); }, "At least one dataio object not valid", where);
 
 	std::unique_ptr<DATAIO::DataIO> field = container(t, 3, DATAIO::DataIO::DF_3D);
 	std::unique_ptr<DATAIO::DataIO> columns = container(t, 2, DATAIO::DataIO::DF_2D);
-	expectError([&]() { model.calculate(field.get(), dRH.get(), x, y); }, "Data set 1 is not 2D", where);
-	expectError([&]() { model.calculate(columns.get(), dRH.get(), x, y); }, "Data set 1 is not a single-value 2D", where);
-	expectError([&]() { model.calculate(dT.get(), field.get(), x, y); }, "Data set 2 is not 2D", where);
-	expectError([&]() { model.calculate(dT.get(), columns.get(), x, y); }, "Data set 2 is not a single-value 2D", where);
+	expectError([&]() { calc(field.get(), dRH.get()); }, "Data set 1 is not 2D", where);
+	expectError([&]() { calc(columns.get(), dRH.get()); }, "Data set 1 is not a single-value 2D", where);
+	expectError([&]() { calc(dT.get(), field.get()); }, "Data set 2 is not 2D", where);
+	expectError([&]() { calc(dT.get(), columns.get()); }, "Data set 2 is not a single-value 2D", where);
+	// a column is only picked from a reference collection
+	expectError([&]() { model.calculate(dT.get(), single, dRH.get(), 0, x, y); }, "Data set 2 has no column 0.", where);
 
 	// unknown unit names count as no unit
 	dT->setTimeUnit("hours");
-	expectError([&]() { model.calculate(dT.get(), dRH.get(), x, y); }, "x value unit of data set 1 is not time", where);
+	expectError([&]() { calc(dT.get(), dRH.get()); }, "x value unit of data set 1 is not time", where);
 
 	// an empty container gives an empty result
 	std::unique_ptr<DATAIO::DataIO> empty = container(constantSeries(0, 0, "%"));
 	dT->setTimeUnit("h");
-	model.calculate(dT.get(), empty.get(), x, y);
+	calc(dT.get(), empty.get());
 	EXPECT_TRUE(x.empty());
 	EXPECT_TRUE(y.empty());
 
@@ -305,8 +314,89 @@ TEST(EMModelBase, Containers) {
 	std::vector<double> time = rh.m_time;
 	std::swap(time[1], time[2]);
 	unsorted->setData(time, std::vector<std::vector<double> >(time.size(), std::vector<double>(1, 95.0)));
-	expectError([&]() { model.calculate(dT.get(), unsorted.get(), x, y); }, "Error reading values of data set 2.",
+	expectError([&]() { calc(dT.get(), unsorted.get()); }, "Error reading values of data set 2.",
 				"[ModelTwo2DBase::seriesFromDataIO]");
+}
+
+
+TEST(EMModelBase, GapsAreSkippedAndCounted) {
+	// hourly values with two absent hours (5 and 6) and an absent first hour
+	EM::TimeSeries t = constantSeries(12, 20, "C");
+	EM::TimeSeries rh = constantSeries(12, 95, "%");
+	for (std::size_t i = 0; i < 12; ++i)
+		t.m_values[i] = static_cast<double>(i);
+	t.m_values[5] = t.m_values[6] = std::nan("");
+	rh.m_values[0] = std::nan("");
+	t.m_name = "wall.csv: Temp";
+
+	// on a half-hour grid, every point in an interval that touches a gap is absent
+	GridProbe probe(0.5);
+	ZEB::UnitVector x, y;
+	EMTest::MessageRecorder rec;
+	probe.calculate(t, rh, x, y);
+	ASSERT_EQ(x.size(), 21u);
+	EXPECT_EQ(x[0], 1.0);
+	for (std::size_t k = 0; k < x.size(); ++k) {
+		const bool absent = x[k] > 4 && x[k] < 7;
+		EXPECT_EQ(std::isnan(y[k]), absent) << x[k];
+		if (!absent) {
+			EXPECT_DOUBLE_EQ(y[k], x[k]);
+		}
+	}
+	std::vector<std::string> warnings;
+	for (const EMTest::RecordedMessage & m : rec.m_messages)
+		if (m.m_type == ZEB::MSG_WARNING)
+			warnings.push_back(m.m_text);
+	EXPECT_EQ(warnings, (std::vector<std::string>{
+		"2 gaps in data set 1 'wall.csv: Temp' (missing values): the model skips the times they cover.",
+		"1 gaps in data set 2 (missing values): the model skips the times they cover." }));
+
+	// the mould index stands still through a gap and has no value there
+	EM::TimeSeries warm = constantSeries(48, 25, "C");
+	EM::TimeSeries wet = constantSeries(48, 97, "%");
+	EM::ModelTwo2DViitanenMould mould;
+	ZEB::UnitVector xFull, yFull;
+	mould.calculate(warm, wet, xFull, yFull);
+	for (std::size_t i = 10; i < 14; ++i)
+		warm.m_values[i] = std::nan("");
+	mould.calculate(warm, wet, x, y);
+	ASSERT_EQ(y.size(), yFull.size());
+	for (std::size_t i = 0; i < y.size(); ++i) {
+		if (i < 10)
+			EXPECT_EQ(y[i], yFull[i]);
+		else if (i < 14)
+			EXPECT_TRUE(std::isnan(y[i]));
+		else // growth resumes where it stood: four hours behind the series without gap
+			EXPECT_EQ(y[i], yFull[i-4]) << i;
+	}
+}
+
+
+TEST(EMModelBase, EveryModelRecoversAfterAGap) {
+	// ten wet, warm days with the fifth missing; models that average do so over a day
+	std::vector<double> T(240, 24.0), RH(240, 98.0);
+	for (std::size_t i = 96; i < 120; ++i)
+		T[i] = std::nan("");
+	const EM::TimeSeries t = EMTest::hourlySeries(T, "C");
+	const EM::TimeSeries rh = EMTest::hourlySeries(RH, "%");
+	for (const std::string & kw : EM::Factory::modelTypeKeywords()) {
+		std::unique_ptr<EM::ModelTwo2DBase> model = EM::Factory::createModel(kw);
+		for (const EM::ModelParameter & p : model->parameterDescriptions())
+			if (std::string(p.m_key) == "TAH")
+				model->setFromParameter("TAH 24");
+		ZEB::UnitVector x, y;
+		model->calculate(t, rh, x, y);
+		ASSERT_FALSE(y.empty()) << kw;
+		std::size_t present = 0;
+		for (std::size_t i = 0; i < y.size(); ++i) {
+			EXPECT_FALSE(std::isinf(y[i])) << kw;
+			if (!std::isnan(y[i]) && !std::isnan(x[i]))
+				++present;
+		}
+		// more than the days before the gap have a result: the gap did not end the calculation
+		EXPECT_GT(present, kw == "WTAWoodDegradationModel" || kw == "AlgaeGrowModelBrick" ? 5u : 120u) << kw;
+		EXPECT_FALSE(std::isnan(y.m_data.back()) || std::isnan(x.m_data.back())) << kw;
+	}
 }
 
 

@@ -9,6 +9,10 @@
 
 #include <DATAIO_DataIO.h>
 
+#include <EM_Extractor2DFromReference.h>
+#include <EM_Extractor2DFromTwo2D.h>
+#include <EM_ModelTwo2DBase.h>
+
 #include <QPB_CoordinateIndexType.h>
 #include <QPB_EnumType.h>
 #include <QPB_NumberType.h>
@@ -30,6 +34,25 @@
 namespace OVP {
 
 namespace {
+
+/*! "quantity [unit]" of input k of an entry: the values read from it, so that a column of a data
+	file reader's collection shows its own quantity and unit rather than the collection's.
+*/
+QString quantityText(const Mapper::ExtractorEntry & entry, std::size_t k) {
+	const DATAIO::DataIO & dataIO = *entry.m_dataIOs[k];
+	const EM::ExtractorBase & extractor = *entry.m_extractor;
+	std::uint32_t column = EM::ModelTwo2DBase::SINGLE_VALUE;
+	if (const EM::Extractor2DFromReference * reference = dynamic_cast<const EM::Extractor2DFromReference *>(&extractor))
+		column = reference->column();
+	else if (const EM::Extractor2DFromTwo2D * model = dynamic_cast<const EM::Extractor2DFromTwo2D *>(&extractor))
+		column = model->column(k);
+	std::string quantity = dataIO.quantity();
+	const std::vector<std::uint32_t> & nums = dataIO.nums();
+	const std::size_t position = static_cast<std::size_t>(std::find(nums.begin(), nums.end(), column) - nums.begin());
+	if (column != EM::ModelTwo2DBase::SINGLE_VALUE && dataIO.hasColumnProperties() && position < nums.size())
+		quantity = dataIO.columnQuantity(position);
+	return QString("%1 [%2]").arg(QString::fromStdString(quantity), QString::fromStdString(extractor.valueUnitName(k)));
+}
 
 typedef ManipulatorOptions MO;
 
@@ -238,8 +261,7 @@ void DataSetPropertyPage::showValues(const DataSetSetup & setup, const DataSetCh
 	for (std::size_t k = 0; k < m_fileRows.size() && k < entry.m_dataIOs.size(); ++k) {
 		const DATAIO::DataIO & dataIO = *entry.m_dataIOs[k];
 		m_fileRows[k]->setValue(QDir::toNativeSeparators(QString::fromStdString(dataIO.filename())));
-		m_quantityRows[k]->setValue(QString("%1 [%2]").arg(QString::fromStdString(dataIO.quantity()),
-															QString::fromStdString(dataIO.valueUnit())));
+		m_quantityRows[k]->setValue(quantityText(entry, k));
 	}
 	if (m_dataSetRow != nullptr)
 		m_dataSetRow->setValue(QString::fromStdString(Mapper::referenceDataSetName(entry)));

@@ -10,7 +10,8 @@ bool DataSetSetup::usesIndex(unsigned int dimension) const {
 
 
 bool DataSetSetup::operator==(const DataSetSetup & other) const {
-	if (m_fileNames != other.m_fileNames || m_column != other.m_column || m_cutType != other.m_cutType
+	if (m_fileNames != other.m_fileNames || m_column != other.m_column || m_column2 != other.m_column2
+		|| m_cutType != other.m_cutType
 		|| m_manipulators != other.m_manipulators || m_modelType != other.m_modelType
 		|| m_modelParameters != other.m_modelParameters)
 		return false;

@@ -25,8 +25,12 @@ struct DataSetSetup {
 
 	/*! The files read: one, or two (temperature and relative humidity) for a model. */
 	QStringList									m_fileNames;
-	/*! Column number of a reference output, as the header lists it; unused otherwise. */
+	/*! Column number of a reference output, as the header lists it; unused otherwise. Of a
+		model: the column of the first file.
+	*/
 	std::uint32_t								m_column = 0;
+	/*! Of a model: the column of the second file when it is a reference output. */
+	std::uint32_t								m_column2 = 0;
 	/*! The cut type; EM::CT_NoCut for time series and models. */
 	EM::CutType									m_cutType = EM::CT_NoCut;
 	/*! Selected index of each dimension (EM::CutDimension) the cut type fixes; the others and,

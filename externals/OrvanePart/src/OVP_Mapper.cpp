@@ -154,6 +154,18 @@ std::string modelParameterText(const DataSetSetup & setup, const char * function
 	}
 }
 
+/*! Throws, with the function id, when a reference output has no data set in the column (the
+	number its header lists); other outputs pass.
+*/
+void checkReferenceColumn(const DATAIO::DataIO & dataIO, std::uint32_t column, const char * functionId) {
+	if (dataIO.type() != DATAIO::DataIO::T_REFERENCE)
+		return;
+	const std::vector<std::uint32_t> & columns = dataIO.nums();
+	if (std::find(columns.begin(), columns.end(), column) == columns.end())
+		throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.").arg(dataIO.filename()).arg(column),
+							 functionId);
+}
+
 /*! Sets an axis unit through the model's base implementation, which does not touch the
 	extractors.
 */
@@ -174,6 +186,10 @@ struct Mapper::ExtractorDefinition {
 	bool											m_hasDataFormat = false;
 	DATAIO::DataIO::DataFormat						m_dataFormat = DATAIO::DataIO::NUM_DF;
 	std::uint32_t									m_column = 0;
+	bool											m_hasColumn = false;
+	/*! The column of the second file of a model. */
+	std::uint32_t									m_column2 = 0;
+	bool											m_hasColumn2 = false;
 	bool											m_hasModel = false;
 	std::string										m_modelType;
 	std::string										m_modelParameter;
@@ -318,6 +334,11 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 		setup.m_manipulators.emplace_back(m->typeKeyword(), m->parameter());
 	const EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<const EM::Extractor2DFromTwo2D *>(&extractor);
 	if (twoFiles != nullptr) {
+		// a file read as a whole keeps the column a reference data set would start with
+		if (twoFiles->column(0) != EM::ModelTwo2DBase::SINGLE_VALUE)
+			setup.m_column = twoFiles->column(0);
+		if (twoFiles->column(1) != EM::ModelTwo2DBase::SINGLE_VALUE)
+			setup.m_column2 = twoFiles->column(1);
 		setup.m_modelType = twoFiles->model().typeKeyword();
 		std::istringstream text(twoFiles->model().parameter());
 		std::string key;
@@ -343,8 +364,8 @@ Mapper::PreparedSetup Mapper::prepareDataSetSetup(unsigned int index, const Data
 	const std::string modelParameter = withModel ? modelParameterText(setup, FUNC_ID) : std::string();
 
 	std::vector<DataSet> dataSets;
-	for (const QString & fileName : setup.m_fileNames)
-		dataSets.push_back(DataSet{ fileName, setup.m_column, setup.m_cutType });
+	for (int i = 0; i < setup.m_fileNames.size(); ++i)
+		dataSets.push_back(DataSet{ setup.m_fileNames[i], i == 0 ? setup.m_column : setup.m_column2, setup.m_cutType });
 	for (unsigned int d = 0; d < EM::NUM_CD && !withModel; ++d)
 		if (EM::CutTypes::isCut(setup.m_cutType, d))
 			dataSets.front().m_cutIndices.emplace_back(d, setup.usesIndex(d) ? setup.m_cutIndices[d]
@@ -387,24 +408,23 @@ void Mapper::checkSetupFiles(const DataSetSetup & setup, const ExtractorEntry & 
 	if (setup.m_fileNames.size() != (withModel ? 2 : 1))
 		throw ZEB::Exception(withModel ? "A model combines two data files." : "A data set without model reads one data file.",
 							 FUNC_ID);
-	for (const QString & fileName : setup.m_fileNames) {
+	for (int i = 0; i < setup.m_fileNames.size(); ++i) {
+		const QString & fileName = setup.m_fileNames[i];
+		const std::uint32_t column = i == 0 ? setup.m_column : setup.m_column2;
 		const std::shared_ptr<DATAIO::DataIO> dataIO = m_dataManager.container(fileName);
 		if (dataIO->dataFormat() != old.m_dataFormat)
 			throw formatMismatch(dataIO->dataFormat(), old.m_dataFormat, FUNC_ID);
-		if (withModel)
+		if (withModel) {
+			checkReferenceColumn(*dataIO, column, FUNC_ID);
 			continue;
+		}
 		const std::vector<EM::CutType> valid = EM::ExtractorFactory::validCutTypes(dataIO->dataFormat(), dataIO->type(),
 																				   old.m_extractor->outputKind());
 		if (std::find(valid.begin(), valid.end(), setup.m_cutType) == valid.end())
 			throw ZEB::Exception(ZEB::MessageFormat("Cut type '%1' is not valid for data format '%2' in this chart.")
 								 .arg(EM::CutTypes::keyword(setup.m_cutType))
 								 .arg(DATAIO::DataIO::dataFormatText(dataIO->dataFormat())), FUNC_ID);
-		if (dataIO->type() == DATAIO::DataIO::T_REFERENCE) {
-			const std::vector<std::uint32_t> & columns = dataIO->nums();
-			if (std::find(columns.begin(), columns.end(), setup.m_column) == columns.end())
-				throw ZEB::Exception(ZEB::MessageFormat("File '%1' has no data set in column %2.")
-									 .arg(fileName.toStdString()).arg(setup.m_column), FUNC_ID);
-		}
+		checkReferenceColumn(*dataIO, column, FUNC_ID);
 	}
 }
 
@@ -659,6 +679,11 @@ void Mapper::readExtractorDefinition(const TiXmlElement * element, const QString
 		}
 		else if (name == "ColumnIndex") {
 			def.m_column = parseIndex(text, name, FUNC_ID);
+			def.m_hasColumn = true;
+		}
+		else if (name == "ColumnIndex2") {
+			def.m_column2 = parseIndex(text, name, FUNC_ID);
+			def.m_hasColumn2 = true;
 		}
 		else if (name == "ModelType") {
 			if (text != MODEL_TYPE_TWO_2D)
@@ -726,8 +751,10 @@ Mapper::ExtractorEntry Mapper::createExtractorEntry(ExtractorDefinition & def) c
 			entry.m_dataIOs.push_back(m_dataManager.container(def.m_fileName2));
 			std::unique_ptr<EM::ModelTwo2DBase> model = createModel(def.m_modelType);
 			model->setFromParameter(def.m_modelParameter);
-			entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), entry.m_dataIOs[1].get(),
-																	  std::move(model));
+			// sessions written before models read columns name none: each file's single value
+			const std::uint32_t single = EM::ModelTwo2DBase::SINGLE_VALUE;
+			entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), def.m_hasColumn ? def.m_column : single,
+				entry.m_dataIOs[1].get(), def.m_hasColumn2 ? def.m_column2 : single, std::move(model));
 		}
 		else {
 			entry.m_extractor = createExtractor(entry.m_dataIOs[0].get(), def.m_dataFormat, def.m_cutType, def.m_column);
@@ -797,6 +824,10 @@ void Mapper::writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry,
 
 	const EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<const EM::Extractor2DFromTwo2D *>(&extractor);
 	if (twoFiles != nullptr) {
+		if (twoFiles->column(0) != EM::ModelTwo2DBase::SINGLE_VALUE)
+			appendTextElement(e, "ColumnIndex", std::to_string(twoFiles->column(0)));
+		if (twoFiles->column(1) != EM::ModelTwo2DBase::SINGLE_VALUE)
+			appendTextElement(e, "ColumnIndex2", std::to_string(twoFiles->column(1)));
 		TiXmlElement * model = appendTextElement(e, "ModelType", MODEL_TYPE_TWO_2D);
 		model->SetAttribute("type", twoFiles->model().typeKeyword());
 		model->SetAttribute("Parameter", twoFiles->model().parameter());
@@ -1067,17 +1098,24 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 		entry.m_title = dataSet.empty() ? QString(DEFAULT_SERIES_TITLE) : QString::fromStdString(dataSet);
 	}
 	else if (dataSets.size() == 2 && !modelType.empty()) {
-		for (const DataSet & ds : dataSets) {
-			entry.m_dataIOs.push_back(m_dataManager.container(ds.m_fileName));
-			if (entry.m_dataIOs.back()->dataFormat() != DATAIO::DataIO::DF_2D)
+		// a data set of a reference collection is one of its columns, any other the file's single value
+		std::uint32_t columns[2] = { EM::ModelTwo2DBase::SINGLE_VALUE, EM::ModelTwo2DBase::SINGLE_VALUE };
+		for (std::size_t i = 0; i < 2; ++i) {
+			entry.m_dataIOs.push_back(m_dataManager.container(dataSets[i].m_fileName));
+			const DATAIO::DataIO & dataIO = *entry.m_dataIOs.back();
+			if (dataIO.dataFormat() != DATAIO::DataIO::DF_2D)
 				throw ZEB::Exception("Invalid data format type", FUNC_ID);
+			if (dataIO.type() == DATAIO::DataIO::T_REFERENCE) {
+				checkReferenceColumn(dataIO, dataSets[i].m_column, FUNC_ID);
+				columns[i] = dataSets[i].m_column;
+			}
 		}
 		entry.m_dataFormat = DATAIO::DataIO::DF_2D;
 		std::unique_ptr<EM::ModelTwo2DBase> model = createModel(modelType);
 		model->setFromParameter(modelParameter);
 		entry.m_title = defaultModelTitle(*model);
-		entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), entry.m_dataIOs[1].get(),
-																  std::move(model));
+		entry.m_extractor = EM::ExtractorFactory::createExtractor(entry.m_dataIOs[0].get(), columns[0],
+			entry.m_dataIOs[1].get(), columns[1], std::move(model));
 	}
 	else {
 		throw ZEB::Exception("Invalid data format type", FUNC_ID);

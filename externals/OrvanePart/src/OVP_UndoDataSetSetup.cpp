@@ -56,7 +56,8 @@ QString UndoDataSetSetup::changeText(const DataSetSetup & oldSetup, const DataSe
 	const bool modelChanged = oldSetup.m_modelType != newSetup.m_modelType;
 	// a new cut type brings its own indices, a new model its own parameters
 	const std::vector<std::pair<bool, QString> > changes = {
-		{ oldSetup.m_fileNames != newSetup.m_fileNames || oldSetup.m_column != newSetup.m_column,
+		{ oldSetup.m_fileNames != newSetup.m_fileNames || oldSetup.m_column != newSetup.m_column
+		  || oldSetup.m_column2 != newSetup.m_column2,
 		  tr("change data file of '%1'") },
 		{ cutTypeChanged, tr("change cut type of '%1'") },
 		{ !cutTypeChanged && indexChanged(EM::CD_Time), tr("change time point of '%1'") },

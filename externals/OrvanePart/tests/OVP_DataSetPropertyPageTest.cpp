@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QUndoStack>
 
+#include <DATAIO_DataIO.h>
+
 #include <EM_ExtractorBase.h>
 
 #include <QPB_Property.h>
@@ -100,6 +102,16 @@ TEST_F(DataSetPropertyPageTest, RowsOfAProfileAGridAndAModel) {
 		"Material class (1..4): 2 (bold)", "Sensitivity class (1..4): 1", "Decline class (1..4): 4" }));
 	// files are shown, not edited
 	EXPECT_FALSE(edit(profile, "File", "other.out"));
+
+	// a model over two columns of a data file reader's collection shows each column's own quantity and unit
+	const QString logger = m_dir + "/logger.out";
+	writeReference(logger, { 3, 8 }, { 0, 1, 2 }, { { 20, 0.9 }, { 21, 0.95 }, { 22, 0.97 } });
+	const std::shared_ptr<DATAIO::DataIO> collection = handler().dataManager().container(logger);
+	collection->setColumnProperties({ "Temp", "RH" }, { "C", "-" });
+	OVP::DataSetPropertyPage columns(add({ DS{ logger, 8 }, DS{ logger, 3 } }, "VTTMouldModel"), 0);
+	const QStringList shown = rows(columns.properties().root());
+	EXPECT_EQ(shown.mid(2, 3), QStringList({ "Quantity 1: RH [-]", "File 2: " + QDir::toNativeSeparators(logger),
+											 "Quantity 2: Temp [C]" }));
 }
 
 

@@ -1,12 +1,19 @@
 #include "OVP_ProjectTestUtils.h"
 
+#include <cmath>
+
 #include <QFile>
 #include <QSignalSpy>
 
 #include <tinyxml.h>
 
+#include <DATAIO_DataIO.h>
+
+#include <ZEB_UnitVector.h>
+
 #include <EM_Extractor2DOutputBase.h>
 #include <EM_ExtractorBase.h>
+#include <EM_ModelTwo2DViitanenMould.h>
 
 #include <Sci_AbstractLineSeriesModel.h>
 #include <Sci_Chart.h>
@@ -369,4 +376,68 @@ TEST_F(MapperTest, DataManagerSharesFilesAndGeometry) {
 	EXPECT_GT(dm.revision(a.get()), revision);
 	EXPECT_EQ(a->nums().size(), 2u);
 	EXPECT_EQ(a->dataFormat(), DATAIO::DataIO::DF_3D);
+}
+
+
+TEST_F(MapperTest, ModelOverTwoColumnsOfOneCollection) {
+	// a logger's collection as a data file reader leaves it: its own unit per column, a gap
+	const QString path = m_dir + "/logger.out";
+	std::vector<double> time;
+	std::vector<std::vector<double> > rows;
+	EM::TimeSeries t, rh;
+	for (int i = 0; i < 24*10; ++i) {
+		time.push_back(i);
+		rows.push_back({ 21 + std::sin(0.2*i), 0.96 });
+	}
+	rows[100][0] = std::nan("");
+	writeReference(path, { 3, 8 }, time, rows);
+	OVP::DataManager & dm = handler().dataManager();
+	// held open here, so that the mappers share it with its column properties
+	const std::shared_ptr<DATAIO::DataIO> collection = dm.container(path);
+	collection->setColumnProperties({ "Temp", "RH" }, { "C", "-" });
+	for (std::size_t i = 0; i < rows.size(); ++i) {
+		t.m_values.push_back(rows[i][0]);
+		rh.m_values.push_back(rows[i][1] * 100);
+	}
+	t.m_time = rh.m_time = time;
+	t.m_timeUnit = rh.m_timeUnit = ZEB::Unit("h");
+	t.m_valueUnit = ZEB::Unit("C");
+	rh.m_valueUnit = ZEB::Unit("%");
+	EM::ModelTwo2DViitanenMould expected;
+	ZEB::UnitVector x, y;
+	expected.calculate(t, rh, x, y);
+	ASSERT_GT(y.m_data.back(), 0.1);
+
+	// humidity first: the model finds the temperature itself
+	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(dm, { { path, 8 }, { path, 3 } }, "VTTMouldModel");
+	const auto sameValues = [&](const OVP::Mapper & mapper) {
+		const OVP::SeriesLineExtractorModel & model = static_cast<const OVP::SeriesLineExtractorModel &>(*mapper.chartModel());
+		ASSERT_EQ(model.size(0), y.size());
+		for (std::size_t i = 0; i < y.size(); ++i)
+			EXPECT_TRUE(std::isnan(y[i]) ? std::isnan(model.yValues(0)[i]) : std::fabs(model.yValues(0)[i] - y[i]) < 1e-12) << i;
+	};
+	sameValues(*m);
+
+	// the session keeps both columns; read back, the model reads them again
+	TiXmlElement element("Mapper");
+	m->writeXML(&element, m_dir, false);
+	TiXmlPrinter printer;
+	element.Accept(&printer);
+	const std::string xml = printer.CStr();
+	EXPECT_NE(xml.find("<ColumnIndex>8</ColumnIndex>"), std::string::npos) << xml;
+	EXPECT_NE(xml.find("<ColumnIndex2>3</ColumnIndex2>"), std::string::npos) << xml;
+	std::unique_ptr<OVP::Mapper> back = readMapper(QString::fromStdString(xml));
+	EXPECT_EQ(back->dataSetSetup(0).m_column, 8u);
+	EXPECT_EQ(back->dataSetSetup(0).m_column2, 3u);
+	sameValues(*back);
+
+	// a single column charted on its own shows its own unit
+	std::unique_ptr<OVP::Mapper> line = OVP::Mapper::createNewMapper(dm, { { path, 8 } });
+	EXPECT_EQ(line->chartModel()->axisData(CM::LeftAxis, CM::AxisUnit).toUInt(), ZEB::Unit("-").id());
+	EXPECT_EQ(line->name(), "RH");
+	// the collection's start year puts its hours onto real dates
+	EXPECT_EQ(line->chartModel()->axisData(CM::BottomAxis, CM::AxisDateTimeZero).toDateTime(),
+			  QDateTime(QDate(2015, 1, 1), QTime(0, 0), Qt::UTC));
+	EXPECT_EQ(firstMessage([&]() { OVP::Mapper::createNewMapper(dm, { { path, 8 }, { path, 5 } }, "VTTMouldModel"); }).first,
+			  "File '" + path.toStdString() + "' has no data set in column 5.");
 }

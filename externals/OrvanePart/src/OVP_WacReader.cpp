@@ -117,8 +117,6 @@ void WacReader::read(const std::string & fileName, DATAIO::DataIO & container,
 
 	std::vector<double> timePoints;
 	std::vector<std::vector<double> > values;
-	timePoints.reserve(static_cast<std::size_t>(std::min<unsigned long>(layout.m_dataLines, 1000000)));
-	values.reserve(timePoints.capacity());
 	for (bool more = layout.m_onDataLine || lines.next(); more; more = lines.next()) {
 		const char * pos = lines.begin();
 		const char * end = lines.end();

@@ -23,12 +23,11 @@ public:
 	void read(const std::string & fileName, DATAIO::DataIO & container,
 			  ZEB::NotificationHandler * notification = nullptr) const override;
 
+private:
 	/*! Splits a header into its columns "Name [unit]": at tabs with tabs, else after each "]".
 		False when a column lacks its unit in brackets or its name.
 	*/
 	static bool splitColumns(const std::string & text, bool tabs, std::vector<std::string> & columns);
-
-private:
 	/*! Reads the header; tabs tells the generation (6: tab-separated values, 5: blank-separated).
 		Returns true when lines stands on the first data line afterwards (generation 5), false
 		when it stands on the last line of the header.

@@ -10,6 +10,10 @@
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 
+#include "OVP_CcdReader.h"
+#include "OVP_StatisticsReader.h"
+#include "OVP_WacReader.h"
+
 namespace OVP {
 
 const FileReaderRegistry & FileReaderRegistry::instance() {
@@ -19,6 +23,10 @@ const FileReaderRegistry & FileReaderRegistry::instance() {
 
 
 FileReaderRegistry::FileReaderRegistry() {
+	// climate files and statistics first: statistics files share extensions with tables
+	m_readers.emplace_back(new CcdReader);
+	m_readers.emplace_back(new WacReader);
+	m_readers.emplace_back(new StatisticsReader);
 }
 
 

@@ -10,6 +10,9 @@
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
 
+#include "OVP_LoggerReader.h"
+#include "OVP_TableReader.h"
+
 namespace OVP {
 
 const FileReaderRegistry & FileReaderRegistry::instance() {
@@ -19,6 +22,8 @@ const FileReaderRegistry & FileReaderRegistry::instance() {
 
 
 FileReaderRegistry::FileReaderRegistry() {
+	m_readers.emplace_back(new LoggerReader);
+	m_readers.emplace_back(new TableReader);
 }
 
 

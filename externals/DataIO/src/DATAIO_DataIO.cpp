@@ -932,7 +932,7 @@ void DataIO::setData(const std::vector<double> & timePoints, const std::vector<s
 }
 
 
-void DataIO::setData(std::vector<double> && timePoints, std::size_t valuesPerTimePoint, const std::vector<double> & values) {
+void DataIO::setData(std::vector<double> && timePoints, std::size_t valuesPerTimePoint, std::vector<double> && values) {
 	FUNCID(DataIO::setData);
 	if (values.size() != timePoints.size()*valuesPerTimePoint)
 		throw ZEB::Exception("Size mismatch between values and timePoints vectors.", FUNC_ID);
@@ -940,12 +940,7 @@ void DataIO::setData(std::vector<double> && timePoints, std::size_t valuesPerTim
 	m_timePoints = std::move(timePoints);
 	m_nValues = static_cast<unsigned int>(valuesPerTimePoint);
 	m_values.reset(valuesPerTimePoint);
-	m_values.resize(m_timePoints.size());
-	// one allocation for all rows, filled at once
-	if (!values.empty())
-		std::memcpy(rowForWriting(0, FUNC_ID), values.data(), values.size()*sizeof(double));
-	for (std::size_t t = 0; t < m_timePoints.size(); ++t)
-		m_values.setLoaded(t);
+	m_values.adopt(std::move(values), m_timePoints.size());
 	m_source = SRC_MEMORY;
 }
 

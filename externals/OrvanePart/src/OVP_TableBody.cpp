@@ -1,11 +1,13 @@
 #include "OVP_TableBody.h"
 
+#include <cctype>
 #include <cmath>
 #include <cstring>
 #include <limits>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
+#include <ZEB_StringUtils.h>
 
 #include <DATAIO_DataIO.h>
 #include <DATAIO_LineReader.h>
@@ -59,16 +61,20 @@ void TableBody::read(DATAIO::DataIO & container, ZEB::NotificationHandler * noti
 	const char * end;
 	std::size_t count = 0;
 	while (reader->next(begin, end)) {
+		++count;
+		if (readPlainLine(begin, end, reader->lineNumber()))
+			continue;
 		const char * b = begin;
 		const char * e = end;
 		ReaderText::trim(b, e);
-		if (b == e)
+		if (b == e) {
+			--count;
 			continue;
+		}
 		if (!TableFields::split(begin, end, m_layout.m_delimiter, m_fields))
 			throw ZEB::Exception(ZEB::MessageFormat("Line %1 of file '%2': a double quote is not closed.")
 				.arg(static_cast<unsigned long long>(reader->lineNumber())).arg(m_file.fileName()), FUNC_ID);
 		readLine(*reader);
-		++count;
 	}
 	if (count == 0)
 		throw ZEB::Exception(ZEB::MessageFormat("File '%1' has a header but no data lines.").arg(m_file.fileName()), FUNC_ID);
@@ -76,8 +82,7 @@ void TableBody::read(DATAIO::DataIO & container, ZEB::NotificationHandler * noti
 		std::int32_t startYear;
 		m_times = m_dateTimes.seconds(startYear);
 	}
-	container.setData(std::move(m_times), m_valueCount, m_values);
-	std::vector<double>().swap(m_values);
+	container.setData(std::move(m_times), m_valueCount, std::move(m_values));
 }
 
 
@@ -129,6 +134,66 @@ void TableBody::readLine(const DATAIO::LineReader & reader) {
 					.arg(m_layout.m_fieldNames[i]).arg(shown(m_fields[i])), FUNC_ID);
 		}
 	}
+}
+
+
+bool TableBody::readPlainLine(const char * begin, const char * end, std::uint64_t line) {
+	if (!m_decimalDecided || m_decimalComma)
+		return false;
+	const std::size_t row = m_values.size();
+	m_values.resize(row + m_valueCount, std::numeric_limits<double>::quiet_NaN());
+	double * values = m_values.data() + row;
+	const std::size_t n = m_layout.m_fields.size();
+	const char delimiter = m_layout.m_delimiter;
+	double time = 0;
+	const char * dateBegin = nullptr;
+	const char * dateEnd = nullptr;
+	const char * p = begin;
+	for (std::size_t i = 0; i < n; ++i) {
+		const int role = m_layout.m_fields[i];
+		const char * q = p;
+		double v = 0;
+		if (role >= 0 || (role == TableLayout::FIELD_TIME && !m_layout.m_dateTime)) {
+			// a plain number, read where it stands; blanks, quotes, gaps take the general way
+			q = ZEB::parseDoubleFastPrefix(p, end, v);
+			if (q == nullptr || std::isinf(v))
+				break;
+		}
+		else {
+			while (q < end && *q != delimiter && *q != '"')
+				++q;
+			if (q < end && *q == '"')
+				break;
+			if (role == TableLayout::FIELD_EVENT && q > p && !std::isalpha(static_cast<unsigned char>(*p)))
+				break;
+			if (role == TableLayout::FIELD_TIME) {
+				dateBegin = p;
+				dateEnd = q;
+			}
+		}
+		if (i + 1 < n ? (q == end || *q != delimiter) : q != end)
+			break;
+		if (role >= 0)
+			values[role] = v;
+		else if (role == TableLayout::FIELD_TIME)
+			time = v;
+		if (i + 1 == n) {
+			if (m_layout.m_dateTime) {
+				if (!m_dateTimes.add(dateBegin, dateEnd, line))
+					break;
+			}
+			else {
+				if (!m_times.empty() && time <= m_times.back())
+					break;
+				m_times.push_back(time);
+				m_lastTimeLine = line;
+			}
+			return true;
+		}
+		p = q + 1;
+	}
+	m_values.resize(row);
+	return false;
 }
 
 

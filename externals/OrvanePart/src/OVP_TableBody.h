@@ -36,6 +36,11 @@ public:
 	void read(DATAIO::DataIO & container, ZEB::NotificationHandler * notification);
 
 private:
+	/*! Reads a line of plain numbers (and a date-time, event words) in one pass, without
+		splitting it first: the usual line of a large file. False, with nothing stored, for a line
+		that needs the general way (quotes, blanks, gaps, a decimal comma, anything to report).
+	*/
+	bool readPlainLine(const char * begin, const char * end, std::uint64_t line);
 	/*! Reads the fields of the reader's current line; the time goes to m_times or m_dateTimes. */
 	void readLine(const DATAIO::LineReader & reader);
 	/*! The number in field i (a gap is NaN); throws for text. */

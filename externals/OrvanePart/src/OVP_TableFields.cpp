@@ -1,7 +1,5 @@
 #include "OVP_TableFields.h"
 
-#include <cstring>
-
 #include "OVP_ReaderText.h"
 
 namespace OVP {
@@ -11,20 +9,24 @@ const char TableFields::DELIMITERS[3] = { '\t', ';', ',' };
 
 bool TableFields::split(const char * begin, const char * end, char delimiter, std::vector<Field> & fields) {
 	fields.clear();
-	const std::size_t length = static_cast<std::size_t>(end - begin);
-	if (std::memchr(begin, '"', length) == nullptr) {
-		// the usual case, no quotes: cut at every delimiter
-		const char * p = begin;
-		while (true) {
-			const char * d = static_cast<const char*>(std::memchr(p, delimiter, static_cast<std::size_t>(end - p)));
-			if (d == nullptr) {
-				fields.push_back(Field{ p, end });
-				return true;
-			}
-			fields.push_back(Field{ p, d });
-			p = d + 1;
+	// the usual case, no quotes: cut at every delimiter
+	const char * start = begin;
+	for (const char * p = begin; p < end; ++p) {
+		if (*p == delimiter) {
+			fields.push_back(Field{ start, p });
+			start = p + 1;
+		}
+		else if (*p == '"') {
+			fields.clear();
+			return splitQuoted(begin, end, delimiter, fields);
 		}
 	}
+	fields.push_back(Field{ start, end });
+	return true;
+}
+
+
+bool TableFields::splitQuoted(const char * begin, const char * end, char delimiter, std::vector<Field> & fields) {
 	const char * p = begin;
 	while (true) {
 		const char * start = p;

@@ -40,6 +40,10 @@ public:
 		splits the header into two or more (a data line then reports its field count); 0 when none.
 	*/
 	static char detectDelimiter(const std::vector<std::string> & lines);
+
+private:
+	/*! split() for a line with double quotes. */
+	static bool splitQuoted(const char * begin, const char * end, char delimiter, std::vector<Field> & fields);
 };
 
 } // namespace OVP

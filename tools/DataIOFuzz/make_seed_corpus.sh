@@ -2,7 +2,8 @@
 # Writes the seed corpus of the DataIO fuzz targets: small files of every variant (generation 6
 # and 5, ASCII and binary, every output kind, both geometries) made by the sample data generator.
 #   make_seed_corpus.sh <SampleDataGenerator executable> <corpus directory>
-# Output files go to <corpus directory>/output, geometry files to <corpus directory>/geometry.
+# Output files go to <corpus directory>/output, geometry files to <corpus directory>/geometry, the
+# CSV/TSV table and logger test files of the readers to <corpus directory>/table.
 set -eu
 if [ $# -ne 2 ]; then
   echo "usage: $0 <SampleDataGenerator> <corpus directory>" >&2
@@ -22,4 +23,10 @@ cp "$work"/set/*.g6a "$work"/set/*.g6b "$corpus/geometry/"
 # a file that is still being written: the last ASCII line without its line end, a cut binary record
 head -c -3 "$work/set/wall_temperature.s6o" > "$corpus/output/growing_wall_temperature.s6o"
 head -c -5 "$work/set/wall_temperature.s6b" > "$corpus/output/growing_wall_temperature.s6b"
-ls -l "$corpus/output" "$corpus/geometry" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'
+# the table readers' test files (not their expectations)
+mkdir -p "$corpus/table"
+readers=$(dirname "$0")/../../externals/OrvanePart/tests/data/readers
+for f in "$readers"/table_* "$readers"/logger_*; do
+  case "$f" in *.expected) ;; *) cp "$f" "$corpus/table/" ;; esac
+done
+ls -l "$corpus/output" "$corpus/geometry" "$corpus/table" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <new>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -47,42 +48,52 @@ TableBody::TableBody(TableFile & file, const TableLayout & layout) :
 
 void TableBody::read(DATAIO::DataIO & container, ZEB::NotificationHandler * notification) {
 	FUNCID(TableBody::read);
-	// room for the lines the file will hold if they are as long as the first ones
+	// room for the lines the file will hold if they are as long as the first ones (up to a
+	// bound: beyond it the vectors grow as they fill)
 	const std::uint64_t bytes = m_file.size() - m_layout.m_dataOffset;
-	const std::size_t rows = static_cast<std::size_t>(bytes/std::max<std::uint64_t>(m_layout.m_lineLength, 1)*11/10 + 16);
-	if (m_layout.m_dateTime)
-		m_dateTimes.reserve(rows);
-	else
-		m_times.reserve(rows);
-	m_values.reserve(rows*m_valueCount);
-
-	std::unique_ptr<DATAIO::LineReader> reader = m_file.body(m_layout.m_dataOffset, m_layout.m_dataLine, notification);
-	const char * begin;
-	const char * end;
-	std::size_t count = 0;
-	while (reader->next(begin, end)) {
-		++count;
-		if (readPlainLine(begin, end, reader->lineNumber()))
-			continue;
-		const char * b = begin;
-		const char * e = end;
-		ReaderText::trim(b, e);
-		if (b == e) {
-			--count;
-			continue;
-		}
-		if (!TableFields::split(begin, end, m_layout.m_delimiter, m_fields))
-			throw ZEB::Exception(ZEB::MessageFormat("Line %1 of file '%2': a double quote is not closed.")
-				.arg(static_cast<unsigned long long>(reader->lineNumber())).arg(m_file.fileName()), FUNC_ID);
-		readLine(*reader);
+	const std::uint64_t rows = std::min<std::uint64_t>(bytes/m_layout.m_lineLength*11/10 + 16,
+													   MAX_RESERVED_VALUES/std::max<std::size_t>(m_valueCount, 1));
+	try {
+		if (m_layout.m_dateTime)
+			m_dateTimes.reserve(static_cast<std::size_t>(rows));
+		else
+			m_times.reserve(static_cast<std::size_t>(rows));
+		m_values.reserve(static_cast<std::size_t>(rows)*m_valueCount);
+		readLines(notification);
 	}
-	if (count == 0)
-		throw ZEB::Exception(ZEB::MessageFormat("File '%1' has a header but no data lines.").arg(m_file.fileName()), FUNC_ID);
+	catch (std::bad_alloc &) {
+		throw ZEB::Exception(ZEB::MessageFormat("Not enough memory for the values of file '%1'.").arg(m_file.fileName()), FUNC_ID);
+	}
 	if (m_layout.m_dateTime) {
 		std::int32_t startYear;
 		m_times = m_dateTimes.seconds(startYear);
 	}
 	container.setData(std::move(m_times), m_valueCount, std::move(m_values));
+}
+
+
+void TableBody::readLines(ZEB::NotificationHandler * notification) {
+	FUNCID(TableBody::readLines);
+	std::unique_ptr<DATAIO::LineReader> reader = m_file.body(m_layout.m_dataOffset, m_layout.m_dataLine, notification);
+	const char * begin;
+	const char * end;
+	std::size_t count = 0;
+	while (reader->next(begin, end)) {
+		if (!readPlainLine(begin, end, reader->lineNumber())) {
+			const char * b = begin;
+			const char * e = end;
+			ReaderText::trim(b, e);
+			if (b == e)
+				continue;
+			if (!TableFields::split(begin, end, m_layout.m_delimiter, m_fields))
+				throw ZEB::Exception(ZEB::MessageFormat("Line %1 of file '%2': a double quote is not closed.")
+					.arg(static_cast<unsigned long long>(reader->lineNumber())).arg(m_file.fileName()), FUNC_ID);
+			readLine(*reader);
+		}
+		++count;
+	}
+	if (count == 0)
+		throw ZEB::Exception(ZEB::MessageFormat("File '%1' has a header but no data lines.").arg(m_file.fileName()), FUNC_ID);
 }
 
 

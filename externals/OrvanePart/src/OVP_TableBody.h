@@ -36,6 +36,11 @@ public:
 	void read(DATAIO::DataIO & container, ZEB::NotificationHandler * notification);
 
 private:
+	/*! Most values room is reserved for before the first line is read (512 MB). */
+	static constexpr std::uint64_t MAX_RESERVED_VALUES = std::uint64_t(64) << 20;
+
+	/*! Reads the data lines into m_times (or m_dateTimes) and m_values. */
+	void readLines(ZEB::NotificationHandler * notification);
 	/*! Reads a line of plain numbers (and a date-time, event words) in one pass, without
 		splitting it first: the usual line of a large file. False, with nothing stored, for a line
 		that needs the general way (quotes, blanks, gaps, a decimal comma, anything to report).

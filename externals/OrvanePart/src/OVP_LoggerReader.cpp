@@ -10,7 +10,6 @@
 #include "OVP_DateTimeText.h"
 #include "OVP_ReaderText.h"
 #include "OVP_ReaderUnit.h"
-#include "OVP_TableBody.h"
 #include "OVP_TableFields.h"
 #include "OVP_TableFile.h"
 #include "OVP_TableLayout.h"
@@ -96,35 +95,7 @@ bool LoggerReader::accepts(const std::string & /*fileName*/, const std::string &
 }
 
 
-void LoggerReader::readHeader(const std::string & fileName, DATAIO::DataIO & container) const {
-	FUNCID(LoggerReader::readHeader);
-	try {
-		TableFile file(fileName);
-		layout(file).fillHeader(fileName, container);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read the header of logger export '%1'.").arg(fileName), FUNC_ID);
-	}
-}
-
-
-void LoggerReader::read(const std::string & fileName, DATAIO::DataIO & container,
-						ZEB::NotificationHandler * notification) const
-{
-	FUNCID(LoggerReader::read);
-	try {
-		TableFile file(fileName);
-		const TableLayout tableLayout = layout(file);
-		tableLayout.fillHeader(fileName, container);
-		TableBody(file, tableLayout).read(container, notification);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read logger export '%1'.").arg(fileName), FUNC_ID);
-	}
-}
-
-
-TableLayout LoggerReader::layout(TableFile & file) {
+TableLayout LoggerReader::layout(TableFile & file) const {
 	FUNCID(LoggerReader::layout);
 	const std::string & fileName = file.fileName();
 	TableLayout result;

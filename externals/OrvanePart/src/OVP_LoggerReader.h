@@ -1,12 +1,9 @@
 #ifndef OVP_LoggerReaderH
 #define OVP_LoggerReaderH
 
-#include "OVP_FileReader.h"
+#include "OVP_TableFileReader.h"
 
 namespace OVP {
-
-class TableFile;
-struct TableLayout;
 
 /*! Reader of the CSV exports of monitoring data loggers: an optional title line ("Plot Title:
 	..."), a header whose first field is the record number column "#", then the date-time column
@@ -14,7 +11,7 @@ struct TableLayout;
 	"LBL: name" names them. Event columns (words such as "Logged", or empty) are skipped with a
 	message. Dates are month-first unless the values show otherwise.
 */
-class LoggerReader : public FileReader {
+class LoggerReader : public TableFileReader {
 public:
 	std::string name() const override { return "Logger CSV export"; }
 	std::vector<std::string> patterns() const override { return { "*.csv" }; }
@@ -22,13 +19,10 @@ public:
 		a "Date Time" column within the first lines.
 	*/
 	bool accepts(const std::string & fileName, const std::string & head) const override;
-	void readHeader(const std::string & fileName, DATAIO::DataIO & container) const override;
-	void read(const std::string & fileName, DATAIO::DataIO & container,
-			  ZEB::NotificationHandler * notification = nullptr) const override;
 
-private:
+protected:
 	/*! Reads title, header and the first data lines. */
-	static TableLayout layout(TableFile & file);
+	TableLayout layout(TableFile & file) const override;
 };
 
 } // namespace OVP

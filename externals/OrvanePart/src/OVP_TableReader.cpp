@@ -12,7 +12,6 @@
 #include "OVP_DateTimeText.h"
 #include "OVP_ReaderText.h"
 #include "OVP_ReaderUnit.h"
-#include "OVP_TableBody.h"
 #include "OVP_TableFields.h"
 #include "OVP_TableFile.h"
 #include "OVP_TableLayout.h"
@@ -79,34 +78,6 @@ bool TableReader::accepts(const std::string & fileName, const std::string & head
 }
 
 
-void TableReader::readHeader(const std::string & fileName, DATAIO::DataIO & container) const {
-	FUNCID(TableReader::readHeader);
-	try {
-		TableFile file(fileName);
-		layout(file).fillHeader(fileName, container);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read the header of table '%1'.").arg(fileName), FUNC_ID);
-	}
-}
-
-
-void TableReader::read(const std::string & fileName, DATAIO::DataIO & container,
-					   ZEB::NotificationHandler * notification) const
-{
-	FUNCID(TableReader::read);
-	try {
-		TableFile file(fileName);
-		const TableLayout tableLayout = layout(file);
-		tableLayout.fillHeader(fileName, container);
-		TableBody(file, tableLayout).read(container, notification);
-	}
-	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read table '%1'.").arg(fileName), FUNC_ID);
-	}
-}
-
-
 bool TableReader::isTimeText(const std::string & text) {
 	double v;
 	DateTimeText::Parts parts;
@@ -126,7 +97,7 @@ std::string TableReader::collectionName(const std::string & fileName) {
 }
 
 
-TableLayout TableReader::layout(TableFile & file) {
+TableLayout TableReader::layout(TableFile & file) const {
 	FUNCID(TableReader::layout);
 	const std::string & fileName = file.fileName();
 	TableLayout result;

@@ -4,6 +4,7 @@
 // exception" it checks that every failure is a proper error chain and that a container that
 // reads is consistent: one quantity and unit per data set, time points that increase, every
 // time point's values loadable, and readHeader() giving the header that read() gives.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -9,6 +9,7 @@ repr() so that they read back bit for bit.
 Expectation file, one item per line, fields separated by tabs:
     reader <name>                  the reader that takes the file
     collection <text>              name of the collection (quantity of the container)
+    description <fragment>         the description contains the fragment
     start_year <year>|none
     time_unit <unit>
     column <quantity> <unit>       one per data set, in order
@@ -70,6 +71,7 @@ def point_comma_table(rng):
     f.lines += ["# Test hut, south wall", "# sensors at 2 cm depth",
                 "Time [h],Temperature [°C],RH (%),Heat flux [W/m²],Moisture [kg/kg]"]
     f.expect("collection", "table_point")
+    f.expect("description", "Test hut, south wall")
     f.expect("start_year", "none")
     f.expect("time_unit", "h")
     for q, u in (("Temperature", "C"), ("RH", "%"), ("Heat flux", "W/m2"), ("Moisture", "kg/kg")):
@@ -219,6 +221,7 @@ def logger_wall(rng):
                 f'"#","Date Time, GMT+01:00","Temp, °C ({serial})","RH, % ({serial}, LBL: wall RH)",'
                 f'"Coupler Detached (LGR S/N: 10360568)","End Of File (LGR S/N: 10360568)"']
     f.expect("collection", "Wall sensor 3 ®")
+    f.expect("description", "Times are local times of GMT+01:00.")
     f.expect("start_year", "2023")
     f.expect("time_unit", "s")
     f.expect("column", "Temp", "C")

@@ -17,7 +17,10 @@ TableFile::TableFile(const std::string & fileName) :
 	if (!m_in)
 		throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(fileName), FUNC_ID);
 	m_in.seekg(0, std::ios::end);
-	m_size = static_cast<std::uint64_t>(m_in.tellg());
+	const std::streamoff size = m_in.tellg();
+	if (size < 0)
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(fileName), FUNC_ID);
+	m_size = static_cast<std::uint64_t>(size);
 	if (m_size == 0)
 		throw ZEB::Exception(ZEB::MessageFormat("File '%1' is empty.").arg(fileName), FUNC_ID);
 	// the first block decides line ends and encoding

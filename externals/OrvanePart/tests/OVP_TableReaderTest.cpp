@@ -83,6 +83,8 @@ void checkAgainstExpectation(const fs::path & expectation) {
 			FAIL() << errors;
 		else if (key == "collection")
 			EXPECT_EQ(dio.quantity(), item[1]);
+		else if (key == "description")
+			EXPECT_NE(dio.description().find(item[1]), std::string::npos) << dio.description();
 		else if (key == "start_year")
 			EXPECT_EQ(dio.startYear(), item[1] == "none" ? DATAIO::DataIO::UNSET_START_YEAR : std::atoi(item[1].c_str()));
 		else if (key == "time_unit")

@@ -4,7 +4,7 @@
 #   make_seed_corpus.sh <SampleDataGenerator executable> <corpus directory>
 # Output files go to <corpus directory>/output, geometry files to <corpus directory>/geometry, the
 # climate and statistics test files of the readers' tests (and the generator's CCD file) to
-# <corpus directory>/climate.
+# <corpus directory>/climate, the CSV/TSV table and logger test files to <corpus directory>/table.
 set -eu
 if [ $# -ne 2 ]; then
   echo "usage: $0 <SampleDataGenerator> <corpus directory>" >&2
@@ -24,9 +24,12 @@ cp "$work"/set/*.g6a "$work"/set/*.g6b "$corpus/geometry/"
 # a file that is still being written: the last ASCII line without its line end, a cut binary record
 head -c -3 "$work/set/wall_temperature.s6o" > "$corpus/output/growing_wall_temperature.s6o"
 head -c -5 "$work/set/wall_temperature.s6b" > "$corpus/output/growing_wall_temperature.s6b"
-# the readers' test files written by tools/ReaderTestFiles/write_climate_files.py
+# the readers' test files written by tools/ReaderTestFiles (not their expectations)
 readers=$(dirname "$0")/../../externals/OrvanePart/tests/data/readers
-mkdir -p "$corpus/climate"
+mkdir -p "$corpus/climate" "$corpus/table"
 cp "$work"/set/*.ccd "$readers"/*.ccd "$readers"/*.wac "$readers"/*_stats.* "$corpus/climate/"
 rm -f "$corpus"/climate/*.expected
-ls -l "$corpus/output" "$corpus/geometry" "$corpus/climate" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'
+for f in "$readers"/table_* "$readers"/logger_*; do
+  case "$f" in *.expected) ;; *) cp "$f" "$corpus/table/" ;; esac
+done
+ls -l "$corpus/output" "$corpus/geometry" "$corpus/climate" "$corpus/table" | awk 'NF > 5 { n++; s += $5 } END { print n " seed files, " s " bytes" }'

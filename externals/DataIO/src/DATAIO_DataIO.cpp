@@ -932,6 +932,19 @@ void DataIO::setData(const std::vector<double> & timePoints, const std::vector<s
 }
 
 
+void DataIO::setData(std::vector<double> && timePoints, std::size_t valuesPerTimePoint, std::vector<double> && values) {
+	FUNCID(DataIO::setData);
+	if (values.size() != timePoints.size()*valuesPerTimePoint)
+		throw ZEB::Exception("Size mismatch between values and timePoints vectors.", FUNC_ID);
+	m_asciiDataLines.clear();
+	m_timePoints = std::move(timePoints);
+	m_nValues = static_cast<unsigned int>(valuesPerTimePoint);
+	m_values.reset(valuesPerTimePoint);
+	m_values.adopt(std::move(values), m_timePoints.size());
+	m_source = SRC_MEMORY;
+}
+
+
 void DataIO::deleteData(unsigned int idxFrom, unsigned int idxTo) {
 	FUNCID(DataIO::deleteData);
 	if (idxFrom >= m_timePoints.size())

@@ -184,6 +184,11 @@ public:
 		point becomes that of the value vectors.
 	*/
 	void setData(const std::vector<double> & timePoints, const std::vector<std::vector<double> > & values);
+	/*! Replaces time points and values of an in-memory container from one row-major array:
+		value i of time point t at values[t*valuesPerTimePoint + i] (what the data file readers
+		collect). Both vectors are taken over, not copied.
+	*/
+	void setData(std::vector<double> && timePoints, std::size_t valuesPerTimePoint, std::vector<double> && values);
 
 	/*! Removes the time points idxFrom to idxTo (both included) and their values. A container
 		read from a file loads the values of the remaining time points first and is held in

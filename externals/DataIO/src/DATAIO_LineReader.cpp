@@ -12,12 +12,13 @@ namespace DATAIO {
 
 LineReader::LineReader(std::istream & in, const std::string & filename, std::uint64_t start, std::uint64_t end,
 					   std::uint64_t firstLine, std::size_t maxLength, std::size_t blockSize,
-					   ZEB::NotificationHandler * notification) :
+					   ZEB::NotificationHandler * notification, char lineEnd) :
 	m_in(in),
 	m_filename(filename),
 	m_end(end),
 	m_maxLength(maxLength),
 	m_notification(notification),
+	m_lineEnd(lineEnd),
 	m_bufferStart(start),
 	m_consumed(start),
 	m_lineNumber(firstLine - 1)
@@ -35,7 +36,7 @@ bool LineReader::next(const char *& begin, const char *& end) {
 	while (true) {
 		const char * start = m_buffer.get() + m_pos;
 		const std::size_t available = m_filled - m_pos;
-		const char * nl = available == 0 ? nullptr : static_cast<const char*>(std::memchr(start, '\n', available));
+		const char * nl = available == 0 ? nullptr : static_cast<const char*>(std::memchr(start, m_lineEnd, available));
 		if (nl != nullptr) {
 			const std::size_t length = static_cast<std::size_t>(nl - start);
 			++m_lineNumber;

@@ -15,7 +15,7 @@ namespace DATAIO {
 
 /*! Reads the text lines of a file section [start, end) through one block buffer and hands them
 	out as character ranges, without "\n" and without a "\r" before it, so that callers parse them
-	in place. It counts lines and bytes, so that the caller knows the line numbers and the file
+	in place. Files whose lines end in "\r" alone are read with "\r" as line end. It counts lines and bytes, so that the caller knows the line numbers and the file
 	position at which the next section begins.
 
 	A line may hold at most maxLength bytes (its line end not counted): a longer one fails, naming
@@ -32,10 +32,11 @@ public:
 		\param maxLength Most bytes one line may hold.
 		\param blockSize Bytes read at once; the buffer grows for longer lines, up to maxLength.
 		\param notification Optional receiver of the fraction of the file read so far.
+		\param lineEnd The character that ends a line: "\n", or "\r" for files that use it alone.
 	*/
 	LineReader(std::istream & in, const std::string & filename, std::uint64_t start, std::uint64_t end,
 			   std::uint64_t firstLine, std::size_t maxLength, std::size_t blockSize,
-			   ZEB::NotificationHandler * notification = nullptr);
+			   ZEB::NotificationHandler * notification = nullptr, char lineEnd = '\n');
 
 	/*! The next line [begin, end); false when the section is exhausted. Throws ZEB::Exception
 		when the line is longer than allowed or the file cannot be read.
@@ -64,6 +65,7 @@ private:
 	std::uint64_t				m_end;
 	std::size_t					m_maxLength;
 	ZEB::NotificationHandler *	m_notification;
+	char						m_lineEnd;
 
 	std::unique_ptr<char[]>		m_buffer;			///< not zeroed: only read bytes are used
 	std::size_t					m_capacity;

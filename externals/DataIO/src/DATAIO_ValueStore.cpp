@@ -11,12 +11,12 @@
 namespace DATAIO {
 
 ValueStore::~ValueStore() {
-	std::free(m_buffer);
+	release();
 }
 
 
 ValueStore::ValueStore(ValueStore && other) noexcept :
-	m_buffer(other.m_buffer), m_capacityRows(other.m_capacityRows), m_n(other.m_n),
+	m_buffer(other.m_buffer), m_adopted(std::move(other.m_adopted)), m_capacityRows(other.m_capacityRows), m_n(other.m_n),
 	m_loaded(std::move(other.m_loaded)), m_loadedCount(other.m_loadedCount)
 {
 	other.m_buffer = nullptr;
@@ -28,8 +28,9 @@ ValueStore::ValueStore(ValueStore && other) noexcept :
 
 ValueStore & ValueStore::operator=(ValueStore && other) noexcept {
 	if (this != &other) {
-		std::free(m_buffer);
+		release();
 		m_buffer = other.m_buffer;
+		m_adopted = std::move(other.m_adopted);
 		m_capacityRows = other.m_capacityRows;
 		m_n = other.m_n;
 		m_loaded = std::move(other.m_loaded);
@@ -44,13 +45,22 @@ ValueStore & ValueStore::operator=(ValueStore && other) noexcept {
 
 
 void ValueStore::reset(std::size_t valuesPerRow) {
-	std::free(m_buffer);
-	m_buffer = nullptr;
+	release();
 	m_capacityRows = 0;
 	m_n = valuesPerRow;
 	m_loaded.clear();
 	m_loaded.shrink_to_fit();
 	m_loadedCount = 0;
+}
+
+
+void ValueStore::adopt(std::vector<double> && values, std::size_t rows) {
+	reset(m_n);
+	m_adopted = std::move(values);
+	m_buffer = m_adopted.empty() ? nullptr : m_adopted.data();
+	m_capacityRows = rows;
+	m_loaded.assign(rows, true);
+	m_loadedCount = rows;
 }
 
 
@@ -102,12 +112,34 @@ void ValueStore::ensureCapacity() {
 		return;
 	if (rows > std::numeric_limits<std::size_t>::max()/sizeof(double)/m_n)
 		throw std::bad_alloc();
-	double * p = static_cast<double*>(std::realloc(m_buffer, rows*m_n*sizeof(double)));
-	if (p == nullptr)
-		throw std::bad_alloc();
+	double * p;
+	if (!m_adopted.empty()) {
+		// adopted storage cannot be realloc'ed: move the rows into a buffer of our own
+		p = static_cast<double*>(std::malloc(rows*m_n*sizeof(double)));
+		if (p == nullptr)
+			throw std::bad_alloc();
+		std::memcpy(p, m_buffer, m_capacityRows*m_n*sizeof(double));
+		std::vector<double>().swap(m_adopted);
+	}
+	else {
+		p = static_cast<double*>(std::realloc(m_buffer, rows*m_n*sizeof(double)));
+		if (p == nullptr)
+			throw std::bad_alloc();
+	}
 	m_buffer = p;
 	m_capacityRows = rows;
 	MemoryAdvice::useHugePages(m_buffer, rows*m_n*sizeof(double));
+}
+
+
+
+void ValueStore::release() {
+	if (m_adopted.empty())
+		std::free(m_buffer);
+	else
+		std::vector<double>().swap(m_adopted);
+	m_buffer = nullptr;
+	m_capacityRows = 0;
 }
 
 } // namespace DATAIO

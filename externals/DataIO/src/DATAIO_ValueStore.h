@@ -26,6 +26,11 @@ public:
 
 	/*! Removes all rows and sets the number of values per row. */
 	void reset(std::size_t valuesPerRow);
+	/*! Replaces all rows by the given number of rows in values (row-major, valuesPerRow() each,
+		so values holds rows*valuesPerRow() doubles), all loaded, taking over its storage instead
+		of copying it.
+	*/
+	void adopt(std::vector<double> && values, std::size_t rows);
 	/*! Sets the number of rows; rows added are not loaded. */
 	void resize(std::size_t rows);
 	std::size_t rows() const { return m_loaded.size(); }
@@ -50,7 +55,12 @@ private:
 	/*! Makes the buffer hold all current rows. */
 	void ensureCapacity();
 
-	double *			m_buffer = nullptr;		///< malloc'ed, m_capacityRows rows
+	/*! Frees the buffer, whether malloc'ed or adopted. */
+	void release();
+
+	double *			m_buffer = nullptr;		///< malloc'ed, m_capacityRows rows, or m_adopted's
+	/*! Storage taken over by adopt(); m_buffer points into it until the rows grow. */
+	std::vector<double>	m_adopted;
 	std::size_t			m_capacityRows = 0;
 	std::size_t			m_n = 0;
 	std::vector<bool>	m_loaded;

@@ -11,7 +11,9 @@
 #include <DATAIO_GeoFile.h>
 
 #include "OVP_CcdReader.h"
+#include "OVP_LoggerReader.h"
 #include "OVP_StatisticsReader.h"
+#include "OVP_TableReader.h"
 #include "OVP_WacReader.h"
 
 namespace OVP {
@@ -23,10 +25,13 @@ const FileReaderRegistry & FileReaderRegistry::instance() {
 
 
 FileReaderRegistry::FileReaderRegistry() {
-	// climate files and statistics first: statistics files share extensions with tables
+	// climate files and statistics first: statistics files share extensions with tables; logger
+	// exports before the general tables they also are
 	m_readers.emplace_back(new CcdReader);
 	m_readers.emplace_back(new WacReader);
 	m_readers.emplace_back(new StatisticsReader);
+	m_readers.emplace_back(new LoggerReader);
+	m_readers.emplace_back(new TableReader);
 }
 
 

@@ -1,7 +1,9 @@
 #include "OVP_ReaderText.h"
 
-#include <charconv>
+#include <cmath>
 #include <cstring>
+
+#include <ZEB_StringUtils.h>
 
 namespace OVP {
 
@@ -104,8 +106,8 @@ ReaderText::Cell ReaderText::parseNumber(const char * begin, const char * end, b
 		begin = buffer;
 		end = buffer + n;
 	}
-	const std::from_chars_result res = std::from_chars(begin, end, value, std::chars_format::general);
-	if (res.ec != std::errc() || res.ptr != end)
+	// beyond the range of double (and "inf") is no measured value
+	if (begin == end || !ZEB::parseDouble(begin, end, value) || std::isinf(value))
 		return C_INVALID;
 	return C_VALUE;
 }

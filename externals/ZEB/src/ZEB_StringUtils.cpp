@@ -148,6 +148,9 @@ bool exactWideMantissa(std::uint64_t mantissa, int exponent, double & value) {
 	return false;
 }
 
+} // namespace
+
+
 /*! Exact fast path for the common case of at most 19 significant digits. When the integer
 	mantissa fits into 53 bits and the decimal exponent lies within +-22, both factors are exact
 	doubles and one IEEE multiplication or division rounds correctly (Clinger's method); wider
@@ -210,8 +213,6 @@ const char * parseDoubleFastPrefix(const char * p, const char * end, double & va
 	value = negative ? -d : d;
 	return p;
 }
-
-} // namespace
 
 
 bool parseDouble(const char * begin, const char * end, double & value) {

@@ -1,6 +1,7 @@
 #include "OVP_DataCollectionReader.h"
 
 #include <algorithm>
+#include <fstream>
 
 #include <QFileInfo>
 
@@ -52,6 +53,22 @@ DataCollection DataCollectionReader::read(const QString & path) {
 
 	collection.takeHeader(header);
 	return collection;
+}
+
+
+bool DataCollectionReader::isDataFile(const QString & path) {
+	const FileReaderRegistry & registry = FileReaderRegistry::instance();
+	const std::string fileName = path.toStdString();
+	if (!FileReaderRegistry::matches(fileName, registry.patterns()))
+		return true;
+	std::ifstream in(fileName, std::ios::binary);
+	// a file that cannot be opened is left to the reading, which reports it
+	if (!in.is_open())
+		return true;
+	std::string head(FileReader::HEAD_SIZE, '\0');
+	in.read(&head[0], static_cast<std::streamsize>(head.size()));
+	head.resize(static_cast<std::size_t>(in.gcount()));
+	return FileReaderRegistry::isSimulationFile(head) || registry.readerFor(fileName, head) != nullptr;
 }
 
 

@@ -23,6 +23,12 @@ public:
 	*/
 	DataCollection read(const QString & path);
 
+	/*! False for a file that only a data file reader's pattern offers ("*.txt", "*.csv"...) but
+		that no reader takes and that is no output of the simulation program: a solver log or a
+		note beside the results, not a data file. Such files are neither listed nor reported.
+	*/
+	static bool isDataFile(const QString & path);
+
 	/*! Forgets geometries that no collection holds any longer. */
 	void dropUnusedGeometries() { m_geometries.dropUnused(); }
 

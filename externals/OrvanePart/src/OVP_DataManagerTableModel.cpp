@@ -387,6 +387,13 @@ void DataManagerTableModel::checkFile(const QString & path, std::vector<DataColl
 		return;
 	file.m_lastModified = info.lastModified();
 	file.m_size = info.size();
+	if (!DataCollectionReader::isDataFile(path)) {
+		if (file.m_state == KnownFile::S_LISTED)
+			removeRowsWhere([&path](const DataCollection & c) { return c.m_path == path; });
+		m_rejected.remove(path);
+		file.m_state = KnownFile::S_NO_DATA;
+		return;
+	}
 	try {
 		DataCollection c = m_reader.read(path);
 		c.m_directory = file.m_directory;

@@ -138,7 +138,8 @@ private:
 		enum State {
 			S_PENDING,		///< waits for its header to be read
 			S_LISTED,		///< has a row
-			S_REJECTED		///< failed its check, see m_rejected
+			S_REJECTED,		///< failed its check, see m_rejected
+			S_NO_DATA		///< a text file that no data file reader takes: neither listed nor reported
 		};
 		QString		m_directory;
 		/*! The file with symbolic links resolved: no two known files share it. */

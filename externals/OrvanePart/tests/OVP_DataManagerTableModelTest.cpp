@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -25,6 +26,8 @@
 #include <DATAIO_DataIOWriter.h>
 
 #include <OVP_ChartCreator.h>
+#include <OVP_DataCollectionReader.h>
+#include <OVP_DataManager.h>
 #include <OVP_DataManagerFilterModel.h>
 #include <OVP_DataManagerTableModel.h>
 #include <OVP_DataSetMimeData.h>
@@ -450,4 +453,58 @@ TEST_F(DataManagerTableModelTest, DragsDataSetsAndSortsByRawValues) {
 	EXPECT_EQ(proxy.rowCount(), 1);
 	proxy.setFilterText(QString());
 	EXPECT_EQ(proxy.rowCount(), 3);
+}
+
+
+// Foreign files go through their readers: a table is one collection with a unit per data set and a
+// gap kept as NaN, a reader's header failure is reported in the data manager's words, a note that
+// no reader takes is left alone, and a rewritten table is read anew on refresh.
+TEST_F(DataManagerTableModelTest, ForeignFilesThroughTheirReaders) {
+	const QString d = m_dataDir;
+	writeText(d + "/m.csv", "Time [h];T [\xC2\xB0""C];RH [%]\n1;20,5;60\n2;;61\n");
+	writeText(d + "/cut.wac", "ORVANE_WAC_02\n10\tLine Offset to 'Number of Data Columns'\n");
+	writeText(d + "/solver.txt", "solver converged after 12 steps\n");
+
+	DataManagerTableModel model;
+	QSignalSpy done(&model, &DataManagerTableModel::headersRead);
+	model.addDirectory(d, QColor());
+	ASSERT_TRUE(done.wait(5000));
+	ASSERT_EQ(rowNames(model), QStringList({ "m.csv" }));
+	EXPECT_EQ(model.index(0, DataManagerTableModel::ColQuantity).data().toString(), "Reference [2 datasets]");
+	EXPECT_EQ(model.index(0, DataManagerTableModel::ColValueUnit).data().toString(), "C, %");
+	EXPECT_EQ(model.index(0, DataManagerTableModel::ColTimeUnit).data().toString(), "h");
+	EXPECT_EQ(model.collection(0).m_dataSetNames, QStringList({ "T [C]", "RH [%]" }));
+	EXPECT_EQ(model.rejectedFiles().keys(), QStringList({ d + "/cut.wac" }));
+	EXPECT_TRUE(model.rejectedFiles().value(d + "/cut.wac").startsWith("FileReader reported header error for file '" + d + "/cut.wac': "));
+
+	// units a reader reports are checked against the unit table
+	DATAIO::DataIO header;
+	header.setNums({ 0, 1 });
+	header.setQuantity("q");
+	header.setTimeUnit("h");
+	header.setColumnProperties({ "a", "b" }, { "C", "degrees" });
+	const auto failure = [&header]() {
+		try {
+			OVP::DataCollectionReader::checkForeignHeader(header);
+		}
+		catch (ZEB::Exception & ex) {
+			return ex.messages().back().m_what;
+		}
+		return std::string();
+	};
+	EXPECT_EQ(failure(), "Invalid value unit 'degrees' reported from file reader plugin.");
+	header.setColumnProperties({ "a", "b" }, { "C", "%" });
+	header.setTimeUnit("m");
+	EXPECT_EQ(failure(), "Invalid time unit 'm' reported from file reader plugin.");
+
+	OVP::DataManager manager;
+	std::shared_ptr<DATAIO::DataIO> table = manager.container(d + "/m.csv");
+	ASSERT_EQ(table->timePoints(), std::vector<double>({ 1, 2 }));
+	EXPECT_EQ(table->data(0)[0], 20.5);
+	EXPECT_TRUE(std::isnan(table->data(1)[0]));
+	EXPECT_FALSE(manager.refresh(table.get()));
+	writeText(d + "/m.csv", "Time [h];T [\xC2\xB0""C];RH [%]\n1;20,5;60\n2;;61\n3;21;62\n");
+	EXPECT_TRUE(manager.refresh(table.get()));
+	EXPECT_EQ(table->timePoints().size(), 3u);
+	EXPECT_EQ(manager.revision(table.get()), 1u);
 }

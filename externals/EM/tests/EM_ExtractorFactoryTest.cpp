@@ -103,7 +103,8 @@ TEST(EMExtractorFactory, ExtractorPerDataFormatAndCutType) {
 		d.setValueUnit("C");
 		d.setDataFormat(c.m_format);
 		std::unique_ptr<ExtractorBase> e = ExtractorFactory::createExtractor(&d, c.m_cut);
-		EXPECT_EQ(std::type_index(typeid(*e)), c.m_kind) << CutTypes::keyword(c.m_cut) << ": " << typeid(*e).name();
+		const ExtractorBase & made = *e;
+		EXPECT_EQ(std::type_index(typeid(made)), c.m_kind) << CutTypes::keyword(c.m_cut) << ": " << typeid(made).name();
 		EXPECT_EQ(e->cutType(), c.m_cut);
 		EXPECT_EQ(e->targetValueUnit(), ZEB::Unit("C"));
 	}

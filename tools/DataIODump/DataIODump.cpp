@@ -10,7 +10,6 @@
 // error as well.
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -25,6 +24,7 @@
 #include <DATAIO_GeoFile.h>
 #include <DATAIO_NumberText.h>
 
+#include <OVP_DateTimeText.h>
 #include <OVP_FileReaderRegistry.h>
 
 namespace {
@@ -110,31 +110,12 @@ void printForeignHeader(const DATAIO::DataIO & dio, const OVP::FileReader & read
 	printField("Time points", std::to_string(dio.timePoints().size()));
 }
 
-/*! "YYYY-MM-DD hh:mm:ss" of a time point in seconds from 1 January 00:00 of the start year. */
-void appendDateTime(std::string & out, int startYear, double seconds) {
-	const long long whole = static_cast<long long>(std::floor(seconds));
-	long long days = whole/86400;
-	long long rest = whole - days*86400;
-	int year = startYear;
-	auto daysOfYear = [](int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0 ? 366 : 365; };
-	while (days >= daysOfYear(year))
-		days -= daysOfYear(year++);
-	const int monthDays[] = { 31, daysOfYear(year) == 366 ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
-	int month = 0;
-	while (month < 11 && days >= monthDays[month])
-		days -= monthDays[month++];
-	char text[64];
-	std::snprintf(text, sizeof(text), "%04d-%02d-%02d %02d:%02d:%02d ", year, month + 1, int(days) + 1,
-				  int(rest/3600), int(rest/60 % 60), int(rest % 60));
-	out += text;
-}
-
 /*! Appends one data line: the time point and the values, separated by single blanks; with a
 	start year the date and time come first.
 */
 void appendDataLine(std::string & out, double t, const double * values, unsigned int n, int startYear) {
-	if (startYear != DATAIO::DataIO::UNSET_START_YEAR && t >= 0)
-		appendDateTime(out, startYear, t);
+	if (startYear != DATAIO::DataIO::UNSET_START_YEAR)
+		out += OVP::DateTimeText::format(startYear, t) + ' ';
 	DATAIO::NumberText::appendDouble(out, t);
 	for (unsigned int i = 0; i < n; ++i) {
 		out += ' ';

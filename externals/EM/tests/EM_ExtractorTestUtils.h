@@ -51,6 +51,14 @@ public:
 		return false;
 	}
 
+	/*! Clears the record and updates e; true when e is not up to date afterwards and this error
+		of this origin was reported. */
+	bool updateFails(EM::ExtractorBase & e, const std::string & text, const std::string & where) {
+		m_messages.clear();
+		e.update();
+		return e.status() != EM::ExtractorBase::US_UpToDate && has(ZEB::MSG_ERROR, text, where);
+	}
+
 	std::vector<RecordedMessage>	m_messages;
 };
 
@@ -62,30 +70,11 @@ inline void setTargetUnits(EM::ExtractorBase & e, const char * xUnit, const char
 	e.setTargetValueUnit(ZEB::Unit(valueUnit));
 }
 
-/*! A 2D container in memory: one value per time point, all header fields an extractor needs. */
-inline std::unique_ptr<DATAIO::DataIO> container2D(const std::vector<double> & time, const std::vector<double> & values,
-												   const char * timeUnit = "h", const char * valueUnit = "C")
-{
-	std::unique_ptr<DATAIO::DataIO> d(new DATAIO::DataIO);
-	d->setFilename("series.d6o");
-	d->setQuantity("Temperature");
-	d->setType(DATAIO::DataIO::T_FIELD);
-	d->setSpaceType(DATAIO::DataIO::ST_MEAN);
-	d->setNums(std::vector<std::uint32_t>(1, 0));
-	d->setTimeUnit(timeUnit);
-	d->setValueUnit(valueUnit);
-	std::vector<std::vector<double> > rows;
-	for (double v : values)
-		rows.push_back(std::vector<double>(1, v));
-	d->setData(time, rows);
-	d->setDataFormat(DATAIO::DataIO::DF_2D);
-	return d;
-}
-
-/*! A field (or flux) container in memory for the listed elements (sides), values[t][column]. */
+/*! A field (or flux) container in memory for the listed elements (sides), values[t][column],
+	with all header fields an extractor needs. */
 inline std::unique_ptr<DATAIO::DataIO> fieldContainer(const std::vector<std::uint32_t> & nums, const std::vector<double> & time,
 	const std::vector<std::vector<double> > & values, DATAIO::DataIO::DataFormat format,
-	DATAIO::DataIO::OutputType type = DATAIO::DataIO::T_FIELD, const char * valueUnit = "C")
+	DATAIO::DataIO::OutputType type = DATAIO::DataIO::T_FIELD, const char * valueUnit = "C", const char * timeUnit = "h")
 {
 	std::unique_ptr<DATAIO::DataIO> d(new DATAIO::DataIO);
 	d->setFilename("field.d6o");
@@ -93,10 +82,24 @@ inline std::unique_ptr<DATAIO::DataIO> fieldContainer(const std::vector<std::uin
 	d->setType(type);
 	d->setSpaceType(DATAIO::DataIO::ST_SINGLE);
 	d->setNums(nums);
-	d->setTimeUnit("h");
+	d->setTimeUnit(timeUnit);
 	d->setValueUnit(valueUnit);
 	d->setData(time, values);
 	d->setDataFormat(format);
+	return d;
+}
+
+/*! A 2D container in memory: one mean value per time point. */
+inline std::unique_ptr<DATAIO::DataIO> container2D(const std::vector<double> & time, const std::vector<double> & values,
+												   const char * timeUnit = "h", const char * valueUnit = "C")
+{
+	std::vector<std::vector<double> > rows;
+	for (double v : values)
+		rows.push_back(std::vector<double>(1, v));
+	std::unique_ptr<DATAIO::DataIO> d = fieldContainer({ 0 }, time, rows, DATAIO::DataIO::DF_2D, DATAIO::DataIO::T_FIELD,
+													   valueUnit, timeUnit);
+	d->setFilename("series.d6o");
+	d->setSpaceType(DATAIO::DataIO::ST_MEAN);
 	return d;
 }
 

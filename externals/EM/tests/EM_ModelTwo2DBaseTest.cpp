@@ -49,92 +49,28 @@ private:
 	double m_step;
 };
 
-/*! Linear interpolation by scanning, written from the definition (no extrapolation needed). */
-double interpolate(const std::vector<double> & x, const std::vector<double> & y, double v) {
-	for (std::size_t i = 0; i + 1 < x.size(); ++i)
-		if (v >= x[i] && v <= x[i+1])
-			return y[i] + (v - x[i]) / (x[i+1] - x[i]) * (y[i+1] - y[i]);
-	ADD_FAILURE() << v << " outside the table";
-	return 0;
-}
-
 /*! An in-memory output container holding a time series with nValues values per time point. */
 std::unique_ptr<DATAIO::DataIO> container(const EM::TimeSeries & s, unsigned int nValues = 1,
 										  DATAIO::DataIO::DataFormat format = DATAIO::DataIO::DF_2D)
 {
-	std::unique_ptr<DATAIO::DataIO> d(new DATAIO::DataIO);
-	d->setFilename("test.d6o");
-	d->setTimeUnit(s.m_timeUnit.name());
-	d->setValueUnit(s.m_valueUnit.name());
-	// a mean value over space: one value per time point also while there are no time points
-	d->setType(DATAIO::DataIO::T_FIELD);
-	d->setSpaceType(DATAIO::DataIO::ST_MEAN);
+	std::vector<std::uint32_t> nums;
+	for (std::uint32_t n = 0; n < nValues; ++n)
+		nums.push_back(n);
 	std::vector<std::vector<double> > values;
 	for (double v : s.m_values)
 		values.push_back(std::vector<double>(nValues, v));
-	d->setData(s.m_time, values);
-	d->setDataFormat(format);
-	return d;
+	return EMTest::fieldContainer(nums, s.m_time, values, format, DATAIO::DataIO::T_FIELD,
+								  s.m_valueUnit.name().c_str(), s.m_timeUnit.name().c_str());
 }
 
 } // namespace
 
 
-TEST(EMModelBase, CommonGrid) {
-	// temperatures hourly from 0 to 10 h, humidities every 45 minutes from 90 min on, in "min"
-	EM::TimeSeries t, rh;
-	t.m_timeUnit = ZEB::Unit("h");
-	t.m_valueUnit = ZEB::Unit("C");
-	for (int i = 0; i <= 10; ++i) {
-		t.m_time.push_back(i);
-		t.m_values.push_back(i * i * 0.5);
-	}
-	rh.m_timeUnit = ZEB::Unit("min");
-	rh.m_valueUnit = ZEB::Unit("%");
-	for (int i = 0; i < 10; ++i) {
-		rh.m_time.push_back(90 + 45 * i);
-		rh.m_values.push_back(50 + 3 * i * (i % 3));
-	}
-	// rh ends at 495 min = 8.25 h: grid 1.5, 2.5, ..., 7.5 h (the last partial step is dropped)
-	GridProbe probe(1);
-	ZEB::UnitVector x, y;
-	probe.calculate(t, rh, x, y);
-	ASSERT_EQ(x.size(), 7u);
-	EXPECT_EQ(x.m_unit, ZEB::Unit("h"));
-	std::vector<double> rhHours;
-	for (double m : rh.m_time)
-		rhHours.push_back(m / 60);
-	for (std::size_t k = 0; k < x.size(); ++k) {
-		EXPECT_DOUBLE_EQ(x.m_data[k], 1.5 + k);
-		EXPECT_NEAR(y.m_data[k], interpolate(t.m_time, t.m_values, x.m_data[k]), 1e-12);
-		EXPECT_NEAR(probe.m_humidity[k], interpolate(rhHours, rh.m_values, x.m_data[k]), 1e-12);
-	}
-
-	// the same grid for a model in days with a step of 1/24 d
-	GridProbe days(1.0/24, "d");
-	days.calculate(t, rh, x, y);
-	ASSERT_EQ(x.size(), 7u);
-	EXPECT_DOUBLE_EQ(x.m_data.back(), 7.5 / 24);
-
-	// swapping the inputs and giving them in other units of the same kinds changes nothing
-	EM::TimeSeries tK = t, rhFraction = rh;
-	tK.m_valueUnit = ZEB::Unit("K");
-	for (double & v : tK.m_values) v += 273.15;
-	rhFraction.m_valueUnit = ZEB::Unit("---");
-	for (double & v : rhFraction.m_values) v /= 100;
-	ZEB::UnitVector x2, y2;
-	probe.calculate(rhFraction, tK, x2, y2);
-	ASSERT_EQ(x2.size(), 7u);
-	for (std::size_t k = 0; k < x.size(); ++k) {
-		EXPECT_NEAR(y2.m_data[k], interpolate(t.m_time, t.m_values, x2.m_data[k]), 1e-9);
-		EXPECT_NEAR(probe.m_humidity[k], interpolate(rhHours, rh.m_values, x2.m_data[k]), 1e-9);
-	}
-}
-
-
 TEST(EMModelBase, ResamplingMatchesSpline) {
 	// irregular time points and rough values: the grid values are those of the foundation's
-	// linear spline over each input
+	// linear spline over each input, on the overlap of both, the last partial step dropped. The
+	// result does not depend on the order of the inputs nor on their units (humidity times in
+	// minutes, temperatures in K, humidities as fractions).
 	std::mt19937 gen(11);
 	std::uniform_real_distribution<double> gap(0.01, 3), value(-50, 150);
 	for (int round = 0; round < 20; ++round) {
@@ -153,15 +89,30 @@ TEST(EMModelBase, ResamplingMatchesSpline) {
 		}
 		GridProbe probe(0.37);
 		ZEB::UnitVector x, y;
-		probe.calculate(t, rh, x, y);
 		ZEB::LinearSpline splineT(t.m_time, t.m_values), splineRH(rh.m_time, rh.m_values);
-		const double start = std::max(t.m_time.front(), rh.m_time.front());
-		const double end = std::min(t.m_time.back(), rh.m_time.back());
+		const bool converted = round % 2 == 1;
+		if (converted) {
+			rh.m_timeUnit = ZEB::Unit("min");
+			rh.m_valueUnit = ZEB::Unit("---");
+			t.m_valueUnit = ZEB::Unit("K");
+			for (std::size_t i = 0; i < rh.m_time.size(); ++i) {
+				rh.m_time[i] *= 60;
+				rh.m_values[i] /= 100;
+				t.m_values[i] += 273.15;
+			}
+			probe.calculate(rh, t, x, y);
+		}
+		else
+			probe.calculate(t, rh, x, y);
+		const double start = std::max(t.m_time.front(), splineRH.x().front());
+		const double end = std::min(t.m_time.back(), splineRH.x().back());
 		ASSERT_EQ(x.size(), static_cast<std::size_t>((end - start) / 0.37) + 1);
+		EXPECT_EQ(x.m_unit, ZEB::Unit("h"));
+		const double tolerance = converted ? 1e-6 : 0;
 		for (std::size_t k = 0; k < x.size(); ++k) {
-			ASSERT_EQ(x.m_data[k], start + k * 0.37);
-			ASSERT_EQ(y.m_data[k], splineT.value(x.m_data[k])) << k;
-			ASSERT_EQ(probe.m_humidity[k], splineRH.value(x.m_data[k])) << k;
+			ASSERT_NEAR(x.m_data[k], start + k * 0.37, tolerance);
+			ASSERT_NEAR(y.m_data[k], splineT.value(x.m_data[k]), tolerance) << k;
+			ASSERT_NEAR(probe.m_humidity[k], splineRH.value(x.m_data[k]), tolerance) << k;
 		}
 	}
 }
@@ -200,72 +151,54 @@ TEST(EMModelBase, RecordedValuesSurviveResampling) {
 }
 
 
-TEST(EMModelBase, EmptyAndDisjointInputs) {
-	EM::ModelTwo2DViitanenMould model;
-	ZEB::UnitVector x(3, 1.0), y(3, 2.0);
-	// no overlap in time: empty result, no error
-	model.calculate(constantSeries(10, 20, "C", 1, "h", 0), constantSeries(10, 90, "%", 1, "h", 100), x, y);
-	EXPECT_TRUE(x.empty());
-	EXPECT_TRUE(y.empty());
-	// touching in one point: one grid point
-	model.calculate(constantSeries(10, 20, "C", 1, "h", 0), constantSeries(10, 90, "%", 1, "h", 9), x, y);
-	EXPECT_EQ(x.size(), 1u);
-	EXPECT_EQ(y.m_data, std::vector<double>{ 0 });
-	// an empty input
-	model.calculate(constantSeries(0, 20, "C"), constantSeries(10, 90, "%"), x, y);
-	EXPECT_TRUE(x.empty());
-	// a single point each, at the same time
-	model.calculate(constantSeries(1, 20, "C", 1, "h", 5), constantSeries(1, 90, "%", 1, "h", 5), x, y);
-	EXPECT_EQ(x.size(), 1u);
-}
-
-
-TEST(EMModelBase, InputFaults) {
+TEST(EMModelBase, EdgeAndFaultyInputs) {
 	EM::ModelTwo2DViitanenMould model;
 	const char * const where = "[ModelTwo2DBase::unifiedData]";
 	ZEB::UnitVector x(2, 1.0), y(2, 7.0);
 	EM::TimeSeries t = constantSeries(48, 20, "C");
 	EM::TimeSeries rh = constantSeries(48, 90, "%");
-
+	// each fault is reported, and leaves the previous result untouched
+	const auto expectFault = [&](const EM::TimeSeries & a, const EM::TimeSeries & b, const std::string & msg) {
+		expectError([&]() { model.calculate(a, b, x, y); }, msg, where);
+		EXPECT_EQ(x.m_data, (std::vector<double>{ 1, 1 })) << msg;
+		EXPECT_EQ(y.m_data, (std::vector<double>{ 7, 7 })) << msg;
+	};
 	EM::TimeSeries badTime = t;
 	badTime.m_timeUnit = ZEB::Unit("C");
-	expectError([&]() { model.calculate(badTime, rh, x, y); }, "x value unit of data set 1 is not time", where);
+	expectFault(badTime, rh, "x value unit of data set 1 is not time");
 	badTime.m_timeUnit = ZEB::Unit();
-	expectError([&]() { model.calculate(rh, badTime, x, y); }, "x value unit of data set 2 is not time", where);
-
+	expectFault(rh, badTime, "x value unit of data set 2 is not time");
 	// two temperatures, or a quantity that is neither
-	expectError([&]() { model.calculate(t, t, x, y); },
-				"Expected a temperature and a relative humidity, but the value units of the data sets are 'C' and 'C'.", where);
+	expectFault(t, t, "Expected a temperature and a relative humidity, but the value units of the data sets are 'C' and 'C'.");
+	expectFault(constantSeries(48, 1, "kg"), rh,
+				"Expected a temperature and a relative humidity, but the value units of the data sets are 'kg' and '%'.");
 	// a humidity without unit is read as a fraction, and one above 1 is none
-	EM::TimeSeries noFraction = constantSeries(48, 90, "-");
-	expectError([&]() { model.calculate(t, noFraction, x, y); }, "Relative humidity of data set 2 has no unit ('-') and "
-				"is read as a fraction from 0 to 1, but it holds the value 90.", where);
-	EM::TimeSeries mass = constantSeries(48, 1, "kg");
-	expectError([&]() { model.calculate(mass, rh, x, y); },
-				"Expected a temperature and a relative humidity, but the value units of the data sets are 'kg' and '%'.", where);
-
-	// time points that do not increase
+	expectFault(t, constantSeries(48, 90, "-"), "Relative humidity of data set 2 has no unit ('-') and is read as a "
+				"fraction from 0 to 1, but it holds the value 90.");
+	// time points that do not increase, values that are not finite
 	EM::TimeSeries unsorted = rh;
 	std::swap(unsorted.m_time[3], unsorted.m_time[4]);
-	expectError([&]() { model.calculate(t, unsorted, x, y); }, "Invalid time points or values in data set 2.", where);
+	expectFault(t, unsorted, "Invalid time points or values in data set 2.");
 	EM::TimeSeries infinite = t;
 	infinite.m_values[7] = HUGE_VAL;
-	expectError([&]() { model.calculate(rh, infinite, x, y); }, "Invalid time points or values in data set 2.", where);
-
+	expectFault(rh, infinite, "Invalid time points or values in data set 2.");
 	// a grid far too large for memory
-	EM::TimeSeries longT = constantSeries(2, 20, "C", 1e12, "a");
-	EM::TimeSeries longRH = constantSeries(2, 90, "%", 1e12, "a");
 	try {
-		model.calculate(longT, longRH, x, y);
+		model.calculate(constantSeries(2, 20, "C", 1e12, "a"), constantSeries(2, 90, "%", 1e12, "a"), x, y);
 		ADD_FAILURE() << "no exception";
 	}
 	catch (ZEB::Exception & ex) {
 		EXPECT_EQ(ex.messages().back().m_where, where);
 	}
 
-	// failures leave the previous result untouched
-	EXPECT_EQ(x.m_data, (std::vector<double>{ 1, 1 }));
-	EXPECT_EQ(y.m_data, (std::vector<double>{ 7, 7 }));
+	// inputs touching in one point give one grid point, so does a single point each; an empty
+	// input gives an empty result (inputs apart in time are the extractor test's)
+	model.calculate(constantSeries(10, 20, "C", 1, "h", 0), constantSeries(10, 90, "%", 1, "h", 9), x, y);
+	EXPECT_EQ(y.m_data, std::vector<double>{ 0 });
+	model.calculate(constantSeries(1, 20, "C", 1, "h", 5), constantSeries(1, 90, "%", 1, "h", 5), x, y);
+	EXPECT_EQ(x.size(), 1u);
+	model.calculate(constantSeries(0, 20, "C"), rh, x, y);
+	EXPECT_TRUE(x.empty());
 }
 
 
@@ -288,13 +221,15 @@ TEST(EMModelBase, Containers) {
 
 	expectError([&]() { calc(nullptr, dT.get()); }, "At least one dataio object not valid", where);
 	expectError([&]() { calc(dT.get(), nullptr); }, "At least one dataio object not valid", where);
-
+	// a field, and 2D with several values: as first or second data set
 	std::unique_ptr<DATAIO::DataIO> field = container(t, 3, DATAIO::DataIO::DF_3D);
 	std::unique_ptr<DATAIO::DataIO> columns = container(t, 2, DATAIO::DataIO::DF_2D);
-	expectError([&]() { calc(field.get(), dRH.get()); }, "Data set 1 is not 2D", where);
-	expectError([&]() { calc(columns.get(), dRH.get()); }, "Data set 1 is not a single-value 2D", where);
-	expectError([&]() { calc(dT.get(), field.get()); }, "Data set 2 is not 2D", where);
-	expectError([&]() { calc(dT.get(), columns.get()); }, "Data set 2 is not a single-value 2D", where);
+	for (int second = 0; second < 2; ++second) {
+		const std::string n = second ? "2" : "1";
+		expectError([&]() { second ? calc(dT.get(), field.get()) : calc(field.get(), dRH.get()); }, "Data set " + n + " is not 2D", where);
+		expectError([&]() { second ? calc(dT.get(), columns.get()) : calc(columns.get(), dRH.get()); },
+					"Data set " + n + " is not a single-value 2D", where);
+	}
 	// a column is only picked from a reference collection
 	expectError([&]() { model.calculate(dT.get(), single, dRH.get(), 0, x, y); }, "Data set 2 has no column 0.", where);
 
@@ -310,10 +245,8 @@ TEST(EMModelBase, Containers) {
 	EXPECT_TRUE(y.empty());
 
 	// a container whose time points do not increase
+	std::swap(rh.m_time[1], rh.m_time[2]);
 	std::unique_ptr<DATAIO::DataIO> unsorted = container(rh);
-	std::vector<double> time = rh.m_time;
-	std::swap(time[1], time[2]);
-	unsorted->setData(time, std::vector<std::vector<double> >(time.size(), std::vector<double>(1, 95.0)));
 	expectError([&]() { calc(dT.get(), unsorted.get()); }, "Error reading values of data set 2.",
 				"[ModelTwo2DBase::seriesFromDataIO]");
 }

@@ -446,16 +446,4 @@ Image decodeImage(const Record & r) {
 }
 
 
-std::string dump(const File & f, size_t maxRecords) {
-	std::ostringstream o;
-	for (size_t i = 0; i < f.records.size() && i < maxRecords; ++i) {
-		const Record & r = f.records[i];
-		o << i << ": type " << r.type << " size " << r.size;
-		if (r.size >= 12)
-			o << " p0=" << r.i32(8);
-		o << "\n";
-	}
-	return o.str();
-}
-
 } // namespace EmfTest

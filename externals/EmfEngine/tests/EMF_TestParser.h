@@ -128,8 +128,6 @@ Brush decodeBrush(const Record & r);
 Font decodeFont(const Record & r);
 Text decodeText(const Record & r);
 Image decodeImage(const Record & r);
-/*! A short listing of the records, for failure messages. */
-std::string dump(const File & f, size_t maxRecords = 200);
 
 } // namespace EmfTest
 

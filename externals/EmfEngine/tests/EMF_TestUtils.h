@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include <gtest/gtest.h>
+
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
@@ -19,7 +21,8 @@ inline QString scratchFile(const QString & name) {
 	return qEnvironmentVariable("ORVANE_TEST_SCRATCH") + "/" + name;
 }
 
-/*! Paints with the given function on a device of the given size and parses the result. */
+/*! Paints with the given function on a device of the given size and parses the result; a file
+	that is not written or breaks a rule of the format fails the test. */
 inline File paintAndParse(const QString & name, const QSize & size, const std::function<void(QPainter &)> & paint,
 						  double dpi = 96.0, EMF::PaintDevice::BoundsMode mode = EMF::PaintDevice::PictureBounds,
 						  const QString & title = QString())
@@ -34,11 +37,10 @@ inline File paintAndParse(const QString & name, const QSize & size, const std::f
 		paint(p);
 	}
 	File f;
-	if (!dev.isWritten() || dev.hasError()) {
-		f.errors.push_back("device did not write the file: " + dev.errorMessage());
-		return f;
-	}
-	f.parseFile(path);
+	if (!dev.isWritten() || dev.hasError())
+		ADD_FAILURE() << "device did not write the file: " << dev.errorMessage();
+	else
+		EXPECT_TRUE(f.parseFile(path)) << name.toStdString() << ":\n" << f.errorText();
 	return f;
 }
 

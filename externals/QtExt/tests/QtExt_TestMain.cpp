@@ -4,19 +4,15 @@
 #include <QDir>
 #include <QSettings>
 
-/*! Runs the tests inside an application object, headless, with the organisation/application
-	settings stores redirected into the scratch directory so that no user settings are touched.
+/*! Runs the tests inside an application object (the test environment makes it headless), with
+	the organisation/application settings stores redirected into the scratch directory so that no
+	user settings are touched.
 */
 int main(int argc, char * argv[]) {
-	if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-		qputenv("QT_QPA_PLATFORM", "offscreen");
 	::testing::InitGoogleTest(&argc, argv);
 	QApplication app(argc, argv);
 
-	QString scratch = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (scratch.isEmpty())
-		scratch = QDir::temp().filePath("QtExtTests");
-	const QString store = QDir(scratch).filePath("settings-store");
+	const QString store = QDir(qEnvironmentVariable("ORVANE_TEST_SCRATCH")).filePath("settings-store");
 	QDir().mkpath(store);
 	QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, store);
 	QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, store);

@@ -31,10 +31,7 @@ int MessageCapture::count(ZEB::MsgType type) const {
 
 
 QString scratchDir(const QString & name) {
-	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (base.isEmpty())
-		base = QDir::temp().filePath("QtExtTests");
-	QDir dir(QDir(base).filePath(name));
+	QDir dir(QDir(qEnvironmentVariable("ORVANE_TEST_SCRATCH")).filePath(name));
 	dir.removeRecursively();
 	QDir().mkpath(dir.path());
 	return dir.path();

@@ -143,30 +143,25 @@ struct GridGeometry {
 		if (m_nz > 1)
 			return;
 		std::vector<DATAIO::GeoFile::Side> sides;
+		// a side of orientation 0 (normal to x) or 1 between elements a and b (before and after it)
+		const auto addSide = [&](std::uint32_t n, double x, double y, std::uint32_t orientation, bool hasA, std::uint32_t a,
+								 bool hasB, std::uint32_t b) {
+			DATAIO::GeoFile::Side s;
+			s.m_n = n;
+			s.m_x = x;
+			s.m_y = y;
+			s.m_z = 0.5;
+			s.m_orientation = orientation;
+			s.m_elementA = hasA ? static_cast<std::int32_t>(a) : DATAIO::GeoFile::NO_ELEMENT;
+			s.m_elementB = hasB ? static_cast<std::int32_t>(b) : DATAIO::GeoFile::NO_ELEMENT;
+			sides.push_back(s);
+		};
 		for (std::uint32_t j = 0; j < m_ny; ++j)
-			for (std::uint32_t i = 0; i <= m_nx; ++i) {
-				DATAIO::GeoFile::Side s;
-				s.m_n = xSide(i, j);
-				s.m_x = xEdges[i];
-				s.m_y = 0.5*(yEdges[j] + yEdges[j + 1]);
-				s.m_z = 0.5;
-				s.m_orientation = 0;
-				s.m_elementA = i > 0 ? static_cast<std::int32_t>(element(i - 1, j)) : DATAIO::GeoFile::NO_ELEMENT;
-				s.m_elementB = i < m_nx ? static_cast<std::int32_t>(element(i, j)) : DATAIO::GeoFile::NO_ELEMENT;
-				sides.push_back(s);
-			}
+			for (std::uint32_t i = 0; i <= m_nx; ++i)
+				addSide(xSide(i, j), xEdges[i], 0.5*(yEdges[j] + yEdges[j + 1]), 0, i > 0, element(i - 1, j), i < m_nx, element(i, j));
 		for (std::uint32_t i = 0; i < m_nx; ++i)
-			for (std::uint32_t j = 0; j <= m_ny; ++j) {
-				DATAIO::GeoFile::Side s;
-				s.m_n = ySide(i, j);
-				s.m_x = 0.5*(xEdges[i] + xEdges[i + 1]);
-				s.m_y = yEdges[j];
-				s.m_z = 0.5;
-				s.m_orientation = 1;
-				s.m_elementA = j > 0 ? static_cast<std::int32_t>(element(i, j - 1)) : DATAIO::GeoFile::NO_ELEMENT;
-				s.m_elementB = j < m_ny ? static_cast<std::int32_t>(element(i, j)) : DATAIO::GeoFile::NO_ELEMENT;
-				sides.push_back(s);
-			}
+			for (std::uint32_t j = 0; j <= m_ny; ++j)
+				addSide(ySide(i, j), 0.5*(xEdges[i] + xEdges[i + 1]), yEdges[j], 1, j > 0, element(i, j - 1), j < m_ny, element(i, j));
 		m_geo->setSides(sides);
 	}
 

@@ -22,7 +22,7 @@ TemporaryTarget::TemporaryTarget(const QString & target) :
 		throw ZEB::Exception(ZEB::MessageFormat("Cannot write '%1': it is a folder.").arg(target.toStdString()), FUNC_ID);
 	const QFileInfo folder(info.absolutePath());
 	if (!folder.isDir())
-		throw ZEB::Exception(ZEB::MessageFormat("Cannot write '%1': the folder '%2' does not exist.")
+		throw ZEB::Exception(ZEB::MessageFormat("Cannot write '%1': '%2' is no existing folder.")
 							 .arg(target.toStdString()).arg(folder.filePath().toStdString()), FUNC_ID);
 	QTemporaryFile file(info.absoluteFilePath() + ".XXXXXX.part");
 	file.setAutoRemove(false);

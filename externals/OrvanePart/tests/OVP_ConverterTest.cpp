@@ -189,12 +189,12 @@ TEST(ConverterTest, BadInputLeavesNoFile) {
 		{ [&]() { OVP::FieldOutputFile f(dir + "/T.out"); }, "one value per time point" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::TecplotConverter c(f); c.setTimeRange(1, 2); c.write(target); },
 		  "Time point indexes 1 to 2 lie outside" },
-		{ [&]() { OVP::FieldOutputFile f(plane); OVP::TecplotConverter(f).write(underFile); }, "does not exist" },
+		{ [&]() { OVP::FieldOutputFile f(plane); OVP::TecplotConverter(f).write(underFile); }, "is no existing folder" },
 		{ [&]() { OVP::FieldOutputFile f(dir + "/flux.out"); OVP::TecplotConverter(f).write(target); }, "fluxes" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeHistory(6, target); }, "Element 6 is not listed" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeProfile(0, 2, 0, target); }, "do not vary" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeProfile(0, 0, 2, target); }, "lie outside" },
-		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeHistory(0, underFile); }, "does not exist" }
+		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeHistory(0, underFile); }, "is no existing folder" }
 	};
 	writeTimeSeries(dir + "/T.out", { 0, 1 }, { 20, 21 });
 	const QStringList before = QDir(dir).entryList(QDir::Files);

@@ -53,10 +53,9 @@ void SliceWriter::writeHistory(std::uint32_t element, const QString & target) {
 	FUNCID(SliceWriter::writeHistory);
 	try {
 		DATAIO::DataIO & dataIO = m_input.dataIO();
-		const unsigned int dims = EM::FieldCut::spaceDimensionCount(dataIO.dataFormat());
 		EM::SpaceGrid grid;
-		grid.build(dataIO, m_input.geometry(), dims);
-		const std::vector<unsigned int> cells = elementCells(grid, element);
+		const std::vector<unsigned int> cells = elementCells(element, grid);
+		const unsigned int dims = grid.dimensionCount();
 		m_input.checkTimeRange(0, 0);
 
 		std::unique_ptr<EM::ExtractorBase> extractor = EM::ExtractorFactory::createExtractor(&dataIO,
@@ -82,10 +81,9 @@ void SliceWriter::writeProfile(std::uint32_t element, unsigned int direction, un
 	FUNCID(SliceWriter::writeProfile);
 	try {
 		DATAIO::DataIO & dataIO = m_input.dataIO();
-		const unsigned int dims = EM::FieldCut::spaceDimensionCount(dataIO.dataFormat());
 		EM::SpaceGrid grid;
-		grid.build(dataIO, m_input.geometry(), dims);
-		const std::vector<unsigned int> cells = elementCells(grid, element);
+		const std::vector<unsigned int> cells = elementCells(element, grid);
+		const unsigned int dims = grid.dimensionCount();
 		unsigned int line = dims;
 		std::string directions;
 		for (unsigned int d = 0; d < dims; ++d) {
@@ -150,11 +148,12 @@ void SliceWriter::writeProfile(std::uint32_t element, unsigned int direction, un
 }
 
 
-std::vector<unsigned int> SliceWriter::elementCells(const EM::SpaceGrid & grid, std::uint32_t element) const {
+std::vector<unsigned int> SliceWriter::elementCells(std::uint32_t element, EM::SpaceGrid & grid) const {
 	FUNCID(SliceWriter::elementCells);
 	if (m_input.isFlux())
 		throw ZEB::Exception(ZEB::MessageFormat("Output file '%1' holds fluxes across the sides of the grid; slices are "
 			"cut from the element values of field outputs.").arg(m_input.path().toStdString()), FUNC_ID);
+	grid.build(m_input.dataIO(), m_input.geometry(), EM::FieldCut::spaceDimensionCount(m_input.dataIO().dataFormat()));
 	const std::vector<std::uint32_t> & nums = m_input.dataIO().nums();
 	const auto it = std::find(nums.begin(), nums.end(), element);
 	if (it == nums.end())

@@ -50,10 +50,10 @@ public:
 	void writeProfile(std::uint32_t element, unsigned int direction, unsigned int timeIndex, const QString & target);
 
 private:
-	/*! The grid cells of an element along the output's space dimensions; checks that the output
-		is a field and lists the element.
+	/*! Builds the output's space grid into grid and returns the cells of the element along its
+		dimensions; checks that the output is a field and lists the element.
 	*/
-	std::vector<unsigned int> elementCells(const EM::SpaceGrid & grid, std::uint32_t element) const;
+	std::vector<unsigned int> elementCells(std::uint32_t element, EM::SpaceGrid & grid) const;
 	/*! The cut type that fixes the space dimensions selected by the bit mask (1 << dimension)
 		and, with cutTime, the time.
 	*/

@@ -120,7 +120,12 @@ int main(int argc, char * argv[]) {
 		args.addOption("direction", "profile: the direction of the grid line.", "x|y|z");
 		args.addOption("time", "profile: the time point index of the profile.", "I");
 		args.addFlag("all-times", "profile: the profile at every time point (a field output).");
-		args.parse(argc, argv);
+		try {
+			args.parse(argc, argv);
+		}
+		catch (ZEB::Exception & ex) {
+			throw UsageError{ ex.what() };
+		}
 		if (args.flagEnabled("help")) {
 			args.printHelp(std::cout);
 			std::cout << '\n' << COMMANDS_HELP;

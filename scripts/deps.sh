@@ -6,6 +6,7 @@ ORVANE_PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth fonts-dejavu-core
   librsvg2-bin poppler-utils imagemagick emf2svg
+  python3-meshio
 )
 
 # What the sanitizer build (scripts/test.sh --sanitize) needs besides: clang and its runtimes.

@@ -5,17 +5,25 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <ZEB_Exception.h>
 
 #include <OVP_DataManagerFilterModel.h>
 #include <OVP_DataManagerTableModel.h>
 #include <OVP_DataSetMimeData.h>
 #include <OVP_DataSetOptions.h>
 #include <OVP_DataSetOptionsWidget.h>
+#include <OVP_FieldOutputFile.h>
 #include <OVP_ProjectHandler.h>
+#include <OVP_UserInteraction.h>
+
+#include "ConvertDialog.h"
 
 DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget * parent) :
 	QWidget(parent),
@@ -48,6 +56,8 @@ DataManagerPanel::DataManagerPanel(OVP::DataManagerTableModel * model, QWidget *
 	m_tableView->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
 	m_tableView->setSortingEnabled(true);
 	m_tableView->installEventFilter(this);
+	m_tableView->setContextMenuPolicy(Qt::CustomContextMenu);
+	connect(m_tableView, &QTableView::customContextMenuRequested, this, &DataManagerPanel::showContextMenu);
 	m_filterEdit->installEventFilter(this);
 	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::fitColumns);
 	connect(model, &OVP::DataManagerTableModel::headersRead, this, &DataManagerPanel::selectWaitingFile);
@@ -183,4 +193,34 @@ void DataManagerPanel::selectWaitingFile() {
 	}
 	m_tableView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 	m_tableView->scrollTo(index);
+}
+
+
+void DataManagerPanel::showContextMenu(const QPoint & position) {
+	const QModelIndex index = m_tableView->indexAt(position);
+	if (!index.isValid())
+		return;
+	const OVP::DataCollection & collection = m_model->collection(m_filterModel->mapToSource(index).row());
+	const bool grid = collection.m_dataFormat == DATAIO::DataIO::DF_3D || collection.m_dataFormat == DATAIO::DataIO::DF_4D
+					  || collection.m_dataFormat == DATAIO::DataIO::DF_5D;
+	if (!grid)
+		return;
+	const QString path = collection.m_path;
+	QMenu menu(this);
+	connect(menu.addAction(tr("Convert to Tecplot...")), &QAction::triggered, this,
+			[this, path]() { openConvertDialog(path, ConvertDialog::M_Tecplot); });
+	connect(menu.addAction(tr("Write slice...")), &QAction::triggered, this,
+			[this, path]() { openConvertDialog(path, ConvertDialog::M_Slice); });
+	menu.exec(m_tableView->viewport()->mapToGlobal(position));
+}
+
+
+void DataManagerPanel::openConvertDialog(const QString & path, int mode) {
+	try {
+		ConvertDialog dialog(static_cast<ConvertDialog::Mode>(mode), std::make_unique<OVP::FieldOutputFile>(path), this);
+		dialog.exec();
+	}
+	catch (ZEB::Exception & ex) {
+		QMessageBox::critical(this, tr("Convert"), OVP::exceptionText(ex));
+	}
 }

@@ -23,7 +23,8 @@ class DataSetOptionsWidget;
 	be selected, and selected rows are dragged as OVP::DataSetMimeData. The filter text goes to
 	the filter model. The selected rows become the selection of the options; the option panel
 	sits right of the table, or below it while the panel is narrower than WIDE_LAYOUT_WIDTH.
-	"Create chart" (also Enter in the table) and "Add to current chart" are announced.
+	"Create chart" (also Enter in the table) and "Add to current chart" are announced. The context
+	menu of a field or flux file converts it (ConvertDialog).
 */
 class DataManagerPanel : public QWidget {
 	Q_OBJECT
@@ -78,6 +79,14 @@ private:
 	void onSelectionChanged();
 	/*! Selects the file waiting for its row once the row is there. */
 	void selectWaitingFile();
+	/*! The context menu of a table row: "Convert to Tecplot..." and "Write slice..." for files
+		of values over a construction grid.
+	*/
+	void showContextMenu(const QPoint & position);
+	/*! Reads a file with its geometry and opens the convert dialog of the mode on it; a file
+		that cannot be read gets a message.
+	*/
+	void openConvertDialog(const QString & path, int mode);
 
 	OVP::DataManagerTableModel *	m_model;
 	OVP::DataManagerFilterModel *	m_filterModel;

@@ -69,9 +69,10 @@ ZEB::Unit SeriesClimatePlaneModel::yUnit(int) const {
 
 QVariant SeriesClimatePlaneModel::seriesData(int seriesIndex, int role) const {
 	Q_ASSERT(seriesIndex >= 0 && seriesIndex < static_cast<int>(seriesCount()));
-	if (role == SeriesTitleText || role == SeriesTitle)
-		return legendTitle(seriesIndex, Mapper::displayTitle(lineProperties(seriesIndex).m_titleText,
-															  m_mapper->extractor3D()));
+	if (role == SeriesTitleText || role == SeriesTitle) {
+		const QString title = Mapper::displayTitle(lineProperties(seriesIndex).m_titleText, m_mapper->extractor3D());
+		return role == SeriesTitle ? legendTitle(seriesIndex, title) : title;
+	}
 	return SCI::AbstractLineSeriesModel::seriesData(seriesIndex, role);
 }
 

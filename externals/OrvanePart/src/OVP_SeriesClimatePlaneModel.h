@@ -42,8 +42,9 @@ public:
 	/*! The unit of the left axis, to which the humidities are converted. */
 	ZEB::Unit yUnit(int seriesIndex) const override;
 
-	/*! The title roles give legendTitle() of the stored title (with "$filename" replaced);
-		all else as the line model.
+	/*! The editable title (SeriesTitleText) is the stored one with "$filename" replaced, the
+		title shown in the legend and the panels (SeriesTitle) its legendTitle(); all else as the
+		line model.
 	*/
 	QVariant seriesData(int seriesIndex, int role) const override;
 	/*! Marks the project modified and stores the property; moving a series to the right y axis

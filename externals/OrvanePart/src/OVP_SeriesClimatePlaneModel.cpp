@@ -109,14 +109,8 @@ QVariant SeriesClimatePlaneModel::axisData(int axisPosition, int role) const {
 
 
 bool SeriesClimatePlaneModel::setAxisData(const QVariant & value, int axisPosition, int role) {
-	if (role == AxisUnit && !ExtractorAxisData::acceptsUnit(*m_mapper, axisPosition, value))
-		return false;
-	const bool stored = AbstractCartesianChartModel::setAxisData(value, axisPosition, role);
-	if (stored && role == AxisUnit) {
-		m_pointsValid = false;
-		m_mapper->applyAxisUnits();
-	}
-	return stored;
+	// a new unit re-announces all series (Mapper::applyAxisUnits()), which drops the converted points
+	return ExtractorAxisData::setAxisData(*m_mapper, *this, value, axisPosition, role);
 }
 
 

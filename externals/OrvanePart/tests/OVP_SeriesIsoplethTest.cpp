@@ -7,6 +7,10 @@
 
 #include <tinyxml.h>
 
+#include <Sci_Chart.h>
+#include <Sci_LineSeries.h>
+#include <Sci_PlotCurve.h>
+
 #include <OVP_ChartCreator.h>
 #include <OVP_DataSetOptions.h>
 #include <OVP_Mapper.h>
@@ -152,11 +156,14 @@ TEST_F(SeriesIsoplethTest, PeriodChangesUndoAndSessionRoundTrip) {
 	writeClimate({ { 48, 97 }, { 24, 50 } });
 	createChart("IsoplethModel");
 	createChart("WTAWoodDegradationModel");
-	// the period ends with day 1: hours 0..24 count
+	// the period ends with day 1: hours 0..24 count; the plot's legend follows
+	const SCI::Chart & chart = *mapper(0).chart();
 	OVP::DataSetSetup setup = mapper(0).dataSetSetup(0);
 	setup.m_modelParameters = { { "TED", "1" } };
 	handler().setDataSetSetup(0, 0, setup);
 	EXPECT_EQ(legend(mapper(0), 0), "Isopleth from T.out - 1.04167 days mould risk (max period 25 h)");
+	EXPECT_EQ(dynamic_cast<const SCI::LineSeries &>(*chart.series(0)).curve()->title().text().toStdString(),
+			  legend(mapper(0), 0));
 	EXPECT_EQ(points(mapper(0), 0).size(), 25u);
 	handler().undoStack().undo();
 	EXPECT_EQ(legend(mapper(0), 0), "Isopleth from T.out - 2 days mould risk (max period 48 h)");

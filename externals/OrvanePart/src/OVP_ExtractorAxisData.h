@@ -11,13 +11,17 @@ namespace DATAIO {
 class DataIO;
 }
 
+namespace SCI {
+class AbstractCartesianChartModel;
+}
+
 namespace OVP {
 
 class Mapper;
 
 /*! The axis properties that the series models take from the extracted data instead of the
 	stored chart properties: the quantity name in axis titles and the date of the time zero;
-	and the check of a new axis unit against the data.
+	and the check of a new axis unit against the data, which the series take on.
 */
 class ExtractorAxisData {
 public:
@@ -39,6 +43,13 @@ public:
 		number is left to the chart model's own check.
 	*/
 	static bool acceptsUnit(const Mapper & mapper, int axisPosition, const QVariant & value);
+
+	/*! Stores an axis property of the mapper's chart model through the Cartesian model's own
+		setter; a unit must be accepted by acceptsUnit() first (else false, nothing changes),
+		and a stored one is applied to the mapper's series (Mapper::applyAxisUnits()).
+	*/
+	static bool setAxisData(Mapper & mapper, SCI::AbstractCartesianChartModel & model, const QVariant & value,
+							int axisPosition, int role);
 };
 
 } // namespace OVP

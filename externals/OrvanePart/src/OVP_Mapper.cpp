@@ -30,8 +30,10 @@
 #include "OVP_ModelOptions.h"
 #include "OVP_ProjectRelativePath.h"
 #include "OVP_SeriesColorGridExtractorModel.h"
+#include "OVP_SeriesIsoplethExtractorModel.h"
 #include "OVP_SeriesLineExtractorModel.h"
 #include "OVP_SeriesVectorFieldExtractorModel.h"
+#include "OVP_SeriesWTAExtractorModel.h"
 
 namespace OVP {
 
@@ -42,6 +44,44 @@ typedef SCI::AbstractLineSeriesModel LM;
 
 /*! The text of the ModelType element of two-container extractors. */
 const char * const MODEL_TYPE_TWO_2D = "MT_2DFromTwo2D";
+
+/*! The chartType attribute of the ChartModel element, indexed by Mapper::MapperType. */
+const char * const CHART_TYPE_KEYWORDS[] = { "", "2D", "3D", "Vector", "Isopleth", "WTA" };
+
+/*! The model type keyword of the isopleth and the WTA wood chart, indexed by Mapper::MapperType
+	(empty for the other kinds).
+*/
+const char * const PLANE_MODEL_TYPES[] = { "", "", "", "", "IsoplethModel", "WTAWoodDegradationModel" };
+
+/*! The chart that a new mapper of a model shows in the temperature and relative humidity plane:
+	MT_Isopleth or MT_WTA; MT_Empty for a model of a line chart and for none.
+*/
+Mapper::MapperType planeKindOfModel(const std::string & modelType) {
+	for (int k = Mapper::MT_Isopleth; k <= Mapper::MT_WTA; ++k)
+		if (modelType == PLANE_MODEL_TYPES[k])
+			return static_cast<Mapper::MapperType>(k);
+	return Mapper::MT_Empty;
+}
+
+/*! The chart of a chartType attribute that a mapper is made of: MT_Isopleth or MT_WTA, MT_Empty
+	for the others, whose kind the extractors decide.
+*/
+Mapper::MapperType planeKindOfChartType(const char * chartType) {
+	for (int k = Mapper::MT_Isopleth; chartType != nullptr && k <= Mapper::MT_WTA; ++k)
+		if (std::string(chartType) == CHART_TYPE_KEYWORDS[k])
+			return static_cast<Mapper::MapperType>(k);
+	return Mapper::MT_Empty;
+}
+
+/*! Throws, with the function id, when the data set of an isopleth or WTA wood chart would get
+	manipulators, which change a model's series over time and have nothing to act on in these
+	charts.
+*/
+void checkNoManipulators(const DataSetSetup::KeywordList & manipulators, const char * functionId) {
+	if (!manipulators.empty())
+		throw ZEB::Exception("An isopleth or WTA wood chart shows the climate its model evaluated; manipulators "
+							 "do not apply to it.", functionId);
+}
 
 /*! Keywords of the data formats, indexed by DATAIO::DataIO::DataFormat. */
 const char * const DATA_FORMAT_KEYWORDS[] = { "DF_2D", "DF_3D", "DF_4D", "DF_5D" };
@@ -223,6 +263,10 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 												const std::string & modelType, const std::string & modelParameter,
 												const ManipulatorList & manipulators)
 {
+	FUNCID(Mapper::createNewMapper);
+	const MapperType planeKind = planeKindOfModel(modelType);
+	if (planeKind != MT_Empty)
+		checkNoManipulators(manipulators, FUNC_ID);
 	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
 	ExtractorEntry entry = mapper->createEntry(dataSets, modelType, modelParameter, manipulators);
 	if (modelType.empty()) {
@@ -233,12 +277,12 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 	}
 	else
 		mapper->m_name = QString::fromUtf8(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model().title());
-	mapper->appendEntry(std::move(entry));
+	mapper->appendEntry(std::move(entry), planeKind);
 	mapper->setupNewChart();
 	if (mapper->m_type == MT_2D)
 		mapper->updateEntry(mapper->m_2DExtractors.front());
 	else
-		mapper->updateEntry(mapper->m_3DExtractor);
+		mapper->updateSingleEntry();
 	return mapper;
 }
 
@@ -247,6 +291,9 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 						  const std::string & modelParameter, const ManipulatorList & manipulators)
 {
 	FUNCID(Mapper::addExtractor);
+	if (isPlaneChart())
+		throw ZEB::Exception("An isopleth or WTA wood chart shows the one model it was made of; further data sets "
+							 "cannot be added to it.", FUNC_ID);
 	if (m_type != MT_2D)
 		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 	if (dataSets.empty())
@@ -358,6 +405,12 @@ void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
 Mapper::PreparedSetup Mapper::prepareDataSetSetup(unsigned int index, const DataSetSetup & setup) const {
 	FUNCID(Mapper::setDataSetSetup);
 	const ExtractorEntry & old = entryAt(index, FUNC_ID);
+	if (isPlaneChart()) {
+		if (setup.m_modelType != PLANE_MODEL_TYPES[m_type])
+			throw ZEB::Exception(ZEB::MessageFormat("The chart shows the model '%1', its data set cannot take "
+				"another one.").arg(PLANE_MODEL_TYPES[m_type]), FUNC_ID);
+		checkNoManipulators(setup.m_manipulators, FUNC_ID);
+	}
 	checkSetupFiles(setup, old);
 	checkManipulators(setup.m_manipulators, FUNC_ID);
 	const bool withModel = !setup.m_modelType.empty();
@@ -390,14 +443,10 @@ void Mapper::applyDataSetSetup(PreparedSetup prepared) {
 	ExtractorEntry & target = m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
 	target = std::move(prepared.m_entry);
 	setTargetUnitsFromAxes(target, leftAxis);
-	if (m_type == MT_2D) {
+	if (m_type == MT_2D)
 		update2DExtractor(index);
-	}
-	else {
-		m_chartModel->beginChangeSeries(0, 0);
-		updateEntry(target);
-		m_chartModel->endChangeSeries();
-	}
+	else
+		updateSingleEntry();
 	m_chartModel->endChangeModel();
 }
 
@@ -434,6 +483,9 @@ std::vector<std::pair<int, ZEB::Unit> > Mapper::axisUnitsFor(const ExtractorEntr
 {
 	FUNCID(Mapper::setDataSetSetup);
 	std::vector<std::pair<int, ZEB::Unit> > units;
+	// the model of a temperature and humidity plane keeps its units whatever the files hold
+	if (isPlaneChart())
+		return units;
 	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
 		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
 		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
@@ -568,6 +620,15 @@ std::vector<ZEB::Unit> Mapper::axisDataUnits(int axisPosition, int skippedEntry)
 		if (static_cast<int>(i) == skippedEntry)
 			continue;
 		const EM::ExtractorBase & extractor = *(m_type == MT_2D ? m_2DExtractors[i] : m_3DExtractor).m_extractor;
+		if (isPlaneChart()) {
+			// temperatures on the x axis, relative humidities on the y axis, in the model's units
+			const EM::ModelTwo2DBase & model = static_cast<const EM::Extractor2DFromTwo2D &>(extractor).model();
+			if (axisPosition == CM::BottomAxis)
+				units.push_back(model.temperatureUnit());
+			else if (axisPosition == CM::LeftAxis)
+				units.push_back(model.humidityUnit());
+			continue;
+		}
 		for (const std::pair<int, unsigned int> & axis : outputAxes(extractor, onLeftAxis(i)))
 			if (axis.first == axisPosition)
 				units.push_back(extractor.axisUnitFromDataIO(axis.second));
@@ -584,6 +645,10 @@ bool Mapper::onLeftAxis(unsigned int index) const {
 void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap) {
 	FUNCID(Mapper::readXML);
 	bool chartModelRead = false;
+	// the chart type tells whether the one extractor of a model makes a chart of the model's plane
+	const TiXmlElement * chartModelElement = element->FirstChildElement("ChartModel");
+	const MapperType planeKind = planeKindOfChartType(chartModelElement == nullptr ? nullptr
+																					: chartModelElement->Attribute("chartType"));
 	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
 		 child = child->NextSiblingElement())
 	{
@@ -596,6 +661,9 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 				readExtractorDefinition(e, projectDir, remap, def);
 				ExtractorEntry entry = createExtractorEntry(def);
 				const bool is2D = entry.m_extractor->outputKind() == EM::ExtractorBase::OK_2D;
+				if (isPlaneChart())
+					throw ZEB::Exception("Invalid extractor definition in mapper. An isopleth or WTA wood chart has "
+										 "only one extractor.", FUNC_ID);
 				if (m_type == MT_3D || m_type == MT_Vector) {
 					if (is2D)
 						throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
@@ -603,14 +671,14 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 				}
 				if (m_type == MT_2D && !is2D)
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
-				appendEntry(std::move(entry));
+				appendEntry(std::move(entry), planeKind);
 			}
 		}
 		else if (name == "ChartModel") {
 			if (extractorCount() == 0)
 				throw ZEB::Exception("Cannot have 'ChartModel' tag before added Extractors to mapper.", FUNC_ID);
 			const char * chartType = child->Attribute("chartType");
-			const char * expected = m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector");
+			const char * expected = CHART_TYPE_KEYWORDS[m_type];
 			if (chartType != nullptr && std::string(chartType) != expected)
 				throw ZEB::Exception(ZEB::MessageFormat("Chart type '%1' does not fit the extractors of the mapper "
 														"(expected '%2').").arg(chartType).arg(expected), FUNC_ID);
@@ -793,7 +861,7 @@ void Mapper::writeXML(TiXmlElement * element, const QString & projectDir, bool w
 		return;
 	TiXmlElement * chartModel = new TiXmlElement("ChartModel");
 	element->LinkEndChild(chartModel);
-	chartModel->SetAttribute("chartType", m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector"));
+	chartModel->SetAttribute("chartType", CHART_TYPE_KEYWORDS[m_type]);
 	const bool previous = m_chartModel->writeAll();
 	m_chartModel->setWriteAll(writeAll);
 	m_chartModel->writeXML(chartModel);
@@ -1030,11 +1098,8 @@ void Mapper::refresh(DATAIO::DataIO::RefreshMode mode) {
 	m_chartModel->beginChangeModel();
 	for (unsigned int i : changed)
 		update2DExtractor(i);
-	if (fieldChanged) {
-		m_chartModel->beginChangeSeries(0, 0);
-		updateEntry(m_3DExtractor);
-		m_chartModel->endChangeSeries();
-	}
+	if (fieldChanged)
+		updateSingleEntry();
 	m_chartModel->endChangeModel();
 }
 
@@ -1044,6 +1109,14 @@ void Mapper::update2DExtractor(unsigned int index) {
 	const int i = static_cast<int>(index);
 	m_chartModel->beginChangeSeries(i, i);
 	updateEntry(m_2DExtractors[index]);
+	m_chartModel->endChangeSeries();
+}
+
+
+void Mapper::updateSingleEntry() {
+	const int last = std::max(0, static_cast<int>(m_chartModel->seriesCount()) - 1);
+	m_chartModel->beginChangeSeries(0, last);
+	updateEntry(m_3DExtractor);
 	m_chartModel->endChangeSeries();
 }
 
@@ -1061,9 +1134,7 @@ void Mapper::applyAxisUnits() {
 	}
 	else if (m_3DExtractor.m_extractor) {
 		setTargetUnitsFromAxes(m_3DExtractor, true);
-		m_chartModel->beginChangeSeries(0, 0);
-		updateEntry(m_3DExtractor);
-		m_chartModel->endChangeSeries();
+		updateSingleEntry();
 	}
 	m_chartModel->endChangeModel();
 }
@@ -1130,8 +1201,23 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 }
 
 
-void Mapper::appendEntry(ExtractorEntry entry) {
+void Mapper::appendEntry(ExtractorEntry entry, MapperType planeKind) {
+	FUNCID(Mapper::appendEntry);
 	const EM::ExtractorBase::OutputKind kind = entry.m_extractor->outputKind();
+	if (m_type == MT_Empty && planeKind != MT_Empty) {
+		const EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<const EM::Extractor2DFromTwo2D *>(entry.m_extractor.get());
+		if (twoFiles == nullptr || std::string(twoFiles->model().typeKeyword()) != PLANE_MODEL_TYPES[planeKind])
+			throw ZEB::Exception(ZEB::MessageFormat("Chart type '%1' needs one extractor of the model '%2'.")
+								 .arg(CHART_TYPE_KEYWORDS[planeKind]).arg(PLANE_MODEL_TYPES[planeKind]), FUNC_ID);
+		m_type = planeKind;
+		if (planeKind == MT_Isopleth)
+			m_chartModel.reset(new SeriesIsoplethExtractorModel(this));
+		else
+			m_chartModel.reset(new SeriesWTAExtractorModel(this));
+		connect(m_chartModel.get(), &SCI::AbstractChartModel::seriesViewChanged, this, &Mapper::onSeriesViewChanged);
+		m_3DExtractor = std::move(entry);
+		return;
+	}
 	if (m_type == MT_Empty) {
 		switch (kind) {
 			case EM::ExtractorBase::OK_2D :
@@ -1167,11 +1253,17 @@ void Mapper::setupNewChart() {
 	const ExtractorEntry & entry = m_type == MT_2D ? m_2DExtractors.front() : m_3DExtractor;
 	const EM::ExtractorBase & extractor = *entry.m_extractor;
 	model.setChartData(m_name, SCI::AbstractChartModel::TitleText);
-	setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
-	if (m_type == MT_2D) {
+	if (isPlaneChart()) {
+		const EM::ModelTwo2DBase & planeModel = static_cast<const EM::Extractor2DFromTwo2D &>(extractor).model();
+		setAxisUnit(model, CM::BottomAxis, planeModel.temperatureUnit());
+		setAxisUnit(model, CM::LeftAxis, planeModel.humidityUnit());
+	}
+	else if (m_type == MT_2D) {
+		setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
 		setAxisUnit(model, CM::LeftAxis, extractor.targetValueUnit());
 	}
 	else {
+		setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
 		setAxisUnit(model, CM::LeftAxis, extractor.targetYUnit());
 		setAxisUnit(model, CM::RightAxis, extractor.targetValueUnit());
 	}
@@ -1179,10 +1271,15 @@ void Mapper::setupNewChart() {
 		model.setAxisData(QString(DEFAULT_AXIS_TITLE), a, CM::AxisTitleText);
 	if (m_type == MT_2D)
 		static_cast<SeriesLineExtractorModel &>(model).initSeries(0, true);
+	else if (isPlaneChart())
+		static_cast<SeriesClimatePlaneModel &>(model).initSeries();
 }
 
 
 void Mapper::setTargetUnitsFromAxes(ExtractorEntry & entry, bool leftAxis) const {
+	// the model of a temperature and humidity plane computes in its own units, its chart model converts
+	if (isPlaneChart())
+		return;
 	EM::ExtractorBase & extractor = *entry.m_extractor;
 	const ZEB::Unit x = axisUnit(*m_chartModel, CM::BottomAxis);
 	if (x.id() != 0)

@@ -44,7 +44,10 @@ class DataManager;
 	chart model that presents them and the plot that draws them.
 
 	A mapper is a line chart of any number of 2D extractors (one series each), a colour grid of
-	exactly one 3D extractor or a vector field of exactly one vector-field extractor. Its state
+	exactly one 3D extractor, a vector field of exactly one vector-field extractor, or an
+	isopleth or WTA wood chart of exactly one extractor that combines two 2D data sets by the
+	isopleth or the WTA wood degradation model and shows the model in the temperature and
+	relative humidity plane (chosen when such a chart is created from that model). Its state
 	is stored in the project file as element Mapper (readXML(), writeXML()), so that the chart
 	can be rebuilt from the files on disk. The target units of the extractors are the units of
 	the chart axes: a change of an axis unit converts the series.
@@ -57,7 +60,9 @@ public:
 		MT_Empty,		///< no extractor yet
 		MT_2D,			///< line chart of 2D extractors
 		MT_3D,			///< colour grid of one 3D extractor
-		MT_Vector		///< vector field of one vector-field extractor
+		MT_Vector,		///< vector field of one vector-field extractor
+		MT_Isopleth,	///< isopleth chart of one extractor with the isopleth model
+		MT_WTA			///< WTA wood chart of one extractor with the WTA wood degradation model
 	};
 
 	/*! A data set selected by the user: a file and, for reference outputs, the column number as
@@ -103,7 +108,9 @@ public:
 
 	/*! A new mapper of one data set, or of two 2D data sets combined by the model of the given
 		type keyword (e.g. "VTTMouldModel") with its parameter text (empty: defaults); the
-		manipulators apply to the series of a line chart. The extractor is updated, the chart set
+		manipulators apply to the series of a line chart. The isopleth and the WTA wood
+		degradation model make an isopleth or WTA wood chart, which takes no manipulators; the
+		other models a line chart of the model's result. The extractor is updated, the chart set
 		up with the data's units and default titles, and the mapper named after the quantity of
 		the data (the model's title for a model). Throws ZEB::Exception.
 	*/
@@ -114,8 +121,8 @@ public:
 
 	/*! Adds the series of one data set, or of two 2D data sets and a model (with its parameter
 		text), to a line chart, with the given manipulators. The series goes to the y axis whose
-		unit it converts to. Throws ZEB::Exception when the data set does not fit the chart; the
-		mapper is then unchanged.
+		unit it converts to. Throws ZEB::Exception when the data set does not fit the chart or
+		the chart is no line chart; the mapper is then unchanged.
 	*/
 	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string(),
 					  const std::string & modelParameter = std::string(),
@@ -224,7 +231,9 @@ public:
 	unsigned int extractorCount() const;
 	/*! The 2D extractors in series order. */
 	const std::vector<ExtractorEntry> & extractors2D() const { return m_2DExtractors; }
-	/*! The 3D or vector-field extractor entry; its extractor is null in 2D mappers. */
+	/*! The entry of the one extractor of the charts other than line charts (colour grid,
+		vector field, isopleth, WTA wood); its extractor is null in 2D mappers.
+	*/
 	const ExtractorEntry & extractor3D() const { return m_3DExtractor; }
 	/*! The entry at an index as dataSetSetup() counts; throws ZEB::Exception with the given
 		function id for an index the mapper does not have.
@@ -318,10 +327,20 @@ private:
 	static void checkCutIndices(const DataSetSetup & setup, const ExtractorEntry & entry, const ExtractorEntry & old);
 
 	/*! Appends an entry: decides the kind and creates the chart model with the first entry,
-		enforces the kind rules of a mapper. When the chart model exists already, the new series
-		is announced.
+		enforces the kind rules of a mapper. The first entry makes the chart of planeKind
+		(MT_Isopleth or MT_WTA; throws ZEB::Exception when the entry has not that chart's model)
+		or, with MT_Empty, the chart of its output kind. When the chart model exists already,
+		the new series is announced.
 	*/
-	void appendEntry(ExtractorEntry entry);
+	void appendEntry(ExtractorEntry entry, MapperType planeKind = MT_Empty);
+	/*! True for the isopleth and the WTA wood chart, which show their model in the temperature
+		and relative humidity plane.
+	*/
+	bool isPlaneChart() const { return m_type == MT_Isopleth || m_type == MT_WTA; }
+	/*! Updates the one extractor of a chart other than a line chart and announces all of the
+		chart's series as changed.
+	*/
+	void updateSingleEntry();
 	/*! Sets the axis units and default titles of a new chart from its first extractor. */
 	void setupNewChart();
 	/*! Sets the target units of an entry from the chart axes (2D series: the axis of the series). */
@@ -336,7 +355,7 @@ private:
 	MapperType							m_type = MT_Empty;
 	/*! Entries of the series of a line chart, in series order. */
 	std::vector<ExtractorEntry>			m_2DExtractors;
-	/*! Entry of the 3D or vector-field extractor. */
+	/*! Entry of the one extractor of the other charts (colour grid, vector field, isopleth, WTA). */
 	ExtractorEntry						m_3DExtractor;
 	std::unique_ptr<SCI::AbstractCartesianChartModel>	m_chartModel;
 	/*! The plot; guarded, because a view that re-parented it may have deleted it. */

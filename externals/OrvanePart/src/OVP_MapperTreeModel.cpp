@@ -96,6 +96,8 @@ QString mapperToolTip(const Mapper & mapper) {
 		case Mapper::MT_2D :		kind = MapperTreeModel::tr("Line chart"); break;
 		case Mapper::MT_3D :		kind = MapperTreeModel::tr("Colour grid"); break;
 		case Mapper::MT_Vector :	kind = MapperTreeModel::tr("Vector field"); break;
+		case Mapper::MT_Isopleth :	kind = MapperTreeModel::tr("Isopleth chart"); break;
+		case Mapper::MT_WTA :		kind = MapperTreeModel::tr("WTA wood chart"); break;
 		case Mapper::MT_Empty :		kind = MapperTreeModel::tr("Empty chart"); break;
 	}
 	const unsigned int count = mapper.extractorCount();

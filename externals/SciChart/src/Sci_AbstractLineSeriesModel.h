@@ -24,7 +24,7 @@ public:
 	/*! Roles of the line properties; the numbers are part of the interface. */
 	enum SeriesDataRole {
 		SeriesTitleText		= 1,	///< QString, legend text, empty
-		SeriesTitle			= 2,	///< QString, read-only alias of SeriesTitleText
+		SeriesTitle			= 2,	///< QString, read-only: the title shown in the legend, SeriesTitleText unless a derived model completes it
 		SeriesPen			= 3,	///< QPen, black, solid, width 1
 		SeriesPenWidth		= 4,	///< int, 1
 		SeriesPenColor		= 5,	///< QColor, black

@@ -57,8 +57,9 @@ void LineSeries::updateProperty(int seriesIndex, int role) {
 	typedef AbstractLineSeriesModel M;
 	const bool all = role < 0;
 	PlotCurve * c = curve();
+	// the title as shown, which a derived model may complete beyond the editable text
 	if (all || role == M::SeriesTitleText || role == M::SeriesTitle)
-		c->setTitle(m_model->seriesData(seriesIndex, M::SeriesTitleText).toString());
+		c->setTitle(m_model->seriesData(seriesIndex, M::SeriesTitle).toString());
 	if (all || role == M::SeriesPen || role == M::SeriesPenWidth || role == M::SeriesPenColor)
 		c->setPen(m_model->seriesData(seriesIndex, M::SeriesPen).value<QPen>());
 	if (all || role == M::SeriesLeftAxis)

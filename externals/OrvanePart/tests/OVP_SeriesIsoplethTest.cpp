@@ -1,0 +1,231 @@
+#include "OVP_ProjectTestUtils.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QDir>
+
+#include <tinyxml.h>
+
+#include <Sci_Chart.h>
+#include <Sci_LineSeries.h>
+#include <Sci_PlotCurve.h>
+
+#include <OVP_ChartCreator.h>
+#include <OVP_DataSetOptions.h>
+#include <OVP_Mapper.h>
+#include <OVP_MapperTreeModel.h>
+#include <OVP_Project.h>
+#include <OVP_SeriesClimatePlaneModel.h>
+
+using namespace OVPTest;
+
+namespace {
+
+typedef SCI::AbstractCartesianChartModel CM;
+typedef SCI::AbstractLineSeriesModel LM;
+
+/*! Hourly climates at 20 C with known outcomes, made into charts through the data manager's
+	options as a user makes them.
+*/
+class SeriesIsoplethTest : public ProjectTest {
+protected:
+	void SetUp() override {
+		ProjectTest::SetUp();
+		handler().newProject();
+		m_dir = m_testDir + "/data";
+		QDir().mkpath(m_dir);
+	}
+
+	/*! Writes T.out (20 C) and RH.out: for each (hours, RH) part that many hours at that RH,
+		one value per hour, and the last value once more at the end.
+	*/
+	void writeClimate(const std::vector<std::pair<int, double> > & parts) {
+		std::vector<double> hours, RH;
+		for (const std::pair<int, double> & p : parts)
+			for (int h = 0; h < p.first; ++h) {
+				hours.push_back(static_cast<double>(hours.size()));
+				RH.push_back(p.second);
+			}
+		hours.push_back(static_cast<double>(hours.size()));
+		RH.push_back(RH.back());
+		writeTimeSeries(m_dir + "/T.out", hours, std::vector<double>(hours.size(), 20));
+		writeTimeSeries(m_dir + "/RH.out", hours, RH, "Relative humidity", "%");
+	}
+
+	/*! Creates the chart of T.out and RH.out with a model and returns it; ASSERTs inside. */
+	OVP::Mapper & createChart(const std::string & modelType) {
+		OVP::DataSetOptions options(handler().dataManager());
+		options.setSelection({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } });
+		options.setModelType(modelType);
+		const int index = OVP::ChartCreator(handler(), *m_ui).createChart(options);
+		EXPECT_GE(index, 0);
+		return mapper(index);
+	}
+
+	OVP::Mapper & mapper(int index) { return *handler().project().mapperModel()->mapper(index); }
+
+	QString m_dir;
+};
+
+/*! The points of a series as (x, y) pairs. */
+std::vector<std::pair<double, double> > points(const OVP::Mapper & m, int series) {
+	const LM & model = static_cast<const LM &>(*m.chartModel());
+	std::vector<std::pair<double, double> > p;
+	for (unsigned int i = 0; i < model.size(series); ++i)
+		p.emplace_back(model.xValues(series)[i], model.yValues(series)[i]);
+	return p;
+}
+
+/*! The legend text of a series. */
+std::string legend(const OVP::Mapper & m, int series) {
+	return m.chartModel()->seriesData(series, LM::SeriesTitle).toString().toStdString();
+}
+
+} // namespace
+
+
+TEST_F(SeriesIsoplethTest, IsoplethChartShowsClimateLinesAndSummary) {
+	// 48 h at 95 % lie above the germination limit (69.6 % at 20 C), then 24 h at 50 % below
+	writeClimate({ { 48, 95 }, { 24, 50 } });
+	OVP::Mapper & m = createChart("IsoplethModel");
+	ASSERT_EQ(m.type(), OVP::Mapper::MT_Isopleth);
+	ASSERT_EQ(m.chartModel()->seriesCount(), 7u);
+	EXPECT_EQ(legend(m, 0), "Isopleth from T.out - 2 days mould risk (max period 48 h)");
+	const char * const lines[] = { "Germination within 1 day", "Germination within 2 days", "Germination within 4 days",
+		"Germination within 8 days", "Germination within 16 days", "Limit for germination" };
+	for (int i = 0; i < 6; ++i)
+		EXPECT_EQ(legend(m, i + 1), lines[i]);
+	EXPECT_EQ(m.chartModel()->axisData(CM::BottomAxis, CM::AxisTitle).toString(), "Temperature [C]");
+	EXPECT_EQ(m.chartModel()->axisData(CM::LeftAxis, CM::AxisTitle).toString(), "Relative humidity [%]");
+	EXPECT_FALSE(m.chartModel()->axisData(CM::RightAxis, CM::AxisEnabled).toBool());
+
+	// the climate as markers: 73 hours, 48 of them at 95 %; the lines without markers
+	const std::vector<std::pair<double, double> > climate = points(m, 0);
+	ASSERT_EQ(climate.size(), 73u);
+	EXPECT_EQ(std::count(climate.begin(), climate.end(), std::make_pair(20.0, 95.0)), 48);
+	EXPECT_EQ(std::count(climate.begin(), climate.end(), std::make_pair(20.0, 50.0)), 25);
+	EXPECT_EQ(m.chartModel()->seriesData(0, LM::SeriesLineStyle).toInt(), -1);
+	EXPECT_NE(m.chartModel()->seriesData(0, LM::SeriesMarkerStyle).toInt(), -1);
+	EXPECT_EQ(m.chartModel()->seriesData(6, LM::SeriesLineStyle).toInt(), 0);
+	EXPECT_EQ(m.chartModel()->seriesData(6, LM::SeriesMarkerStyle).toInt(), -1);
+	// each line runs from 0 to 30 C, none above 100 %, a longer germination time never higher;
+	// the limit -0.0017 T^3 + 0.1144 T^2 - 2.6784 T + 97.017 - 6 at 20 C is 69.609 %
+	for (int i = 1; i <= 6; ++i) {
+		const std::vector<std::pair<double, double> > line = points(m, i);
+		ASSERT_GE(line.size(), 2u);
+		EXPECT_EQ(line.front().first, 0);
+		EXPECT_EQ(line.back().first, 30);
+		for (std::size_t k = 0; k < line.size(); ++k) {
+			EXPECT_LE(line[k].second, 100);
+			if (i > 1) {
+				EXPECT_LE(line[k].second, points(m, i - 1)[k].second) << i << " " << k;
+			}
+		}
+	}
+	EXPECT_NEAR(points(m, 6)[20].second, 69.609, 1e-9);
+	EXPECT_EQ(points(m, 1).front().second, 100);
+
+	// another axis unit converts every series; one of another quantity is refused
+	EXPECT_TRUE(m.chartModel()->setAxisData(ZEB::Unit("K").id(), CM::BottomAxis, CM::AxisUnit));
+	EXPECT_NEAR(points(m, 0).front().first, 293.15, 1e-9);
+	EXPECT_NEAR(points(m, 6).front().first, 273.15, 1e-9);
+	EXPECT_FALSE(m.chartModel()->setAxisData(ZEB::Unit("Pa").id(), CM::LeftAxis, CM::AxisUnit));
+	EXPECT_EQ(m.chartModel()->axisData(CM::LeftAxis, CM::AxisUnit).toUInt(), ZEB::Unit("%").id());
+	EXPECT_FALSE(m.chartModel()->setSeriesData(false, 0, LM::SeriesLeftAxis));
+}
+
+
+TEST_F(SeriesIsoplethTest, WTAChartMarksDaysAboveTheLimit) {
+	// daily means 97 % on days 0..2, 80 % on days 3 and 4; the hour 120 makes no complete day
+	writeClimate({ { 72, 97 }, { 48, 80 } });
+	OVP::Mapper & m = createChart("WTAWoodDegradationModel");
+	ASSERT_EQ(m.type(), OVP::Mapper::MT_WTA);
+	ASSERT_EQ(m.chartModel()->seriesCount(), 3u);
+	EXPECT_EQ(legend(m, 0), "Probability of wood degradation from T.out - 3 days above the decay limit");
+	EXPECT_EQ(points(m, 0), (std::vector<std::pair<double, double> >{ { 20, 80 }, { 20, 80 } }));
+	EXPECT_EQ(points(m, 1), (std::vector<std::pair<double, double> >{ { 20, 97 }, { 20, 97 }, { 20, 97 } }));
+	// the limit: 95 % from 0 C on, drawn up to 30 C
+	EXPECT_EQ(points(m, 2), (std::vector<std::pair<double, double> >{ { 0, 95 }, { 30, 95 } }));
+	EXPECT_NE(m.chartModel()->seriesData(0, LM::SeriesMarkerColor), m.chartModel()->seriesData(1, LM::SeriesMarkerColor));
+}
+
+
+TEST_F(SeriesIsoplethTest, PeriodChangesUndoAndSessionRoundTrip) {
+	// two days at 97 %, one at 50 %
+	writeClimate({ { 48, 97 }, { 24, 50 } });
+	createChart("IsoplethModel");
+	createChart("WTAWoodDegradationModel");
+	// the period ends with day 1: hours 0..24 count; the plot's legend follows
+	const SCI::Chart & chart = *mapper(0).chart();
+	OVP::DataSetSetup setup = mapper(0).dataSetSetup(0);
+	setup.m_modelParameters = { { "TED", "1" } };
+	handler().setDataSetSetup(0, 0, setup);
+	EXPECT_EQ(legend(mapper(0), 0), "Isopleth from T.out - 1.04167 days mould risk (max period 25 h)");
+	EXPECT_EQ(dynamic_cast<const SCI::LineSeries &>(*chart.series(0)).curve()->title().text().toStdString(),
+			  legend(mapper(0), 0));
+	EXPECT_EQ(points(mapper(0), 0).size(), 25u);
+	handler().undoStack().undo();
+	EXPECT_EQ(legend(mapper(0), 0), "Isopleth from T.out - 2 days mould risk (max period 48 h)");
+	handler().undoStack().redo();
+	mapper(0).chartModel()->setSeriesData(QString("Wall surface"), 0, LM::SeriesTitleText);
+	mapper(1).chartModel()->setAxisData(ZEB::Unit("K").id(), CM::BottomAxis, CM::AxisUnit);
+	mapper(1).chartModel()->setAxisData(ZEB::Unit("---").id(), CM::LeftAxis, CM::AxisUnit);
+
+	const QString file = m_testDir + "/session.o2";
+	ASSERT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	EXPECT_TRUE(readText(file).contains("chartType=\"Isopleth\""));
+	EXPECT_TRUE(readText(file).contains("chartType=\"WTA\""));
+	ASSERT_TRUE(handler().loadProject(nullptr, file, true));
+	ASSERT_EQ(mapper(0).type(), OVP::Mapper::MT_Isopleth);
+	ASSERT_EQ(mapper(1).type(), OVP::Mapper::MT_WTA);
+	EXPECT_EQ(legend(mapper(0), 0), "Wall surface - 1.04167 days mould risk (max period 25 h)");
+	// the panels edit the title without the results
+	EXPECT_EQ(mapper(0).chartModel()->seriesData(0, LM::SeriesTitleText).toString(), "Wall surface");
+	EXPECT_EQ(legend(mapper(0), 6), "Limit for germination");
+	// in K and as fraction: the day at 20 C, 50 % is 293.15 K, 0.5; the limit starts at 273.15 K, 0.95
+	ASSERT_EQ(points(mapper(1), 0).size(), 1u);
+	EXPECT_NEAR(points(mapper(1), 0).front().first, 293.15, 1e-9);
+	EXPECT_NEAR(points(mapper(1), 0).front().second, 0.5, 1e-12);
+	EXPECT_NEAR(points(mapper(1), 2).front().first, 273.15, 1e-9);
+	EXPECT_NEAR(points(mapper(1), 2).front().second, 0.95, 1e-12);
+	EXPECT_EQ(legend(mapper(1), 0), "Probability of wood degradation from T.out - 2 days above the decay limit");
+}
+
+
+TEST_F(SeriesIsoplethTest, RefusalsAndSessionsOfLineCharts) {
+	writeClimate({ { 48, 95 } });
+	OVP::Mapper & m = createChart("IsoplethModel");
+	// no further series, neither directly nor from the data manager
+	const auto added = thrown([&]() { m.addExtractor({ { m_dir + "/T.out" } }); });
+	EXPECT_EQ(added.first, "[Mapper::addExtractor]");
+	EXPECT_EQ(added.second, "An isopleth or WTA wood chart shows the one model it was made of; further data sets cannot "
+							"be added to it.");
+	OVP::DataSetOptions options(handler().dataManager());
+	options.setSelection({ { m_dir + "/T.out" } });
+	EXPECT_FALSE(OVP::ChartCreator(handler(), *m_ui).addToChart(0, options));
+	EXPECT_EQ(m_ui->m_shown.back().m_text.toStdString(), added.second);
+	EXPECT_EQ(m.chartModel()->seriesCount(), 7u);
+	// nor manipulators
+	EXPECT_EQ(thrown([&]() { OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/T.out" },
+		{ m_dir + "/RH.out" } }, "WTAWoodDegradationModel", "", { { "2DOffset", "1" } }); }).first,
+		"[Mapper::createNewMapper]");
+
+	// a model element of a line chart stays a line chart; the isopleth chart needs its model
+	const QString extractor = "<Extractors><Extractor><DataIOFileName>./T.out</DataIOFileName><DataIOFileName2>./RH.out"
+		"</DataIOFileName2><CutType>NoCut</CutType><DataFormat>DF_2D</DataFormat><ModelType type=\"%1\" Parameter=\"\">"
+		"MT_2DFromTwo2D</ModelType></Extractor></Extractors>";
+	const auto read = [&](const QString & model, const QString & chartType) {
+		TiXmlDocument doc;
+		doc.Parse(("<Mapper>" + extractor.arg(model) + "<ChartModel chartType=\"" + chartType + "\"/></Mapper>")
+				  .toUtf8().constData());
+		std::unique_ptr<OVP::Mapper> mapper(new OVP::Mapper(handler().dataManager()));
+		mapper->readXML(doc.RootElement(), m_dir);
+		return mapper;
+	};
+	std::unique_ptr<OVP::Mapper> line = read("IsoplethModel", "2D");
+	EXPECT_EQ(line->type(), OVP::Mapper::MT_2D);
+	EXPECT_EQ(line->chartModel()->seriesCount(), 1u);
+	EXPECT_EQ(thrown([&]() { read("VTTMouldModel", "Isopleth"); }).second,
+			  "Chart type 'Isopleth' needs one extractor of the model 'IsoplethModel'.");
+}

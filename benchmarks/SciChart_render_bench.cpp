@@ -1,7 +1,8 @@
 // libs: SciChart
 // Drawing speed of charts: a line chart of 5 series with 100 000 points each, drawn with and
-// without data reduction, and a colour grid of 400 x 400 cells rendered into a 1600 x 1200
-// image on one thread and on all threads. Charts are rendered into images as an export does.
+// without data reduction, one noisy curve of 1 M and of 10 M points redrawn at 1600 x 1000, and a
+// colour grid of 400 x 400 cells rendered into a 1600 x 1200 image on one thread and on all
+// threads. Charts are rendered into images as an export does.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -60,6 +61,30 @@ private:
 };
 
 
+/*! One noisy series of the given number of points, as a long measurement or a fine simulation. */
+class NoisySeriesModel : public SCI::AbstractLineSeriesModel {
+public:
+	explicit NoisySeriesModel(int points) : m_x(static_cast<std::size_t>(points)), m_y(m_x.size()) {
+		std::mt19937 gen(3);
+		std::normal_distribution<double> noise(0, 1);
+		for (std::size_t i = 0; i < m_x.size(); ++i) {
+			m_x[i] = static_cast<double>(i);
+			m_y[i] = 10*std::sin(6.2832*static_cast<double>(i)/static_cast<double>(points)) + noise(gen);
+		}
+	}
+	unsigned int seriesCount() const override { return 1; }
+	unsigned int size(int) const override { return static_cast<unsigned int>(m_x.size()); }
+	const double * xValues(int) const override { return m_x.data(); }
+	const double * yValues(int) const override { return m_y.data(); }
+	ZEB::Unit xUnit(int) const override { return ZEB::Unit("s"); }
+	ZEB::Unit yUnit(int) const override { return ZEB::Unit("C"); }
+
+private:
+	std::vector<double>	m_x;
+	std::vector<double>	m_y;
+};
+
+
 /*! A smooth field on a 400 x 400 grid with cells growing towards one side. */
 class LargeGridModel : public SCI::AbstractColorGridSeriesModel {
 public:
@@ -114,6 +139,27 @@ void BM_LineChart(benchmark::State & state) {
 	state.SetLabel(state.range(0) != 0 ? "data reduction" : "all points");
 }
 BENCHMARK(BM_LineChart)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+
+
+/*! Redraw of a chart of one noisy curve of 1 M or 10 M points at 1600 x 1000, every point drawn
+	(data reduction off); the matplotlib side of the comparison is benchmarks/long_curve_matplotlib.py.
+*/
+void BM_LongCurve(benchmark::State & state) {
+	NoisySeriesModel model(static_cast<int>(state.range(0)));
+	model.setChartData(false, SCI::AbstractChartModel::DataReduction);
+	SCI::Chart chart;
+	chart.setModel(&model);
+	chart.resize(1600, 1000);
+	// a redraw paints over the same picture, as a window does over its backing store
+	QImage image(1600, 1000, QImage::Format_ARGB32);
+	for (auto _ : state) {
+		image.fill(Qt::white);
+		QPainter painter(&image);
+		QwtPlotRenderer().render(&chart, &painter, QRectF(0, 0, 1600, 1000));
+	}
+	state.SetLabel(std::to_string(state.range(0)) + " points");
+}
+BENCHMARK(BM_LongCurve)->Arg(1000000)->Arg(10000000)->Unit(benchmark::kMillisecond);
 
 
 void BM_ColorGrid(benchmark::State & state) {

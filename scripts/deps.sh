@@ -2,7 +2,7 @@
 ORVANE_PACKAGES=(
   build-essential cmake ninja-build ccache pkg-config
   qtbase5-dev qtbase5-dev-tools libqt5svg5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n
-  libqwt-qt5-dev libtinyxml-dev
+  libqwt-qt5-dev libtinyxml-dev libfast-float-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth fonts-dejavu-core
   librsvg2-bin poppler-utils imagemagick emf2svg

@@ -149,7 +149,7 @@ void ViewManager::onExportChartsScripted() {
 	if (m_scriptedExports.isEmpty())
 		QCoreApplication::exit(0);
 	else
-		QTimer::singleShot(SCRIPTED_EXPORT_DELAY_MS, this, &ViewManager::onExportChartsScripted);
+		QTimer::singleShot(0, this, &ViewManager::onExportChartsScripted);
 }
 
 

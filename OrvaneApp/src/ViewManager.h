@@ -36,7 +36,7 @@ class Chart;
 class ViewManager : public QWidget {
 	Q_OBJECT
 public:
-	/*! Pause between two scripted exports (and before the first), in milliseconds. */
+	/*! Pause before the first scripted export, in milliseconds, so that the window is set up. */
 	static constexpr int SCRIPTED_EXPORT_DELAY_MS = 100;
 	/*! Room taken by a splitter handle between two views, in pixels. */
 	static constexpr int SPLITTER_HANDLE_ROOM = 8;
@@ -79,7 +79,7 @@ public slots:
 	/*! Moves the focus to the next view. */
 	void onGotoNextSplit();
 	/*! Exports the chart of the first pending scripted export request and drops the request;
-		calls itself again after SCRIPTED_EXPORT_DELAY_MS while requests are left and ends the
+		calls itself again as soon as the event loop is free while requests are left and ends the
 		application with exit code 0 after the last one. A request for a mapper that the
 		session does not have is logged and skipped.
 	*/

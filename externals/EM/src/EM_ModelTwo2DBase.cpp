@@ -109,8 +109,31 @@ struct PresentRange {
 	fault as cause.
 */
 PresentRange presentRange(const std::vector<double> & time, const std::vector<double> & values, unsigned int number) {
-	std::string fault;
+	// the common case, sound input, checked in one pass without branches; the span of the present
+	// values is then found from both ends
+	const std::size_t n = std::min(time.size(), values.size());
+	bool sound = true;
+	double previous = -std::numeric_limits<double>::infinity();
+	for (std::size_t i = 0; i < n; ++i) {
+		sound &= std::isfinite(time[i]) & (time[i] > previous) & !std::isinf(values[i]);
+		previous = time[i];
+	}
 	PresentRange range;
+	if (sound) {
+		std::size_t first = 0;
+		while (first < n && std::isnan(values[first]))
+			++first;
+		if (first == n)
+			return range;
+		std::size_t last = n - 1;
+		while (std::isnan(values[last]))
+			--last;
+		range.m_first = time[first];
+		range.m_last = time[last];
+		range.m_empty = false;
+		return range;
+	}
+	std::string fault;
 	for (std::size_t i = 0; i < time.size() && fault.empty(); ++i) {
 		if (!std::isfinite(time[i]))
 			fault = ZEB::MessageFormat("Time point #%1 is not a finite number.").arg(static_cast<unsigned long>(i)).str();
@@ -173,9 +196,12 @@ void ModelTwo2DBase::calculate(DATAIO::DataIO * first, std::uint32_t firstColumn
 
 void ModelTwo2DBase::calculate(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
 	FUNCID(ModelTwo2DBase::calculate);
-	// compute into fresh series, so that a failure leaves the caller's result as it was
-	ZEB::UnitVector resultX;
-	ZEB::UnitVector resultY;
+	// compute into spare series, so that a failure leaves the caller's result as it was
+	ZEB::UnitVector & resultX = m_spareX;
+	ZEB::UnitVector & resultY = m_spareY;
+	resultX.m_data.clear();
+	resultY.m_data.clear();
+	resultX.m_unit = resultY.m_unit = ZEB::Unit();
 	compute(first, second, resultX, resultY);
 	std::swap(x, resultX);
 	std::swap(y, resultY);
@@ -248,7 +274,10 @@ void ModelTwo2DBase::unifiedData(const TimeSeries & first, const TimeSeries & se
 	const bool swapped = first.m_valueUnit.base_id() != m_temperatureUnit.base_id();
 	const TimeSeries & t = swapped ? second : first;
 	const TimeSeries & rh = swapped ? first : second;
-	ZEB::UnitVector timeT, timeRH, valuesT, valuesRH;
+	ZEB::UnitVector & timeT = m_converted[0];
+	ZEB::UnitVector & timeRH = m_converted[1];
+	ZEB::UnitVector & valuesT = m_converted[2];
+	ZEB::UnitVector & valuesRH = m_converted[3];
 	const std::vector<double> * tTime = nullptr;
 	const std::vector<double> * rhTime = nullptr;
 	try {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <ZEB_Unit.h>
+#include <ZEB_UnitVector.h>
 
 #include "EM_ModelParameter.h"
 #include "EM_ModelPeriod.h"
@@ -171,6 +172,13 @@ private:
 	ZEB::Unit	m_temperatureUnit;
 	ZEB::Unit	m_humidityUnit;
 	ZEB::Unit	m_timeUnit;
+	/*! Buffers of a calculation, kept so that the next one (a refresh, another parameter) reuses
+		their memory: inputs converted to model units (times of both, temperatures, humidities)
+		and the result series that the caller's previous result is swapped into.
+	*/
+	mutable ZEB::UnitVector	m_converted[4];
+	ZEB::UnitVector			m_spareX;
+	ZEB::UnitVector			m_spareY;
 };
 
 } // namespace EM

@@ -178,9 +178,8 @@ void ModelTwo2DViitanenMould::mouldIndex(const std::vector<double> & T, const st
 
 
 void ModelTwo2DViitanenMould::compute(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
-	std::vector<double> T, RH;
-	if (gridResult(first, second, 1.0/24, x, y, T, RH))
-		mouldIndex(T, RH, y.m_data);
+	if (gridResult(first, second, 1.0/24, x, y, m_T, m_RH))
+		mouldIndex(m_T, m_RH, y.m_data);
 }
 
 } // namespace EM

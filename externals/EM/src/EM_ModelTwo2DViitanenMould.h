@@ -1,6 +1,8 @@
 #ifndef EM_ModelTwo2DViitanenMouldH
 #define EM_ModelTwo2DViitanenMouldH
 
+#include <vector>
+
 #include "EM_ModelTwo2DBase.h"
 
 namespace EM {
@@ -44,6 +46,9 @@ private:
 	int	m_materialClass = 1;
 	int	m_sensitivityClass = 1;
 	int	m_declineClass = 4;
+	/*! The resampled inputs of the last calculation; their memory serves the next one. */
+	std::vector<double>	m_T;
+	std::vector<double>	m_RH;
 };
 
 } // namespace EM

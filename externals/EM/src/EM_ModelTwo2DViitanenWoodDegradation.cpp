@@ -106,9 +106,8 @@ void ModelTwo2DViitanenWoodDegradation::massLoss(const std::vector<double> & t, 
 
 
 void ModelTwo2DViitanenWoodDegradation::compute(const TimeSeries & first, const TimeSeries & second, ZEB::UnitVector & x, ZEB::UnitVector & y) {
-	std::vector<double> T, RH;
-	if (gridResult(first, second, 1.0/24, x, y, T, RH))
-		massLoss(x.m_data, T, RH, y.m_data);
+	if (gridResult(first, second, 1.0/24, x, y, m_T, m_RH))
+		massLoss(x.m_data, m_T, m_RH, y.m_data);
 }
 
 } // namespace EM

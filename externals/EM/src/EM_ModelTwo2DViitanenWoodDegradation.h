@@ -1,6 +1,8 @@
 #ifndef EM_ModelTwo2DViitanenWoodDegradationH
 #define EM_ModelTwo2DViitanenWoodDegradationH
 
+#include <vector>
+
 #include "EM_ModelTwo2DBase.h"
 
 namespace EM {
@@ -40,6 +42,9 @@ protected:
 private:
 	bool	m_activationConsidered = true;
 	bool	m_initiallyActivated = false;
+	/*! The resampled inputs of the last calculation; their memory serves the next one. */
+	std::vector<double>	m_T;
+	std::vector<double>	m_RH;
 };
 
 } // namespace EM

@@ -39,6 +39,7 @@ CurveData::CurveData(const QVector<double> & x, const QVector<double> & y) :
 {
 	Q_ASSERT(x.size() == y.size());
 	Box boxes[4];
+	int counts[4] = {0, 0, 0, 0};
 	const int n = qMin(m_x.size(), m_y.size());
 	for (int i = 0; i < n; ++i) {
 		const double xi = m_x[i];
@@ -46,15 +47,24 @@ CurveData::CurveData(const QVector<double> & x, const QVector<double> & y) :
 		if (!std::isfinite(xi) || !std::isfinite(yi))
 			continue;
 		boxes[0].add(xi, yi);
-		if (xi > 0)
+		++counts[0];
+		if (xi > 0) {
 			boxes[1].add(xi, yi);
-		if (yi > 0)
+			++counts[1];
+		}
+		if (yi > 0) {
 			boxes[2].add(xi, yi);
-		if (xi > 0 && yi > 0)
+			++counts[2];
+		}
+		if (xi > 0 && yi > 0) {
 			boxes[3].add(xi, yi);
+			++counts[3];
+		}
 	}
-	for (int k = 0; k < 4; ++k)
+	for (int k = 0; k < 4; ++k) {
 		m_rects[k] = boxes[k].rect();
+		m_all[k] = counts[k] == n;
+	}
 }
 
 
@@ -66,6 +76,11 @@ QPointF CurveData::sample(size_t i) const {
 
 QRectF CurveData::boundingRect(bool logarithmicX, bool logarithmicY) const {
 	return m_rects[(logarithmicX ? 1 : 0) + (logarithmicY ? 2 : 0)];
+}
+
+
+bool CurveData::allDrawable(bool logarithmicX, bool logarithmicY) const {
+	return m_all[(logarithmicX ? 1 : 0) + (logarithmicY ? 2 : 0)];
 }
 
 } // namespace SCI

@@ -2,15 +2,20 @@
 
 #include <cmath>
 
+#include <QPaintEngine>
 #include <QPainter>
 
+#include <qwt_clipper.h>
 #include <qwt_graphic.h>
 #include <qwt_legend_data.h>
+#include <qwt_painter.h>
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
 #include <qwt_transform.h>
 
 #include "Sci_CurveData.h"
+#include "Sci_DataReductionCurveFitter.h"
+#include "Sci_PixelColumnReduction.h"
 
 namespace SCI {
 
@@ -66,11 +71,17 @@ void PlotCurve::drawSeries(QPainter * painter, const QwtScaleMap & xMap, const Q
 	to = qMin(to, n - 1);
 	const bool logX = isLogarithmic(xMap);
 	const bool logY = isLogarithmic(yMap);
+	const CurveData * curveData = dynamic_cast<const CurveData *>(data());
+	if (curveData != nullptr && curveData->allDrawable(logX, logY)) {
+		QwtPlotCurve::drawSeries(painter, xMap, yMap, canvasRect, from, to);
+		return;
+	}
 	int runStart = -1;
 	for (int i = from; i <= to + 1; ++i) {
 		bool drawable = false;
 		if (i <= to) {
-			const QPointF p = sample(static_cast<size_t>(i));
+			const QPointF p = curveData != nullptr ? QPointF(curveData->xData()[i], curveData->yData()[i])
+												   : sample(static_cast<size_t>(i));
 			drawable = std::isfinite(p.x()) && std::isfinite(p.y()) && (!logX || p.x() > 0) && (!logY || p.y() > 0);
 		}
 		if (drawable && runStart < 0)
@@ -86,10 +97,53 @@ void PlotCurve::drawSeries(QPainter * painter, const QwtScaleMap & xMap, const Q
 void PlotCurve::drawCurve(QPainter * painter, int style, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
 						  const QRectF & canvasRect, int from, int to) const
 {
+	if (style == QwtPlotCurve::Lines && drawColumnLines(painter, xMap, yMap, canvasRect, from, to))
+		return;
 	if (style == QwtPlotCurve::Lines && testCurveAttribute(QwtPlotCurve::Fitted))
 		drawLines(painter, xMap, yMap, canvasRect, from, to);
 	else
 		QwtPlotCurve::drawCurve(painter, style, xMap, yMap, canvasRect, from, to);
+}
+
+
+bool PlotCurve::drawColumnLines(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+								const QRectF & canvasRect, int from, int to) const
+{
+	const CurveData * curveData = dynamic_cast<const CurveData *>(data());
+	if (curveData == nullptr)
+		return false;
+	const bool fitted = testCurveAttribute(QwtPlotCurve::Fitted) && curveFitter() != nullptr;
+	const bool thinned = fitted && dynamic_cast<const DataReductionCurveFitter *>(curveFitter()) != nullptr;
+	if (fitted && !thinned)
+		return false;
+	const QPaintEngine * engine = painter->paintEngine();
+	if (!thinned && (engine == nullptr || engine->type() != QPaintEngine::Raster))
+		return false;
+	const QTransform device = painter->deviceTransform();
+	if (device.type() > QTransform::TxScale)
+		return false;
+
+	PixelRaster raster;
+	raster.m_scale = device.m11();
+	raster.m_offset = device.dx();
+	raster.m_round = QwtPainter::roundingAlignment(painter);
+	QPolygonF polyline = pixelColumnPolyline(curveData->xData(), curveData->yData(), from, to, xMap, yMap, raster);
+	if (thinned)
+		polyline = curveFitter()->fitCurve(polyline);
+
+	const QBrush & b = brush();
+	if (b.style() != Qt::NoBrush && b.color().alpha() > 0) {
+		QPolygonF filled = polyline;
+		fillCurve(painter, xMap, yMap, canvasRect, filled);
+		if (painter->pen().style() == Qt::NoPen)
+			return true;
+	}
+	if (testPaintAttribute(QwtPlotCurve::ClipPolygons)) {
+		const qreal pw = qMax(qreal(1), painter->pen().widthF());
+		polyline = QwtClipper::clipPolygonF(canvasRect.adjusted(-pw, -pw, pw, pw), polyline, false);
+	}
+	QwtPainter::drawPolyline(painter, polyline);
+	return true;
 }
 
 

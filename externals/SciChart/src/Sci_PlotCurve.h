@@ -37,11 +37,21 @@ public:
 
 protected:
 	/*! Draws the points from..to in the given style. Fitted lines are fitted over exactly
-		these points: the library would fit over the whole curve, bridging the gaps. */
+		these points: the library would fit over the whole curve, bridging the gaps. Lines on a
+		pixel raster, and lines thinned for drawing, are drawn through at most four points per
+		pixel column (pixelColumnPolyline()), which gives the same picture as every point. */
 	void drawCurve(QPainter * painter, int style, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
 				   const QRectF & canvasRect, int from, int to) const override;
 
 private:
+	/*! Draws points from..to as lines through the points of their pixel columns, thinned further
+		by the data reduction fitter when it is set. Returns false, drawing nothing, for curves
+		whose lines it does not draw: spline fits, other data than CurveData, painters whose
+		picture is no pixel raster (vector exports keep every point unless thinned), and rotated
+		or sheared painters. */
+	bool drawColumnLines(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
+						 const QRectF & canvasRect, int from, int to) const;
+
 	int	m_iconStyle = IconLine;
 };
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <random>
 
 #include <QFontMetrics>
 #include <QLocale>
@@ -9,6 +11,8 @@
 #include <QWidget>
 
 #include <qwt_date.h>
+#include <qwt_plot.h>
+#include <qwt_plot_curve.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_renderer.h>
 #include <qwt_scale_map.h>
@@ -20,6 +24,9 @@
 #include <Sci_DataReductionCurveFitter.h>
 #include <Sci_DateScaleDraw.h>
 #include <Sci_DateScaleEngine.h>
+#include <Sci_CurveData.h>
+#include <Sci_PixelColumnReduction.h>
+#include <Sci_PlotCurve.h>
 #include <Sci_PlotSpectrogram.h>
 #include <Sci_PlotVectorField.h>
 #include <Sci_ScaleLabelFit.h>
@@ -290,6 +297,95 @@ TEST(SciChartDataReduction, ToleranceRisesInDecadesUntilAtMost500Points) {
 	EXPECT_EQ(reduced.back(), ripple.back());
 	EXPECT_TRUE(capture.has(ZEB::MSG_PROGRESS, ZEB::MessageFormat("Data reduction (tol=0.01): 600   -> %1\n").arg(reduced.size()).str(),
 							"[DataReductionCurveFitter::fitCurve]"));
+}
+
+
+/*! A noisy curve of n points over x in [0, 1): a slow wave, spikes and noise. */
+QVector<double> noisyCurve(int n, QVector<double> & x) {
+	std::mt19937 gen(11);
+	std::normal_distribution<double> noise(0, 0.15);
+	x.resize(n);
+	QVector<double> y(n);
+	for (int i = 0; i < n; ++i) {
+		x[i] = double(i)/n;
+		y[i] = std::sin(6.28*x[i]) + noise(gen) + ((i % 9973) == 0 ? 2.5 : 0);
+	}
+	return y;
+}
+
+
+TEST(SciChartLongCurves, PixelColumnDrawingGivesThePictureOfEveryPoint) {
+	// the kept points of each column: first, lowest, highest, last, and never more than four
+	QVector<double> x;
+	const QVector<double> y = noisyCurve(200000, x);
+	QwtScaleMap xMap, yMap;
+	xMap.setPaintInterval(0, 800);
+	xMap.setScaleInterval(0, 1);
+	yMap.setPaintInterval(600, 0);
+	yMap.setScaleInterval(-2, 4);
+	const QPolygonF reduced = SCI::pixelColumnPolyline(x.constData(), y.constData(), 0, x.size() - 1, xMap, yMap,
+													   SCI::PixelRaster());
+	EXPECT_LE(reduced.size(), 4*800);
+	EXPECT_EQ(reduced.front(), QPointF(xMap.transform(x.front()), yMap.transform(y.front())));
+	EXPECT_EQ(reduced.back(), QPointF(xMap.transform(x.back()), yMap.transform(y.back())));
+	double lowest = 1e30, highest = -1e30;
+	for (int i = 0; i < 250; ++i) { // points of paint x below 1: column 0
+		lowest = std::min(lowest, yMap.transform(y[i]));
+		highest = std::max(highest, yMap.transform(y[i]));
+	}
+	int inFirstColumn = 0;
+	double keptLowest = 1e30, keptHighest = -1e30;
+	for (const QPointF & p : reduced)
+		if (p.x() < 1) {
+			++inFirstColumn;
+			keptLowest = std::min(keptLowest, p.y());
+			keptHighest = std::max(keptHighest, p.y());
+		}
+	EXPECT_LE(inFirstColumn, 4);
+	EXPECT_EQ(keptLowest, lowest);
+	EXPECT_EQ(keptHighest, highest);
+
+	// drawn into an image with pens of one and three pixels, antialiased or not, compared with the
+	// plotting library's own curve through every point: without antialiasing the same pixels, but
+	// for a few where pen joins and caps differ; in any case every pixel that one picture touches
+	// lies within the pen's half width (at least a pixel) of one the other touches. Thin antialiased
+	// lines darken where the library's pieces of a long line overlap, so the shades of a dense band
+	// differ.
+	const QRectF canvas(0, 0, 800, 600);
+	for (bool antialiased : {false, true})
+		for (double penWidth : {1.0, 3.0}) {
+			QImage images[2];
+			for (int k = 0; k < 2; ++k) {
+				images[k] = QImage(800, 600, QImage::Format_ARGB32);
+				images[k].fill(Qt::white);
+				QPainter painter(&images[k]);
+				std::unique_ptr<QwtPlotCurve> curve(k == 0 ? new SCI::PlotCurve : new QwtPlotCurve);
+				curve->setData(new SCI::CurveData(x, y));
+				curve->setPen(QPen(Qt::darkBlue, penWidth));
+				curve->setRenderHint(QwtPlotItem::RenderAntialiased, antialiased);
+				curve->draw(&painter, xMap, yMap, canvas);
+			}
+			int differing = 0;
+			for (int r = 0; r < 600; ++r)
+				for (int c = 0; c < 800; ++c) {
+					differing += images[0].pixel(c, r) != images[1].pixel(c, r);
+					const int reach = std::max(1, int(std::ceil(penWidth/2)));
+					for (int k = 0; k < 2; ++k) {
+						if (images[k].pixel(c, r) == qRgb(255, 255, 255))
+							continue;
+						bool near = false;
+						for (int dr = -reach; dr <= reach && !near; ++dr) {
+							for (int dc = -reach; dc <= reach && !near; ++dc)
+								near = images[1 - k].rect().contains(c + dc, r + dr)
+									   && images[1 - k].pixel(c + dc, r + dr) != qRgb(255, 255, 255);
+						}
+						ASSERT_TRUE(near) << "pixel " << c << "," << r << " antialiased " << antialiased << " pen " << penWidth;
+					}
+				}
+			if (!antialiased) {
+				EXPECT_LT(differing, 800*600/500) << "pen " << penWidth;
+			}
+		}
 }
 
 

@@ -23,10 +23,10 @@ template <> unsigned long long string2val<unsigned long long>(const std::string 
 	Accepts ordinary decimal and exponent notation, a leading '+', "nan" and "inf".
 */
 bool parseDouble(const char * begin, const char * end, double & value);
-/*! The fast path of parseDouble(): reads a plain number ("-", digits, ".", exponent; at most 19
-	significant digits) at the start of [p, end) and returns the position after it, or null when
-	the text needs the general parser. Where it reads a text completely, the value is the one
-	parseDouble() gives. Lets parsers of delimited text read a field and find its end in one pass.
+/*! Reads the number at the start of [p, end) (no leading '+' or white space) and returns the
+	position after it, or null when the text does not start with a number. Where it reads a text
+	completely, the value is the one parseDouble() gives. Lets parsers of delimited text read a
+	field and find its end in one pass.
 */
 const char * parseDoubleFastPrefix(const char * p, const char * end, double & value);
 

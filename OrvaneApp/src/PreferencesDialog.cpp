@@ -83,6 +83,23 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	dataLayout->addRow(tr("Excluded directory names:"), m_excludedDirNames);
 	dataLayout->addRow(QString(), hintLabel(tr("Separate several entries with ';'. Changes apply at once.")));
 
+	m_exportHeaders = new QCheckBox(tr("Write header lines"));
+	m_exportHeaders->setChecked(preferences.m_exportHeaders);
+	m_exportGermanFormat = new QCheckBox(tr("German number format (decimal comma, ';' between fields)"));
+	m_exportGermanFormat->setChecked(preferences.m_exportGermanFormat);
+	m_exportSeparateUnitLines = new QCheckBox(tr("Units on a line of their own"));
+	m_exportSeparateUnitLines->setChecked(preferences.m_exportSeparateUnitLines);
+	m_decimalPlaces = new QSpinBox;
+	m_decimalPlaces->setRange(0, OVP::Preferences::MAX_DECIMAL_PLACES);
+	m_decimalPlaces->setValue(preferences.m_decimalPlaces);
+	QGroupBox * dataExport = new QGroupBox(tr("Data tables and export"));
+	QFormLayout * exportLayout = new QFormLayout(dataExport);
+	exportLayout->addRow(m_exportHeaders);
+	exportLayout->addRow(m_exportGermanFormat);
+	exportLayout->addRow(m_exportSeparateUnitLines);
+	exportLayout->addRow(tr("Decimal places shown in tables:"), m_decimalPlaces);
+	exportLayout->addRow(QString(), hintLabel(tr("Copied and exported numbers keep their full precision.")));
+
 	m_updateUrl = new QLineEdit(preferences.m_updateUrl);
 	m_updateUrl->setPlaceholderText(tr("https://.../version.txt"));
 	m_resetMessages = new QPushButton(tr("Show hidden messages again (%1)").arg(hiddenMessages));
@@ -105,6 +122,7 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	layout->addWidget(general);
 	layout->addWidget(sessions);
 	layout->addWidget(dataManager);
+	layout->addWidget(dataExport);
 	layout->addWidget(updates);
 	layout->addStretch(1);
 	layout->addWidget(buttons);
@@ -140,6 +158,10 @@ OVP::Preferences PreferencesDialog::preferences() const {
 	p.m_textEditorExecutable = m_textEditor->filename().trimmed();
 	p.m_fileNameFilter = OVP::Preferences::listFromText(m_fileNameFilter->text());
 	p.m_excludedDirNames = OVP::Preferences::listFromText(m_excludedDirNames->text());
+	p.m_exportHeaders = m_exportHeaders->isChecked();
+	p.m_exportGermanFormat = m_exportGermanFormat->isChecked();
+	p.m_exportSeparateUnitLines = m_exportSeparateUnitLines->isChecked();
+	p.m_decimalPlaces = m_decimalPlaces->value();
 	p.m_updateUrl = m_updateUrl->text().trimmed();
 	p.m_resetDoNotShowAgain = m_resetDoNotShowAgain;
 	return p;

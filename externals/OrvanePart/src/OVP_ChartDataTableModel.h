@@ -4,12 +4,10 @@
 #include <QAbstractTableModel>
 #include <QPointer>
 
+#include <Sci_AbstractChartModel.h>
+
 #include "OVP_ChartDataTable.h"
 #include "OVP_ChartDataText.h"
-
-namespace SCI {
-class AbstractChartModel;
-}
 
 namespace OVP {
 

@@ -25,8 +25,24 @@ ChartTableView::ChartTableView(QWidget * parent) :
 	setSelectionMode(QAbstractItemView::ExtendedSelection);
 	setEditTriggers(QAbstractItemView::NoEditTriggers);
 	horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-	horizontalHeader()->setDefaultSectionSize(120);
+	horizontalHeader()->setTextElideMode(Qt::ElideRight);
+	// new columns fit their headers and the first rows; later updates keep the user's widths
+	connect(m_model, &QAbstractItemModel::modelReset, this, &ChartTableView::fitColumns);
+	verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 	verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+}
+
+
+void ChartTableView::fitColumns() {
+	// each fit lays out the whole header again: a matrix of thousands of columns fits only its first ones
+	const int count = qMin(m_model->columnCount(), MAX_FITTED_COLUMNS);
+	// long headers are cut (their tool tips show them whole), so that the numbers stay in sight
+	const int widest = MAX_FITTED_CHARACTERS*fontMetrics().averageCharWidth();
+	for (int c = 0; c < count; ++c) {
+		resizeColumnToContents(c);
+		if (columnWidth(c) > widest)
+			setColumnWidth(c, widest);
+	}
 }
 
 

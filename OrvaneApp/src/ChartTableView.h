@@ -20,6 +20,11 @@ class AbstractChartModel;
 class ChartTableView : public QTableView {
 	Q_OBJECT
 public:
+	/*! Columns fitted to their contents when the table is filled anew, at the most. */
+	static constexpr int MAX_FITTED_COLUMNS = 100;
+	/*! Width of a fitted column at the most, in characters. */
+	static constexpr int MAX_FITTED_CHARACTERS = 24;
+
 	explicit ChartTableView(QWidget * parent = nullptr);
 
 	/*! Shows the data of a chart model (null: none). */
@@ -43,6 +48,10 @@ signals:
 protected:
 	void contextMenuEvent(QContextMenuEvent * event) override;
 	void keyPressEvent(QKeyEvent * event) override;
+
+private slots:
+	/*! Fits the widths of the first columns to their headers and first rows. */
+	void fitColumns();
 
 private:
 	OVP::ChartDataTableModel *	m_model;

@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -28,6 +29,7 @@ QSpinBox * logLevelBox(int value) {
 /*! A hint below a field, in the text colour of disabled widgets. */
 QLabel * hintLabel(const QString & text) {
 	QLabel * label = new QLabel(text);
+	label->setWordWrap(true);
 	QPalette palette = label->palette();
 	palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
 	label->setPalette(palette);
@@ -98,7 +100,7 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	exportLayout->addRow(m_exportGermanFormat);
 	exportLayout->addRow(m_exportSeparateUnitLines);
 	exportLayout->addRow(tr("Decimal places shown in tables:"), m_decimalPlaces);
-	exportLayout->addRow(QString(), hintLabel(tr("Copied and exported numbers keep their full precision.")));
+	exportLayout->addRow(hintLabel(tr("Copied and exported numbers keep their full precision.")));
 
 	m_updateUrl = new QLineEdit(preferences.m_updateUrl);
 	m_updateUrl->setPlaceholderText(tr("https://.../version.txt"));
@@ -118,15 +120,23 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
 	connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
 
+	// two columns, so that the dialog fits screens of 768 pixels height
+	QVBoxLayout * left = new QVBoxLayout;
+	left->addWidget(general);
+	left->addWidget(sessions);
+	left->addStretch(1);
+	QVBoxLayout * right = new QVBoxLayout;
+	right->addWidget(dataManager);
+	right->addWidget(dataExport);
+	right->addWidget(updates);
+	right->addStretch(1);
+	QHBoxLayout * columns = new QHBoxLayout;
+	columns->addLayout(left, 1);
+	columns->addLayout(right, 1);
 	QVBoxLayout * layout = new QVBoxLayout(this);
-	layout->addWidget(general);
-	layout->addWidget(sessions);
-	layout->addWidget(dataManager);
-	layout->addWidget(dataExport);
-	layout->addWidget(updates);
-	layout->addStretch(1);
+	layout->addLayout(columns, 1);
 	layout->addWidget(buttons);
-	setMinimumWidth(600);
+	setMinimumWidth(860);
 }
 
 

@@ -185,33 +185,49 @@ void ChartDataTable::addLineSeries(const SCI::AbstractLineSeriesModel & model) {
 void ChartDataTable::addColorGrid(const SCI::AbstractColorGridSeriesModel & model) {
 	const unsigned int nx = model.xValueSize(0);
 	const unsigned int ny = model.yValueSize(0);
-	const QString xUnit = unitName(model.xUnit(0));
+	/*! The coordinates of one direction of the grid. */
+	struct Direction {
+		AxisCells		m_cells;
+		QString			m_name;
+		QString			m_unit;
+		QVector<double>	m_coordinates;
+	};
+	Direction x{ AxisCells(model, CM::BottomAxis), QString(), QString(),
+				 cellCoordinates(model.xGrid(0), model.xGridSize(0), nx) };
+	x.m_name = axisName(model, CM::BottomAxis, unitName(model.xUnit(0)), "x");
+	x.m_unit = x.m_cells.unit(model.xUnit(0));
+	Direction y{ AxisCells(model, CM::LeftAxis), QString(), QString(),
+				 cellCoordinates(model.yGrid(0), model.yGridSize(0), ny) };
+	y.m_name = axisName(model, CM::LeftAxis, unitName(model.yUnit(0)), "y");
+	y.m_unit = y.m_cells.unit(model.yUnit(0));
+	// the longer direction runs down the rows, so that a long time axis fits the column limit
+	// of spreadsheets
+	const bool transposed = nx > ny;
+	const Direction & down = transposed ? x : y;
+	const Direction & across = transposed ? y : x;
+
+	// first column: the label of the first row, then the coordinates down
+	Column first;
+	first.m_title = down.m_name;
+	first.m_unit = down.m_unit;
+	first.m_values.append(NaN);
+	first.m_texts.append(across.m_name + (across.m_unit.isEmpty() ? QString() : " [" + across.m_unit + "]"));
+	for (double v : down.m_coordinates)
+		down.m_cells.append(first, v);
+	first.m_texts.resize(first.m_values.size());
+	append(std::move(first));
+
+	// one column per coordinate across: the coordinate, then the values
 	const QString valueUnit = unitName(model.valueUnit(0));
-	const AxisCells xCells(model, CM::BottomAxis);
-	const AxisCells yCells(model, CM::LeftAxis);
-
-	// first column: the label of the x row, then the y coordinates
-	Column y;
-	y.m_title = axisName(model, CM::LeftAxis, unitName(model.yUnit(0)), "y");
-	y.m_unit = yCells.unit(model.yUnit(0));
-	const QString xUnitText = xCells.unit(model.xUnit(0));
-	y.m_values.append(NaN);
-	y.m_texts.append(axisName(model, CM::BottomAxis, xUnit, "x") + (xUnitText.isEmpty() ? QString() : " [" + xUnitText + "]"));
-	for (double v : cellCoordinates(model.yGrid(0), model.yGridSize(0), ny))
-		yCells.append(y, v);
-	y.m_texts.resize(y.m_values.size());
-	append(std::move(y));
-
 	const QString valueName = axisName(model, CM::RightAxis, valueUnit, "Value");
-	const QVector<double> x = cellCoordinates(model.xGrid(0), model.xGridSize(0), nx);
 	const double * values = model.values(0);
-	for (unsigned int i = 0; i < nx; ++i) {
+	for (int a = 0; a < across.m_coordinates.size(); ++a) {
 		Column c;
 		c.m_title = valueName;
 		c.m_unit = valueUnit;
-		xCells.append(c, x[static_cast<int>(i)]);
-		for (unsigned int j = 0; j < ny; ++j)
-			c.m_values.append(values[j*nx + i]);
+		across.m_cells.append(c, across.m_coordinates[a]);
+		for (int d = 0; d < down.m_coordinates.size(); ++d)
+			c.m_values.append(transposed ? values[a*nx + d] : values[d*nx + a]);
 		append(std::move(c));
 	}
 }

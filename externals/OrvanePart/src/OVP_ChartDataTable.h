@@ -21,7 +21,8 @@ namespace OVP {
 	  columns end early;
 	- colour grids: a matrix: the first column holds the y coordinates, the first row the x
 	  coordinates (of the cell centres for grids given by their cell edges), the other cells
-	  the values;
+	  the values; a grid with more cells in x than in y is turned, x running down the rows, so
+	  that a long time axis fits the column limit of spreadsheets;
 	- vector fields: one row per point with the columns x, y, u, v and magnitude;
 	- bar charts: one row per bar position with its label, one column per series.
 	Columns have a title and a unit name (empty when there is none). Coordinates on a date-time

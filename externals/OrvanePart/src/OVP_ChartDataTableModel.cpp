@@ -79,7 +79,7 @@ QVariant ChartDataTableModel::data(const QModelIndex & index, int role) const {
 
 
 QVariant ChartDataTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-	if (role != Qt::DisplayRole)
+	if (role != Qt::DisplayRole && !(role == Qt::ToolTipRole && orientation == Qt::Horizontal))
 		return QVariant();
 	if (orientation == Qt::Vertical)
 		return section + 1;

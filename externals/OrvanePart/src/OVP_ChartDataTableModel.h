@@ -42,7 +42,7 @@ public:
 	int rowCount(const QModelIndex & parent = QModelIndex()) const override;
 	int columnCount(const QModelIndex & parent = QModelIndex()) const override;
 	QVariant data(const QModelIndex & index, int role = Qt::DisplayRole) const override;
-	/*! Horizontal: "Title [unit]"; vertical: row numbers from 1. */
+	/*! Horizontal: "Title [unit]" (also as tool tip); vertical: row numbers from 1. */
 	QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 	/*! The rows and columns of the given cells (a rectangle or not), in table order, as text. */

@@ -12,98 +12,18 @@
 
 #include <ZEB_Exception.h>
 
-#include <Sci_AbstractBarSeriesModel.h>
-#include <Sci_AbstractColorGridSeriesModel.h>
-#include <Sci_AbstractLineSeriesModel.h>
-#include <Sci_AbstractVectorFieldSeriesModel.h>
-
 #include <OVP_ChartDataTableModel.h>
 
 #include "OVP_ProjectTestUtils.h"
+// the chart library's test models
+#include "Sci_ChartTestModels.h"
+#include "Sci_TestSupport.h"
 
 namespace {
 
 typedef SCI::AbstractCartesianChartModel CM;
-typedef std::vector<double> Values;
+typedef SciTest::VectorLineModel LineModel;
 const double NaN = std::numeric_limits<double>::quiet_NaN();
-
-/*! A line chart of series given as vectors. */
-class LineModel : public SCI::AbstractLineSeriesModel {
-public:
-	struct Series { Values m_x; Values m_y; ZEB::Unit m_xUnit; ZEB::Unit m_yUnit; };
-
-	void add(const Series & series, const QString & title) {
-		const int i = static_cast<int>(m_series.size());
-		beginInsertSeries(i, i);
-		m_series.push_back(series);
-		endInsertSeries();
-		setSeriesData(title, i, SeriesTitleText);
-	}
-	unsigned int seriesCount() const override { return static_cast<unsigned int>(m_series.size()); }
-	unsigned int size(int s) const override { return static_cast<unsigned int>(m_series[s].m_x.size()); }
-	const double * xValues(int s) const override { return m_series[s].m_x.data(); }
-	const double * yValues(int s) const override { return m_series[s].m_y.data(); }
-	ZEB::Unit xUnit(int s) const override { return m_series[s].m_xUnit; }
-	ZEB::Unit yUnit(int s) const override { return m_series[s].m_yUnit; }
-
-	std::vector<Series>	m_series;
-};
-
-/*! A colour grid of 2 x 2 cells: x given by the cell edges, y by the centres. */
-class GridModel : public SCI::AbstractColorGridSeriesModel {
-public:
-	unsigned int seriesCount() const override { return 1; }
-	unsigned int xGridSize(int) const override { return 3; }
-	const double * xGrid(int) const override { return m_x; }
-	unsigned int yGridSize(int) const override { return 2; }
-	const double * yGrid(int) const override { return m_y; }
-	unsigned int xValueSize(int) const override { return 2; }
-	unsigned int yValueSize(int) const override { return 2; }
-	const double * values(int) const override { return m_values; }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("mm"); }
-	ZEB::Unit valueUnit(int) const override { return ZEB::Unit("C"); }
-
-	const double m_x[3] = { 0, 0.2, 0.4 };
-	const double m_y[2] = { 5, 15 };
-	const double m_values[4] = { 1, 2, 3, NaN };
-};
-
-/*! A vector field of 2 x 1 points. */
-class VectorModel : public SCI::AbstractVectorFieldSeriesModel {
-public:
-	unsigned int seriesCount() const override { return 1; }
-	unsigned int xGridSize(int) const override { return 2; }
-	const double * xGrid(int) const override { return m_x; }
-	unsigned int yGridSize(int) const override { return 1; }
-	const double * yGrid(int) const override { return m_y; }
-	const double * xComponents(int) const override { return m_u; }
-	const double * yComponents(int) const override { return m_v; }
-	ZEB::Unit xUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit yUnit(int) const override { return ZEB::Unit("m"); }
-	ZEB::Unit valueUnit(int) const override { return ZEB::Unit("W/m2"); }
-
-	const double m_x[2] = { 0.5, 1.5 };
-	const double m_y[1] = { 2 };
-	const double m_u[2] = { 3, 0 };
-	const double m_v[2] = { 4, -2 };
-};
-
-/*! Two bar series over three months. */
-class BarModel : public SCI::AbstractBarSeriesModel {
-public:
-	BarModel() {
-		beginInsertSeries(0, 1);
-		endInsertSeries();
-		setSeriesData("2019", 0, BarTitleText);
-		setSeriesData("2020", 1, BarTitleText);
-	}
-	unsigned int seriesCount() const override { return 2; }
-	unsigned int barCount() const override { return 3; }
-	double barValue(int s, unsigned int b) const override { return 10*s + b; }
-	QString barLabel(unsigned int b) const override { return QStringList{ "Jan", "Feb", "Mar" }[static_cast<int>(b)]; }
-	ZEB::Unit yUnit() const override { return ZEB::Unit("d"); }
-};
 
 /*! The headers of a table. */
 QStringList headers(const OVP::ChartDataTable & t) {
@@ -124,9 +44,12 @@ QStringList row(const OVP::ChartDataTable & t, int r) {
 /*! Two series on x 0, 1, 2 (separate arrays of equal values) and one on 0, 0.5 with a gap. */
 void fillLineModel(LineModel & model) {
 	const ZEB::Unit h("h");
-	model.add({ { 0, 1, 2 }, { 20.5, 1.0/3, -4 }, h, ZEB::Unit("C") }, "T, \"inside\"");
-	model.add({ { 0, 1, 2 }, { 80, 85, 1e-300 }, h, ZEB::Unit("%") }, "RH");
-	model.add({ { 0, 0.5 }, { 7, NaN }, h, ZEB::Unit("C") }, "T2");
+	model.addSeries({ { 0, 1, 2 }, { 20.5, 1.0/3, -4 }, h, ZEB::Unit("C") });
+	model.addSeries({ { 0, 1, 2 }, { 80, 85, 1e-300 }, h, ZEB::Unit("%") });
+	model.addSeries({ { 0, 0.5 }, { 7, NaN }, h, ZEB::Unit("C") });
+	const QString titles[] = { "T, \"inside\"", "RH", "T2" };
+	for (int s = 0; s < 3; ++s)
+		model.setSeriesData(titles[s], s, SCI::AbstractLineSeriesModel::SeriesTitleText);
 	model.setAxisData("Time [$unit]", CM::BottomAxis, CM::AxisTitleText);
 	model.setAxisData(h.id(), CM::BottomAxis, CM::AxisUnit);
 }
@@ -161,55 +84,67 @@ TEST(ChartDataTableTest, LineSeriesShareXColumnsByValueAndTheTableFollowsTheChar
 	// title renames its column
 	QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
 	QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-	chart.beginChangeSeries(0, 1);
+	// (both series in one batch, taken at its end: one after the other they would part their x column)
+	chart.beginChangeModel();
 	for (int s : { 0, 1 }) {
-		chart.m_series[s].m_x.push_back(3);
-		chart.m_series[s].m_y.push_back(9);
+		LineModel::Series longer = chart.m_series[static_cast<std::size_t>(s)];
+		longer.m_x.push_back(3);
+		longer.m_y.push_back(9);
+		chart.changeSeries(s, longer);
 	}
-	chart.endChangeSeries();
+	chart.endChangeModel();
 	EXPECT_EQ(model.rowCount(), 4);
 	EXPECT_EQ(inserted.count(), 1);
+	EXPECT_EQ(model.data(model.index(3, 2), OVP::ChartDataTableModel::ValueRole).toDouble(), 9);
 	chart.setSeriesData("T2 outside", 2, SCI::AbstractLineSeriesModel::SeriesTitleText);
 	EXPECT_EQ(model.headerData(4, Qt::Horizontal).toString(), "T2 outside [C]");
 	// the third series on the grid of the others joins their x column
-	chart.beginChangeSeries(2, 2);
-	chart.m_series[2].m_x = { 0, 1, 2, 3 };
-	chart.m_series[2].m_y = { 1, 2, 3, 4 };
-	chart.endChangeSeries();
+	chart.changeSeries(2, { { 0, 1, 2, 3 }, { 1, 2, 3, 4 }, ZEB::Unit("h"), ZEB::Unit("C") });
 	EXPECT_EQ(headers(model.table()), QStringList({ "Time [h]", "T, \"inside\" [C]", "RH [%]", "T2 outside [C]" }));
 	EXPECT_EQ(resets.count(), 1);
 	// a removed chart model leaves an empty table
-	chart.beginRemoveSeries(0, 2);
-	chart.m_series.clear();
-	chart.endRemoveSeries();
+	chart.removeSeries(0, 3);
 	EXPECT_EQ(model.columnCount(), 0);
 }
 
 
 TEST(ChartDataTableTest, ColorGridIsAMatrixVectorFieldAndBarsHaveOneRowPerPointOrBar) {
-	GridModel grid;
+	SciTest::VectorGridModel grid;
+	grid.setGrid({ 0, 0.2, 0.4 }, { 5, 15 }, 2, 2, [](unsigned int i, unsigned int j) {
+		return i == 1 && j == 1 ? NaN : 1.0 + i + 2*j;
+	});
 	grid.setAxisData("Temperature [$unit]", CM::RightAxis, CM::AxisTitleText);
 	grid.setAxisData(ZEB::Unit("C").id(), CM::RightAxis, CM::AxisUnit);
 	OVP::ChartDataTable t = OVP::ChartDataTable::fromChart(grid);
-	EXPECT_EQ(headers(t), QStringList({ "y [mm]", "Temperature [C]", "Temperature [C]" }));
+	EXPECT_EQ(headers(t), QStringList({ "y [m]", "Temperature [C]", "Temperature [C]" }));
 	ASSERT_EQ(t.rowCount(), 3);
 	// first row: the x coordinates of the cell centres; then y and the values, x running along
 	EXPECT_EQ(row(t, 0), QStringList({ "x [m]", "0.1", "0.30000000000000004" }));
 	EXPECT_EQ(row(t, 1), QStringList({ "5", "1", "2" }));
 	EXPECT_EQ(row(t, 2), QStringList({ "15", "3", "" }));
+	// more cells in x than in y: x runs down the rows
+	SciTest::VectorGridModel wide;
+	wide.setGrid({ 0, 1, 2, 3 }, { 5, 15 }, 3, 2, [](unsigned int i, unsigned int j) { return 1.0 + i + 3*j; });
+	t = OVP::ChartDataTable::fromChart(wide);
+	EXPECT_EQ(headers(t), QStringList({ "x [m]", "Value [C]", "Value [C]" }));
+	ASSERT_EQ(t.rowCount(), 4);
+	EXPECT_EQ(row(t, 0), QStringList({ "y [m]", "5", "15" }));
+	EXPECT_EQ(row(t, 3), QStringList({ "2.5", "3", "6" }));
 
-	VectorModel field;
+	SciTest::VectorFieldTestModel field(true);
 	t = OVP::ChartDataTable::fromChart(field);
 	EXPECT_EQ(headers(t), QStringList({ "x [m]", "y [m]", "u [W/m2]", "v [W/m2]", "magnitude [W/m2]" }));
-	ASSERT_EQ(t.rowCount(), 2);
-	EXPECT_EQ(row(t, 0), QStringList({ "0.5", "2", "3", "4", "5" }));
-	EXPECT_EQ(row(t, 1), QStringList({ "1.5", "2", "0", "-2", "2" }));
+	ASSERT_EQ(t.rowCount(), 4);
+	EXPECT_EQ(row(t, 0), QStringList({ "0", "0", "3", "4", "5" }));
+	EXPECT_EQ(row(t, 2), QStringList({ "0", "1", "-1", "0", "1" }));
 
-	BarModel bars;
+	SciTest::TestBarModel bars(2);
 	bars.setAxisData("Month", CM::BottomAxis, CM::AxisTitleText);
+	bars.setSeriesData("2019", 0, SCI::AbstractBarSeriesModel::BarTitleText);
+	bars.setSeriesData("2020", 1, SCI::AbstractBarSeriesModel::BarTitleText);
 	t = OVP::ChartDataTable::fromChart(bars);
-	EXPECT_EQ(headers(t), QStringList({ "Month", "2019 [d]", "2020 [d]" }));
-	EXPECT_EQ(row(t, 2), QStringList({ "Mar", "2", "12" }));
+	EXPECT_EQ(headers(t), QStringList({ "Month", "2019 [kWh/a]", "2020 [kWh/a]" }));
+	EXPECT_EQ(row(t, 1), QStringList({ "Bar 1", "0.5", "1.5" }));
 }
 
 

@@ -78,21 +78,27 @@ private:
 
 
 /*! The coordinate of each of valueCount cells from a grid of cell centres (valueCount entries)
-	or cell edges (one more); NaN where the grid is too short.
+	or cell edges (one more); NaN where the grid is too short or missing.
 */
 QVector<double> cellCoordinates(const double * grid, unsigned int gridSize, unsigned int valueCount) {
 	QVector<double> c(static_cast<int>(valueCount), NaN);
 	const bool edges = gridSize == valueCount + 1;
-	for (unsigned int i = 0; i < valueCount && i < gridSize; ++i)
+	for (unsigned int i = 0; grid != nullptr && i < valueCount && i < gridSize; ++i)
 		c[static_cast<int>(i)] = edges ? 0.5*(grid[i] + grid[i + 1]) : grid[i];
 	return c;
 }
 
 
+/*! The number of values of a line series; 0 when the model hands out no arrays. */
+unsigned int lineSize(const SCI::AbstractLineSeriesModel & model, int s) {
+	return model.xValues(s) == nullptr || model.yValues(s) == nullptr ? 0 : model.size(s);
+}
+
+
 /*! True when two line series have the same x unit and x values (NaN equal to NaN). */
 bool sameXValues(const SCI::AbstractLineSeriesModel & model, int a, int b) {
-	const unsigned int n = model.size(a);
-	if (model.size(b) != n || model.xUnit(a) != model.xUnit(b))
+	const unsigned int n = lineSize(model, a);
+	if (lineSize(model, b) != n || model.xUnit(a) != model.xUnit(b))
 		return false;
 	const double * xa = model.xValues(a);
 	const double * xb = model.xValues(b);
@@ -165,7 +171,7 @@ void ChartDataTable::addLineSeries(const SCI::AbstractLineSeriesModel & model) {
 		x.m_unit = xCells.unit(model.xUnit(first));
 		x.m_title = axisName(model, CM::BottomAxis, unitName(model.xUnit(first)), "x");
 		const double * xv = model.xValues(first);
-		for (unsigned int i = 0; i < model.size(first); ++i)
+		for (unsigned int i = 0; i < lineSize(model, first); ++i)
 			xCells.append(x, xv[i]);
 		append(std::move(x));
 		for (int s : group) {
@@ -173,8 +179,9 @@ void ChartDataTable::addLineSeries(const SCI::AbstractLineSeriesModel & model) {
 			y.m_title = model.seriesData(s, SCI::AbstractLineSeriesModel::SeriesTitleText).toString();
 			y.m_unit = unitName(model.yUnit(s));
 			const double * yv = model.yValues(s);
-			y.m_values.reserve(static_cast<int>(model.size(s)));
-			for (unsigned int i = 0; i < model.size(s); ++i)
+			const unsigned int n = lineSize(model, s);
+			y.m_values.reserve(static_cast<int>(n));
+			for (unsigned int i = 0; i < n; ++i)
 				y.m_values.append(yv[i]);
 			append(std::move(y));
 		}
@@ -221,7 +228,7 @@ void ChartDataTable::addColorGrid(const SCI::AbstractColorGridSeriesModel & mode
 	const QString valueUnit = unitName(model.valueUnit(0));
 	const QString valueName = axisName(model, CM::RightAxis, valueUnit, "Value");
 	const double * values = model.values(0);
-	for (int a = 0; a < across.m_coordinates.size(); ++a) {
+	for (int a = 0; values != nullptr && a < across.m_coordinates.size(); ++a) {
 		Column c;
 		c.m_title = valueName;
 		c.m_unit = valueUnit;
@@ -248,7 +255,9 @@ void ChartDataTable::addVectorField(const SCI::AbstractVectorFieldSeriesModel & 
 	const double * yg = model.yGrid(0);
 	const double * uc = model.xComponents(0);
 	const double * vc = model.yComponents(0);
-	for (unsigned int j = 0; j < ny; ++j) {
+	// a model without arrays has no points
+	const bool complete = xg != nullptr && yg != nullptr && uc != nullptr && vc != nullptr;
+	for (unsigned int j = 0; complete && j < ny; ++j) {
 		for (unsigned int i = 0; i < nx; ++i) {
 			const unsigned int k = j*nx + i;
 			xCells.append(x, xg[i]);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <ZEB_FunctionId.h>
@@ -17,7 +18,12 @@
 
 #include <OVP_DataSetMimeData.h>
 
+#include <OVP_ChartDataTableModel.h>
+
+#include <Sci_AbstractCartesianChartModel.h>
 #include <Sci_Chart.h>
+
+#include "ChartTableView.h"
 
 ChartView::ChartView(int widgetId, QWidget * parent) :
 	QFrame(parent),
@@ -41,6 +47,16 @@ ChartView::ChartView(int widgetId, QWidget * parent) :
 	m_chartList->installEventFilter(this);
 	headerLayout->addWidget(label);
 	headerLayout->addWidget(m_chartList, 1);
+	m_tableButton = new QToolButton(header);
+	m_tableButton->setObjectName("viewTableButton");
+	m_tableButton->setText(tr("Data table"));
+	// the icon alone keeps the header narrow, so that views can be split further
+	m_tableButton->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+	m_tableButton->setToolButtonStyle(Qt::ToolButtonIconOnly);
+	m_tableButton->setAutoRaise(true);
+	m_tableButton->setToolTip(tr("Switches between the chart and its data as a table (Ctrl+T)"));
+	m_tableButton->setCheckable(true);
+	headerLayout->addWidget(m_tableButton);
 
 	m_placeholder = new QLabel(this);
 	m_placeholder->setObjectName("chartViewPlaceholder");
@@ -54,9 +70,22 @@ ChartView::ChartView(int widgetId, QWidget * parent) :
 	m_contentLayout = new QVBoxLayout;
 	m_contentLayout->setContentsMargins(4, 4, 4, 4);
 	m_contentLayout->addWidget(m_placeholder);
+	m_table = new ChartTableView(this);
+	m_table->hide();
+	m_contentLayout->addWidget(m_table);
+	m_table->installEventFilter(this);
+	m_table->viewport()->installEventFilter(this);
 	layout->addLayout(m_contentLayout, 1);
 
 	connect(m_chartList, QOverload<int>::of(&QComboBox::activated), this, &ChartView::onChartListActivated);
+	connect(m_tableButton, &QToolButton::clicked, this, [this](bool viewTable) {
+		emit activated(m_widgetId);
+		emit viewTableRequested(m_widgetId, viewTable);
+	});
+	connect(m_table, &ChartTableView::showChartRequested, this, [this]() {
+		emit activated(m_widgetId);
+		emit viewTableRequested(m_widgetId, false);
+	});
 	setFocused(false);
 }
 
@@ -71,7 +100,7 @@ SCI::Chart * ChartView::chart() const {
 }
 
 
-void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart) {
+void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart, bool viewTable) {
 	m_chartList->clear();
 	m_chartList->addItem(tr("(no chart)"));
 	for (int i = 0; i < mapperNames.size(); ++i)
@@ -91,12 +120,26 @@ void ChartView::setContent(const QStringList & mapperNames, int mapperIndex, SCI
 				w->installEventFilter(this);
 			connect(chart, &SCI::Chart::contextMenuRequested, this, &ChartView::onChartMenuRequested);
 			connect(chart, &SCI::Chart::pickerTextChanged, this, &ChartView::pickerTextChanged);
-			chart->show();
 		}
 	}
+	m_viewTable = viewTable;
+	// a hidden table follows no chart model, so that only shown tables cost time
+	const bool table = viewTable && chart != nullptr;
+	m_table->setChartModel(table ? chart->model() : nullptr);
+	m_table->setExportName(mapperNames.value(mapperIndex));
+	m_table->setVisible(table);
+	if (chart != nullptr)
+		chart->setVisible(!table);
+	m_tableButton->setChecked(table);
+	m_tableButton->setEnabled(chart != nullptr);
 	m_placeholder->setVisible(chart == nullptr);
 	m_placeholder->setText(mapperNames.isEmpty() ? tr("The session contains no charts yet.")
 												 : tr("No chart selected. Choose a chart from the list above."));
+}
+
+
+void ChartView::setDecimalPlaces(int decimalPlaces) {
+	m_table->tableModel()->setDecimalPlaces(decimalPlaces);
 }
 
 
@@ -111,6 +154,8 @@ void ChartView::setFocused(bool focused) {
 void ChartView::takeKeyboardFocus() {
 	if (m_chart.isNull())
 		m_chartList->setFocus(Qt::OtherFocusReason);
+	else if (m_table->isVisibleTo(this))
+		m_table->setFocus(Qt::OtherFocusReason);
 	else
 		m_chart->setFocus(Qt::OtherFocusReason);
 }

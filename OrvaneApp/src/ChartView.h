@@ -11,15 +11,18 @@
 
 class QComboBox;
 class QLabel;
+class QToolButton;
 class QVBoxLayout;
+class ChartTableView;
 
 namespace SCI {
 class Chart;
 }
 
 /*! One of the split views: a header with the list of the session's charts, in which the user
-	picks the chart to show, and below it the chart of the chosen mapper, or a note when there
-	is none.
+	picks the chart to show, and a button that switches between the chart and its data table;
+	below it the chart of the chosen mapper or its data as a table, or a note when there is
+	none.
 
 	The chart belongs to its mapper; the view only lends it a place. When the view shows another
 	chart or is destroyed, it hands the chart back without parent, so that the mapper keeps it.
@@ -44,10 +47,17 @@ public:
 	/*! The chart shown; null when none. */
 	SCI::Chart * chart() const;
 
+	/*! The table that shows the chart's data. */
+	ChartTableView * tableView() const { return m_table; }
+	/*! True when the view shows the data table of its chart instead of the chart. */
+	bool showsTable() const { return m_viewTable; }
+
 	/*! Lists mapperNames in the chart list and shows chart, the chart of the mapper at
-		mapperIndex (-1 and null: none).
+		mapperIndex (-1 and null: none), or its data table when viewTable is set.
 	*/
-	void setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart);
+	void setContent(const QStringList & mapperNames, int mapperIndex, SCI::Chart * chart, bool viewTable = false);
+	/*! Decimal places of the numbers in the data table. */
+	void setDecimalPlaces(int decimalPlaces);
 	/*! Marks the view as the one that the chart actions work on. */
 	void setFocused(bool focused);
 	/*! Gives the keyboard focus to the chart, or to the chart list when there is none. */
@@ -62,6 +72,8 @@ signals:
 	void dataSetsDropped(const std::vector<OVP::Mapper::DataSet> & dataSets);
 	/*! The user asked for the context menu of an element of the chart, after activated(). */
 	void chartMenuRequested(const SCI::ChartElement & element, const QPoint & globalPos);
+	/*! The user asked for the data table (true) or the chart (false), after activated(). */
+	void viewTableRequested(int widgetId, bool viewTable);
 	/*! The chart's picker shows this text (empty: the mouse left the chart). */
 	void pickerTextChanged(const QString & text);
 
@@ -87,6 +99,9 @@ private:
 	int						m_widgetId;
 	int						m_mapperIndex = -1;
 	QComboBox *				m_chartList;
+	QToolButton *			m_tableButton;
+	ChartTableView *		m_table;
+	bool					m_viewTable = false;
 	QLabel *				m_placeholder;
 	QVBoxLayout *			m_contentLayout;
 	/*! Guarded: the mapper deletes its chart when it is removed from the session. */

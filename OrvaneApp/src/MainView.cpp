@@ -86,6 +86,11 @@ MainView::MainView(QWidget * parent) :
 											   m_viewManager, &ViewManager::onRemoveAllSplits);
 	m_actions.m_gotoNextSplit = createAction(tr("Jump to next window"), QKeySequence(Qt::CTRL + Qt::Key_Tab),
 											 m_viewManager, &ViewManager::onGotoNextSplit);
+	m_actions.m_showDataTable = createAction(tr("Show data table"), QKeySequence(Qt::CTRL + Qt::Key_T),
+											 m_viewManager, &ViewManager::onShowDataTable);
+	m_actions.m_showDataTable->setCheckable(true);
+	connect(m_viewManager, &ViewManager::focusedChartChanged, this, &MainView::onUpdateDataTableAction);
+	onUpdateDataTableAction();
 	m_actions.m_refreshMappers = createAction(tr("Refresh charts/data"), QKeySequence(Qt::Key_F5),
 											  this, &MainView::onRefreshMappers);
 	m_actions.m_refreshMappers->setShortcuts({ QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL + Qt::Key_R) });
@@ -347,6 +352,7 @@ void MainView::onChartMenuRequested(const SCI::ChartElement & element, const QPo
 	}
 	menu.addAction(properties, this, [this, element]() { emit chartPropertiesRequested(element); });
 	menu.addAction(tr("Reset zoom"), chart, &SCI::Chart::resetView);
+	menu.addAction(m_actions.m_showDataTable);
 	menu.addSeparator();
 	menu.addAction(m_actions.m_storeChartStyle);
 	menu.addMenu(m_chartStylesMenu);
@@ -356,6 +362,13 @@ void MainView::onChartMenuRequested(const SCI::ChartElement & element, const QPo
 	menu.addAction(m_actions.m_copyChartEmf);
 	menu.addAction(m_actions.m_exportCurrentChart);
 	menu.exec(globalPos);
+}
+
+
+void MainView::onUpdateDataTableAction() {
+	const ChartView * view = m_viewManager->focusedView();
+	m_actions.m_showDataTable->setChecked(view != nullptr && view->showsTable());
+	m_actions.m_showDataTable->setEnabled(view != nullptr && view->chart() != nullptr);
 }
 
 

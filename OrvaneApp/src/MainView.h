@@ -57,6 +57,8 @@ public:
 		QAction * m_removeSplit;
 		QAction * m_removeAllSplits;
 		QAction * m_gotoNextSplit;
+		/*! Checkable: the focused view shows the data table of its chart. */
+		QAction * m_showDataTable;
 		QAction * m_refreshMappers;
 		QAction * m_autoRefresh;
 		QAction * m_showLogFile;
@@ -151,6 +153,9 @@ private slots:
 	void onStartup();
 	/*! Lists the saved chart styles in the chart styles menu. */
 	void onUpdateChartStylesMenu();
+	/*! Checks the data table action when the focused view shows a table; enables it when the
+		view has a chart. */
+	void onUpdateDataTableAction();
 
 private:
 	/*! Applies a style file to the focused view's chart and remembers it as the last one;

@@ -227,6 +227,10 @@ void OVAMainWindow::showPreferences(PreferencesDialog::Field field) {
 		ZEB::MessageHandler::current()->setConsoleVerbosityLevel(settings.m_userLogLevelConsole);
 		ZEB::MessageHandler::current()->setLogfileVerbosityLevel(settings.m_userLogLevelLogfile);
 	}
+	if (changes & OVP::Preferences::C_DataTables) {
+		for (ChartView * view : m_mainView->viewManager()->views())
+			view->setDecimalPlaces(settings.m_decimalPlaces);
+	}
 	if (changes & OVP::Preferences::C_DataManager) {
 		m_sessionPanel->directoryModel()->refresh();
 		m_sessionPanel->fileModel()->relistDirectories();
@@ -378,6 +382,7 @@ void OVAMainWindow::setupMenus() {
 	viewMenu->addAction(a.m_removeSplit);
 	viewMenu->addAction(a.m_removeAllSplits);
 	viewMenu->addAction(a.m_gotoNextSplit);
+	viewMenu->addAction(a.m_showDataTable);
 	viewMenu->addSeparator();
 	viewMenu->addAction(m_sessionDock->toggleViewAction());
 	viewMenu->addAction(m_propertyDock->toggleViewAction());

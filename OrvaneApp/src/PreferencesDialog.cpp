@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -28,6 +29,7 @@ QSpinBox * logLevelBox(int value) {
 /*! A hint below a field, in the text colour of disabled widgets. */
 QLabel * hintLabel(const QString & text) {
 	QLabel * label = new QLabel(text);
+	label->setWordWrap(true);
 	QPalette palette = label->palette();
 	palette.setColor(QPalette::WindowText, palette.color(QPalette::Disabled, QPalette::WindowText));
 	label->setPalette(palette);
@@ -83,6 +85,23 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	dataLayout->addRow(tr("Excluded directory names:"), m_excludedDirNames);
 	dataLayout->addRow(QString(), hintLabel(tr("Separate several entries with ';'. Changes apply at once.")));
 
+	m_exportHeaders = new QCheckBox(tr("Write header lines"));
+	m_exportHeaders->setChecked(preferences.m_exportHeaders);
+	m_exportGermanFormat = new QCheckBox(tr("German number format (decimal comma, ';' between fields)"));
+	m_exportGermanFormat->setChecked(preferences.m_exportGermanFormat);
+	m_exportSeparateUnitLines = new QCheckBox(tr("Units on a line of their own"));
+	m_exportSeparateUnitLines->setChecked(preferences.m_exportSeparateUnitLines);
+	m_decimalPlaces = new QSpinBox;
+	m_decimalPlaces->setRange(0, OVP::Preferences::MAX_DECIMAL_PLACES);
+	m_decimalPlaces->setValue(preferences.m_decimalPlaces);
+	QGroupBox * dataExport = new QGroupBox(tr("Data tables and export"));
+	QFormLayout * exportLayout = new QFormLayout(dataExport);
+	exportLayout->addRow(m_exportHeaders);
+	exportLayout->addRow(m_exportGermanFormat);
+	exportLayout->addRow(m_exportSeparateUnitLines);
+	exportLayout->addRow(tr("Decimal places shown in tables:"), m_decimalPlaces);
+	exportLayout->addRow(hintLabel(tr("Copied and exported numbers keep their full precision.")));
+
 	m_updateUrl = new QLineEdit(preferences.m_updateUrl);
 	m_updateUrl->setPlaceholderText(tr("https://.../version.txt"));
 	m_resetMessages = new QPushButton(tr("Show hidden messages again (%1)").arg(hiddenMessages));
@@ -101,14 +120,23 @@ PreferencesDialog::PreferencesDialog(const OVP::Preferences & preferences, int h
 	connect(buttons, &QDialogButtonBox::accepted, this, &PreferencesDialog::accept);
 	connect(buttons, &QDialogButtonBox::rejected, this, &PreferencesDialog::reject);
 
+	// two columns, so that the dialog fits screens of 768 pixels height
+	QVBoxLayout * left = new QVBoxLayout;
+	left->addWidget(general);
+	left->addWidget(sessions);
+	left->addStretch(1);
+	QVBoxLayout * right = new QVBoxLayout;
+	right->addWidget(dataManager);
+	right->addWidget(dataExport);
+	right->addWidget(updates);
+	right->addStretch(1);
+	QHBoxLayout * columns = new QHBoxLayout;
+	columns->addLayout(left, 1);
+	columns->addLayout(right, 1);
 	QVBoxLayout * layout = new QVBoxLayout(this);
-	layout->addWidget(general);
-	layout->addWidget(sessions);
-	layout->addWidget(dataManager);
-	layout->addWidget(updates);
-	layout->addStretch(1);
+	layout->addLayout(columns, 1);
 	layout->addWidget(buttons);
-	setMinimumWidth(600);
+	setMinimumWidth(860);
 }
 
 
@@ -140,6 +168,10 @@ OVP::Preferences PreferencesDialog::preferences() const {
 	p.m_textEditorExecutable = m_textEditor->filename().trimmed();
 	p.m_fileNameFilter = OVP::Preferences::listFromText(m_fileNameFilter->text());
 	p.m_excludedDirNames = OVP::Preferences::listFromText(m_excludedDirNames->text());
+	p.m_exportHeaders = m_exportHeaders->isChecked();
+	p.m_exportGermanFormat = m_exportGermanFormat->isChecked();
+	p.m_exportSeparateUnitLines = m_exportSeparateUnitLines->isChecked();
+	p.m_decimalPlaces = m_decimalPlaces->value();
 	p.m_updateUrl = m_updateUrl->text().trimmed();
 	p.m_resetDoNotShowAgain = m_resetDoNotShowAgain;
 	return p;

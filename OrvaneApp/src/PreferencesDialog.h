@@ -17,7 +17,8 @@ class BrowseFilenameWidget;
 }
 
 /*! The preferences dialog: shows and edits OVP::Preferences (language, log levels, start-up
-	session, session file writing, text editor, data manager filters, update address) and offers
+	session, session file writing, text editor, data manager filters, data export and tables, update
+	address) and offers
 	to show the hidden "do not show again" messages again. Accepting checks the values; the
 	caller stores them.
 */
@@ -55,6 +56,10 @@ private:
 	QtExt::BrowseFilenameWidget *	m_textEditor;
 	QLineEdit *						m_fileNameFilter;
 	QLineEdit *						m_excludedDirNames;
+	QCheckBox *						m_exportHeaders;
+	QCheckBox *						m_exportGermanFormat;
+	QCheckBox *						m_exportSeparateUnitLines;
+	QSpinBox *						m_decimalPlaces;
 	QLineEdit *						m_updateUrl;
 	QPushButton *					m_resetMessages;
 	bool							m_resetDoNotShowAgain = false;

@@ -178,6 +178,12 @@ void SplitTree::showMapper(int viewId, int mapperIndex) {
 }
 
 
+void SplitTree::setViewTable(int viewId, bool viewTable) {
+	FUNCID(SplitTree::setViewTable);
+	m_layout.m_widgets[checkedRow(viewId, true, FUNC_ID)].m_viewTable = viewTable;
+}
+
+
 void SplitTree::setSizes(int splitId, int size1, int size2) {
 	FUNCID(SplitTree::setSizes);
 	const int row = checkedRow(splitId, false, FUNC_ID);

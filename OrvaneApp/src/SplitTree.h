@@ -63,6 +63,8 @@ public:
 	void unifyAll(int viewId);
 	/*! Lets a view show a mapper (-1: none); a view that showed it so far shows none. */
 	void showMapper(int viewId, int mapperIndex);
+	/*! Lets a view show the data table of its chart instead of the chart, or the chart again. */
+	void setViewTable(int viewId, bool viewTable);
 	/*! Sets the sizes of the two parts of a split. */
 	void setSizes(int splitId, int size1, int size2);
 

@@ -119,6 +119,13 @@ void ViewManager::onGotoNextSplit() {
 }
 
 
+void ViewManager::onShowDataTable(bool viewTable) {
+	const ChartView * v = focusedView();
+	if (v != nullptr && v->showsTable() != viewTable)
+		onViewTableRequested(v->widgetId(), viewTable);
+}
+
+
 void ViewManager::showMapper(int mapperIndex) {
 	const ChartView * v = focusedView();
 	if (v == nullptr || v->mapperIndex() == mapperIndex || mapperIndex < 0 || mapperIndex >= mapperCount())
@@ -203,6 +210,14 @@ void ViewManager::onViewMapperChosen(int widgetId, int mapperIndex) {
 }
 
 
+void ViewManager::onViewTableRequested(int widgetId, bool viewTable) {
+	editLayout([widgetId, viewTable](SplitTree & tree) {
+		tree.setViewTable(widgetId, viewTable);
+		tree.setFocusedView(widgetId);
+	});
+}
+
+
 void ViewManager::onSplitterMoved() {
 	QSplitter * splitter = qobject_cast<QSplitter *>(sender());
 	OVP::ProjectHandler & handler = OVP::ProjectHandler::instance();
@@ -270,9 +285,10 @@ QWidget * ViewManager::buildNode(const SplitTree & tree, int id, const QStringLi
 		SCI::Chart * chart = nullptr;
 		if (node.m_mapperIndex != -1)
 			chart = OVP::ProjectHandler::instance().project().mapperModel()->mapper(node.m_mapperIndex)->chart();
-		v->setContent(mapperNames, node.m_mapperIndex, chart);
+		v->setContent(mapperNames, node.m_mapperIndex, chart, node.m_viewTable);
 		connect(v, &ChartView::activated, this, &ViewManager::onViewActivated);
 		connect(v, &ChartView::mapperChosen, this, &ViewManager::onViewMapperChosen);
+		connect(v, &ChartView::viewTableRequested, this, &ViewManager::onViewTableRequested);
 		connect(v, &ChartView::dataSetsDropped, this, &ViewManager::dataSetsDropped);
 		connect(v, &ChartView::chartMenuRequested, this, &ViewManager::chartMenuRequested);
 		connect(v, &ChartView::pickerTextChanged, this, &ViewManager::pickerTextChanged);

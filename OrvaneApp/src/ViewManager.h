@@ -78,6 +78,8 @@ public slots:
 	void onRemoveAllSplits();
 	/*! Moves the focus to the next view. */
 	void onGotoNextSplit();
+	/*! Lets the focused view show the data table of its chart (true) or the chart (false). */
+	void onShowDataTable(bool viewTable);
 	/*! Exports the chart of the first pending scripted export request and drops the request;
 		calls itself again as soon as the event loop is free while requests are left and ends the
 		application with exit code 0 after the last one. A request for a mapper that the
@@ -91,6 +93,7 @@ private slots:
 	void onProjectModified(int modificationType, void * data);
 	void onViewActivated(int widgetId);
 	void onViewMapperChosen(int widgetId, int mapperIndex);
+	void onViewTableRequested(int widgetId, bool viewTable);
 	/*! Keeps the sizes of a split's parts in the session's layout. */
 	void onSplitterMoved();
 

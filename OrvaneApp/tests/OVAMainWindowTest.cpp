@@ -648,6 +648,7 @@ TEST_F(MainWindowTest, EveryActionOfTheTablesIsInAMenuWithItsShortcutAndSlot) {
 		{ a.m_removeSplit, "Unify", { QKeySequence("Ctrl+0") }, &views, "onRemoveSplit()" },
 		{ a.m_removeAllSplits, "Unify all", {}, &views, "onRemoveAllSplits()" },
 		{ a.m_gotoNextSplit, "Jump to next window", { QKeySequence("Ctrl+Tab") }, &views, "onGotoNextSplit()" },
+		{ a.m_showDataTable, "Show data table", { QKeySequence("Ctrl+T") }, &views, "onShowDataTable(bool)" },
 		{ a.m_refreshMappers, "Refresh charts/data", { QKeySequence("F5"), QKeySequence("Ctrl+R") }, &mainView, "onRefreshMappers()" },
 		{ a.m_autoRefresh, "Auto-refresh charts/data", {}, &mainView, "onAutoRefreshToggled(bool)" },
 		{ a.m_showLogFile, "Show logfile...", {}, &mainView, "onShowLogFile()" },

@@ -14,6 +14,7 @@
 
 #include <Sci_Chart.h>
 
+#include "ChartTableView.h"
 #include "ChartView.h"
 #include "OVA_TestUtils.h"
 #include "ViewManager.h"
@@ -239,4 +240,32 @@ TEST_F(ViewManagerTest, ScriptedExportExportsOneRequestPerCall) {
 	vm.onExportChartsScripted();
 	EXPECT_EQ(QImage(dir + "/first.png").size(), QSize(300, 150));
 	EXPECT_FALSE(vm.hasScriptedExports());
+}
+
+TEST_F(ViewManagerTest, AViewShowsTheDataTableOfItsChartAsAnUndoableChangeKeptInTheSession) {
+	const QString dir = OVATest::scratchDir("vm-table");
+	createSession(dir, { "T", "RH" });
+	ASSERT_EQ(handler().saveProject(nullptr, dir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+	ViewManager vm;
+	vm.onShowDataTable(true);
+	EXPECT_TRUE(handler().isModified());
+	ChartView * v = vm.views()[0];
+	ASSERT_TRUE(v->showsTable());
+	EXPECT_TRUE(v->tableView()->isVisibleTo(v));
+	EXPECT_FALSE(v->chart()->isVisibleTo(v));
+	// the time column and the one series, 49 hourly values
+	const QAbstractItemModel * table = v->tableView()->model();
+	EXPECT_EQ(table->columnCount(), 2);
+	EXPECT_EQ(table->rowCount(), 49);
+	EXPECT_EQ(table->headerData(1, Qt::Horizontal).toString(), "T.out [C]");
+	EXPECT_EQ(table->data(table->index(48, 0), Qt::EditRole).toDouble(), 48);
+
+	ASSERT_TRUE(handler().undo(nullptr));
+	EXPECT_FALSE(vm.views()[0]->showsTable());
+	ASSERT_TRUE(handler().redo(nullptr));
+	EXPECT_EQ(handler().undoStack().undoText(), "show data table");
+	ASSERT_EQ(handler().saveProject(nullptr, dir + "/s.o2"), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(handler().loadProject(nullptr, dir + "/s.o2", true));
+	EXPECT_TRUE(vm.views()[0]->showsTable());
+	EXPECT_EQ(vm.views()[0]->tableView()->model()->rowCount(), 49);
 }

@@ -17,6 +17,10 @@ Preferences Preferences::fromSettings(const Settings & settings) {
 	p.m_fileNameFilter = settings.m_fileNameFilter;
 	p.m_excludedDirNames = settings.m_excludedDirNames;
 	p.m_updateUrl = settings.m_updateUrl;
+	p.m_exportHeaders = settings.m_exportHeadersEnabled;
+	p.m_exportGermanFormat = settings.m_exportGermanFormatEnabled == 1;
+	p.m_exportSeparateUnitLines = settings.m_exportSeperateLinesForUnitsEnabled;
+	p.m_decimalPlaces = settings.m_decimalPlaces;
 	return p;
 }
 
@@ -25,6 +29,8 @@ QString Preferences::problem() const {
 	for (int level : { m_logLevelConsole, m_logLevelLogfile })
 		if (level < 0 || level > MAX_LOG_LEVEL)
 			return tr("Log levels must be between 0 and %1.").arg(MAX_LOG_LEVEL);
+	if (m_decimalPlaces < 0 || m_decimalPlaces > MAX_DECIMAL_PLACES)
+		return tr("Decimal places must be between 0 and %1.").arg(MAX_DECIMAL_PLACES);
 	if (m_fileNameFilter.isEmpty())
 		return tr("The file name filter needs at least one pattern, such as '*.out'.");
 	for (const QString & name : m_excludedDirNames)
@@ -59,6 +65,12 @@ int Preferences::storeTo(Settings & settings) const {
 	take(settings.m_fileNameFilter, m_fileNameFilter, C_DataManager);
 	take(settings.m_excludedDirNames, m_excludedDirNames, C_DataManager);
 	take(settings.m_updateUrl, m_updateUrl, C_Other);
+	take(settings.m_exportHeadersEnabled, m_exportHeaders, C_Other);
+	// not chosen stays undecided until the start-up decides it from the system
+	const int undecided = settings.m_exportGermanFormatEnabled == -1 ? -1 : 0;
+	take(settings.m_exportGermanFormatEnabled, m_exportGermanFormat ? 1 : undecided, C_Other);
+	take(settings.m_exportSeperateLinesForUnitsEnabled, m_exportSeparateUnitLines, C_Other);
+	take(settings.m_decimalPlaces, m_decimalPlaces, C_DataTables);
 	if (m_resetDoNotShowAgain && settings.doNotShowAgainCount() > 0) {
 		settings.resetDoNotShowAgain();
 		changes |= C_Other;

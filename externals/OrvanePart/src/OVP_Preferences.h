@@ -22,11 +22,14 @@ public:
 		C_Language		= 0x1,	///< takes effect on the next program start
 		C_LogLevels		= 0x2,
 		C_DataManager	= 0x4,	///< file name filter or excluded directory names
-		C_Other			= 0x8
+		C_Other			= 0x8,
+		C_DataTables	= 0x10	///< decimal places of the data tables
 	};
 
 	/*! Highest log level offered; higher levels show more detail. */
 	static constexpr int MAX_LOG_LEVEL = 9;
+	/*! Most decimal places offered for data tables. */
+	static constexpr int MAX_DECIMAL_PLACES = 15;
 
 	/*! The preferences as the settings hold them. */
 	static Preferences fromSettings(const Settings & settings);
@@ -57,6 +60,14 @@ public:
 	QStringList	m_excludedDirNames;
 	/*! Address of the version file on the update server; empty: never look for updates. */
 	QString		m_updateUrl;
+	/*! Data export (files and clipboard) writes header lines. */
+	bool		m_exportHeaders = true;
+	/*! Data export uses a decimal comma (and ";" between the fields of CSV files). */
+	bool		m_exportGermanFormat = false;
+	/*! Data export writes the units on a line of their own. */
+	bool		m_exportSeparateUnitLines = false;
+	/*! Decimal places of the numbers in data tables. */
+	int			m_decimalPlaces = 6;
 	/*! Show again all dialogs the user asked not to see again. */
 	bool		m_resetDoNotShowAgain = false;
 };

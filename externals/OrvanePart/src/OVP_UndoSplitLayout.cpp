@@ -15,6 +15,9 @@ QString changeText(const SplitLayout & before, const SplitLayout & after) {
 		return ProjectHandler::tr("split view");
 	if (after.m_widgets.size() < before.m_widgets.size())
 		return ProjectHandler::tr("remove split view");
+	for (int i = 0; i < after.m_widgets.size(); ++i)
+		if (after.m_widgets[i].m_viewTable != before.m_widgets[i].m_viewTable)
+			return after.m_widgets[i].m_viewTable ? ProjectHandler::tr("show data table") : ProjectHandler::tr("show chart");
 	return ProjectHandler::tr("show chart in view");
 }
 

@@ -1,6 +1,7 @@
 #include "OVP_ProjectTestUtils.h"
 
 #include <functional>
+#include <tuple>
 
 #include <QDir>
 #include <QSignalSpy>
@@ -47,8 +48,12 @@ TEST_F(PreferencesTest, StoredPreferencesReadBackAndReportWhatChanged) {
 	p.m_excludedDirNames.clear();
 	p.m_updateUrl = "https://updates.example.org/orvane/version.txt";
 	p.m_resetDoNotShowAgain = true;
+	p.m_exportHeaders = false;
+	p.m_exportGermanFormat = true;
+	p.m_exportSeparateUnitLines = true;
+	p.m_decimalPlaces = 3;
 	EXPECT_EQ(p.storeTo(*m_settings), OVP::Preferences::C_Language | OVP::Preferences::C_LogLevels
-			  | OVP::Preferences::C_DataManager | OVP::Preferences::C_Other);
+			  | OVP::Preferences::C_DataManager | OVP::Preferences::C_Other | OVP::Preferences::C_DataTables);
 	EXPECT_FALSE(m_settings->isDoNotShowAgain("EditHint"));
 	m_settings->write(QByteArray(), QByteArray());
 
@@ -65,6 +70,8 @@ TEST_F(PreferencesTest, StoredPreferencesReadBackAndReportWhatChanged) {
 	EXPECT_EQ(r.m_fileNameFilter, typed);
 	EXPECT_TRUE(r.m_excludedDirNames.isEmpty());
 	EXPECT_EQ(r.m_updateUrl, p.m_updateUrl);
+	EXPECT_EQ(m_settings->m_exportGermanFormatEnabled, 1);
+	EXPECT_EQ(std::make_tuple(r.m_exportHeaders, r.m_exportSeparateUnitLines, r.m_decimalPlaces), std::make_tuple(false, true, 3));
 	EXPECT_EQ(m_settings->doNotShowAgainCount(), 0);
 	// a change of the data manager filters alone is told as such
 	OVP::Preferences onlyFilter = r;
@@ -82,7 +89,8 @@ TEST_F(PreferencesTest, ValuesThatCannotBeStoredAreNamed) {
 		[](OVP::Preferences & p) { p.m_excludedDirNames = QStringList{ ".git", "build/tmp" }; },
 		[](OVP::Preferences & p) { p.m_updateUrl = "ftp://updates.example.org/version.txt"; },
 		[](OVP::Preferences & p) { p.m_updateUrl = "updates.example.org"; },
-		[](OVP::Preferences & p) { p.m_updateUrl = "https://"; }
+		[](OVP::Preferences & p) { p.m_updateUrl = "https://"; },
+		[](OVP::Preferences & p) { p.m_decimalPlaces = OVP::Preferences::MAX_DECIMAL_PLACES + 1; }
 	};
 	for (std::size_t i = 0; i < invalid.size(); ++i) {
 		OVP::Preferences p = valid;

@@ -12,7 +12,6 @@
 #include <ZEB_MessageHandler.h>
 
 #include "Sci_AbstractBarSeriesModel.h"
-#include "Sci_AbstractLineSeriesModel.h"
 #include "Sci_BarLabelScaleDraw.h"
 #include "Sci_Chart.h"
 #include "Sci_DateScaleDraw.h"
@@ -180,15 +179,8 @@ void ChartAxis::updateDateTimeMapping() {
 	m_dateTime = false;
 	if (!model()->axisData(m_position, CM::AxisDateTimeEnabled).toBool() || isBarLabelAxis() || isColorBarAxis())
 		return;
-	ZEB::Unit unit(model()->axisData(m_position, CM::AxisUnit).toUInt());
-	// without an axis unit, the time unit of the first line series counts
-	const AbstractLineSeriesModel * lineModel = dynamic_cast<const AbstractLineSeriesModel *>(model());
-	if (unit.id() == 0 && lineModel != nullptr && lineModel->seriesCount() > 0 && m_position == CM::BottomAxis)
-		unit = lineModel->xUnit(0);
 	try {
-		m_mapping = DateTimeMapping(model()->axisData(m_position, CM::AxisDateTimeZero).toDateTime(),
-									DateTimeMapping::msecsPerUnit(unit),
-									model()->axisData(m_position, CM::AxisDateTimeSpec).toInt());
+		m_mapping = DateTimeMapping::ofAxis(*model(), m_position);
 		m_dateTime = true;
 	}
 	catch (ZEB::Exception & ex) {

@@ -4,6 +4,8 @@
 #include <ZEB_MessageFormat.h>
 #include <ZEB_UnitList.h>
 
+#include "Sci_AbstractLineSeriesModel.h"
+
 namespace SCI {
 
 DateTimeMapping::DateTimeMapping() :
@@ -51,6 +53,17 @@ double DateTimeMapping::msecsPerUnit(const ZEB::Unit & unit) {
 	if (op == ZEB::UnitData::OP_DIV && factor > 0)
 		return 1/factor;
 	throw ZEB::Exception(ZEB::MessageFormat("Unit '%1' cannot be used for date labels.").arg(unit.name()), FUNC_ID);
+}
+
+
+DateTimeMapping DateTimeMapping::ofAxis(const AbstractCartesianChartModel & model, int axisPosition) {
+	typedef AbstractCartesianChartModel CM;
+	ZEB::Unit unit(model.axisData(axisPosition, CM::AxisUnit).toUInt());
+	const AbstractLineSeriesModel * lineModel = dynamic_cast<const AbstractLineSeriesModel *>(&model);
+	if (unit.id() == 0 && lineModel != nullptr && lineModel->seriesCount() > 0 && axisPosition == CM::BottomAxis)
+		unit = lineModel->xUnit(0);
+	return DateTimeMapping(model.axisData(axisPosition, CM::AxisDateTimeZero).toDateTime(), msecsPerUnit(unit),
+						   model.axisData(axisPosition, CM::AxisDateTimeSpec).toInt());
 }
 
 } // namespace SCI

@@ -7,6 +7,8 @@
 
 namespace SCI {
 
+class AbstractCartesianChartModel;
+
 /*! Relation between the values of a date-time axis and calendar dates: the axis value 0 is the
 	zero date-time of the axis, and one axis unit (a time unit such as "h" or "d") is a fixed
 	number of milliseconds. Date labels, date tick positions and the picker text of a chart all
@@ -36,6 +38,11 @@ public:
 	/*! Milliseconds per unit of a time unit (a unit of the group of "s"). Throws ZEB::Exception
 		for units of other groups and for the special units of that group. */
 	static double msecsPerUnit(const ZEB::Unit & unit);
+	/*! The mapping of an axis of a chart model: its zero date-time and time specification, and
+		its unit (without an axis unit, the x unit of the first line series counts for the bottom
+		axis). Throws ZEB::Exception when that unit is no time unit.
+	*/
+	static DateTimeMapping ofAxis(const AbstractCartesianChartModel & model, int axisPosition);
 
 private:
 	double			m_zeroMSecs;

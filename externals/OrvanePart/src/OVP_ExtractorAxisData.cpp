@@ -2,6 +2,8 @@
 
 #include <DATAIO_DataIO.h>
 
+#include <Sci_AbstractCartesianChartModel.h>
+
 #include <ZEB_Exception.h>
 
 #include "OVP_Mapper.h"
@@ -42,6 +44,19 @@ bool ExtractorAxisData::acceptsUnit(const Mapper & mapper, int axisPosition, con
 		return false;
 	}
 	return true;
+}
+
+
+bool ExtractorAxisData::setAxisData(Mapper & mapper, SCI::AbstractCartesianChartModel & model, const QVariant & value,
+									int axisPosition, int role)
+{
+	typedef SCI::AbstractCartesianChartModel CM;
+	if (role == CM::AxisUnit && !acceptsUnit(mapper, axisPosition, value))
+		return false;
+	const bool stored = model.CM::setAxisData(value, axisPosition, role);
+	if (stored && role == CM::AxisUnit)
+		mapper.applyAxisUnits();
+	return stored;
 }
 
 } // namespace OVP

@@ -11,6 +11,10 @@ namespace DATAIO {
 class DataIO;
 }
 
+namespace SCI {
+class AbstractCartesianChartModel;
+}
+
 namespace OVP {
 
 class Mapper;
@@ -39,6 +43,13 @@ public:
 		number is left to the chart model's own check.
 	*/
 	static bool acceptsUnit(const Mapper & mapper, int axisPosition, const QVariant & value);
+
+	/*! Stores an axis property of the chart model of mapper, as the Cartesian model stores it; a
+		unit is checked first (acceptsUnit()) and then becomes the target unit of the extractors,
+		whose output is converted. Returns whether the value was stored.
+	*/
+	static bool setAxisData(Mapper & mapper, SCI::AbstractCartesianChartModel & model, const QVariant & value,
+							int axisPosition, int role);
 };
 
 } // namespace OVP

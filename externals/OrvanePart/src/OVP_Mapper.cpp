@@ -29,6 +29,7 @@
 #include "OVP_DataManager.h"
 #include "OVP_ModelOptions.h"
 #include "OVP_ProjectRelativePath.h"
+#include "OVP_SeriesBarExtractorModel.h"
 #include "OVP_SeriesColorGridExtractorModel.h"
 #include "OVP_SeriesLineExtractorModel.h"
 #include "OVP_SeriesVectorFieldExtractorModel.h"
@@ -221,10 +222,14 @@ Mapper::~Mapper() {
 
 std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
 												const std::string & modelType, const std::string & modelParameter,
-												const ManipulatorList & manipulators)
+												const ManipulatorList & manipulators, MapperType kind)
 {
 	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
 	ExtractorEntry entry = mapper->createEntry(dataSets, modelType, modelParameter, manipulators);
+	if (kind == MT_Bar) {
+		SeriesBarExtractorModel::checkTimeSeries(entry);
+		mapper->m_type = MT_Bar;
+	}
 	if (modelType.empty()) {
 		const std::string dataSet = referenceDataSetName(entry);
 		const std::string & quantity = dataSet.empty() ? entry.m_dataIOs.front()->quantity() : dataSet;
@@ -235,7 +240,7 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 		mapper->m_name = QString::fromUtf8(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model().title());
 	mapper->appendEntry(std::move(entry));
 	mapper->setupNewChart();
-	if (mapper->m_type == MT_2D)
+	if (mapper->isSeriesChart())
 		mapper->updateEntry(mapper->m_2DExtractors.front());
 	else
 		mapper->updateEntry(mapper->m_3DExtractor);
@@ -247,7 +252,7 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 						  const std::string & modelParameter, const ManipulatorList & manipulators)
 {
 	FUNCID(Mapper::addExtractor);
-	if (m_type != MT_2D)
+	if (!isSeriesChart())
 		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 	if (dataSets.empty())
 		throw ZEB::Exception("No data set selected.", FUNC_ID);
@@ -272,6 +277,17 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	}
 	if (entry.m_extractor->outputKind() != EM::ExtractorBase::OK_2D)
 		throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+
+	if (m_type == MT_Bar) {
+		SeriesBarExtractorModel & barModel = static_cast<SeriesBarExtractorModel &>(*m_chartModel);
+		barModel.checkSeries(entry);
+		setTargetUnitsFromAxes(entry, true);
+		updateEntry(entry);
+		const int index = static_cast<int>(m_2DExtractors.size());
+		appendEntry(std::move(entry));
+		barModel.initSeries(index);
+		return;
+	}
 
 	// 2. the x values must convert to the x axis
 	if (!convertible(entry.m_extractor->axisUnitFromDataIO(0), axisUnit(*m_chartModel, CM::BottomAxis)))
@@ -387,10 +403,10 @@ void Mapper::applyDataSetSetup(PreparedSetup prepared) {
 	m_chartModel->beginChangeModel();
 	for (const std::pair<int, ZEB::Unit> & axis : prepared.m_axisUnits)
 		setAxisUnit(*m_chartModel, axis.first, axis.second);
-	ExtractorEntry & target = m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+	ExtractorEntry & target = isSeriesChart() ? m_2DExtractors[index] : m_3DExtractor;
 	target = std::move(prepared.m_entry);
 	setTargetUnitsFromAxes(target, leftAxis);
-	if (m_type == MT_2D) {
+	if (isSeriesChart()) {
 		update2DExtractor(index);
 	}
 	else {
@@ -435,7 +451,7 @@ std::vector<std::pair<int, ZEB::Unit> > Mapper::axisUnitsFor(const ExtractorEntr
 	FUNCID(Mapper::setDataSetSetup);
 	std::vector<std::pair<int, ZEB::Unit> > units;
 	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
-		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
+		const ZEB::Unit unit = dataUnitOnAxis(entry, axis.first, axis.second);
 		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
 		if (convertible(unit, current))
 			continue;
@@ -551,14 +567,15 @@ std::vector<ZEB::Unit> Mapper::axisUnitChoices(int axisPosition) const {
 const Mapper::ExtractorEntry & Mapper::entryAt(unsigned int index, const char * functionId) const {
 	if (index >= extractorCount())
 		throw ZEB::Exception(ZEB::MessageFormat("The chart has no data set #%1.").arg(index), functionId);
-	return m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+	return isSeriesChart() ? m_2DExtractors[index] : m_3DExtractor;
 }
 
 
 QString Mapper::dataSetTitle(unsigned int index) const {
-	if (m_type != MT_2D || index >= m_2DExtractors.size())
+	if (!isSeriesChart() || index >= m_2DExtractors.size())
 		return m_name;
-	return m_chartModel->seriesData(static_cast<int>(index), LM::SeriesTitle).toString();
+	const int role = m_type == MT_Bar ? int(SCI::AbstractBarSeriesModel::BarTitleText) : int(LM::SeriesTitle);
+	return m_chartModel->seriesData(static_cast<int>(index), role).toString();
 }
 
 
@@ -567,12 +584,19 @@ std::vector<ZEB::Unit> Mapper::axisDataUnits(int axisPosition, int skippedEntry)
 	for (unsigned int i = 0; i < extractorCount(); ++i) {
 		if (static_cast<int>(i) == skippedEntry)
 			continue;
-		const EM::ExtractorBase & extractor = *(m_type == MT_2D ? m_2DExtractors[i] : m_3DExtractor).m_extractor;
-		for (const std::pair<int, unsigned int> & axis : outputAxes(extractor, onLeftAxis(i)))
+		const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors[i] : m_3DExtractor;
+		for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, onLeftAxis(i)))
 			if (axis.first == axisPosition)
-				units.push_back(extractor.axisUnitFromDataIO(axis.second));
+				units.push_back(dataUnitOnAxis(entry, axis.first, axis.second));
 	}
 	return units;
+}
+
+
+ZEB::Unit Mapper::dataUnitOnAxis(const ExtractorEntry & entry, int axisPosition, unsigned int outputAxis) const {
+	if (m_type == MT_Bar && axisPosition == CM::LeftAxis)
+		return static_cast<const SeriesBarExtractorModel &>(*m_chartModel).dataUnit(entry);
+	return entry.m_extractor->axisUnitFromDataIO(outputAxis);
 }
 
 
@@ -584,6 +608,11 @@ bool Mapper::onLeftAxis(unsigned int index) const {
 void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap) {
 	FUNCID(Mapper::readXML);
 	bool chartModelRead = false;
+	// the chart model follows the extractors, but a bar chart is made from the first of them
+	const TiXmlElement * chartModelElement = element->FirstChildElement("ChartModel");
+	const char * barType = chartModelElement == nullptr ? nullptr : chartModelElement->Attribute("chartType");
+	if (barType != nullptr && std::string(barType) == chartTypeKeyword(MT_Bar) && m_type == MT_Empty)
+		m_type = MT_Bar;
 	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
 		 child = child->NextSiblingElement())
 	{
@@ -601,8 +630,14 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 						throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
 				}
-				if (m_type == MT_2D && !is2D)
+				if (isSeriesChart() && !is2D)
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+				if (m_type == MT_Bar) {
+					if (m_chartModel)
+						static_cast<const SeriesBarExtractorModel &>(*m_chartModel).checkSeries(entry);
+					else
+						SeriesBarExtractorModel::checkTimeSeries(entry);
+				}
 				appendEntry(std::move(entry));
 			}
 		}
@@ -610,7 +645,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 			if (extractorCount() == 0)
 				throw ZEB::Exception("Cannot have 'ChartModel' tag before added Extractors to mapper.", FUNC_ID);
 			const char * chartType = child->Attribute("chartType");
-			const char * expected = m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector");
+			const char * expected = chartTypeKeyword(m_type);
 			if (chartType != nullptr && std::string(chartType) != expected)
 				throw ZEB::Exception(ZEB::MessageFormat("Chart type '%1' does not fit the extractors of the mapper "
 														"(expected '%2').").arg(chartType).arg(expected), FUNC_ID);
@@ -626,14 +661,23 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 		return;
 	if (!chartModelRead) {
 		setupNewChart();
-		for (unsigned int i = 1; i < m_2DExtractors.size(); ++i)
-			static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i), true);
+		for (unsigned int i = 1; i < m_2DExtractors.size(); ++i) {
+			if (m_type == MT_Bar)
+				static_cast<SeriesBarExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i));
+			else
+				static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i), true);
+		}
 	}
 	else if (m_type == MT_2D) {
 		// the titles saved with the series are those of the chart model
 		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
 		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
 			m_2DExtractors[i].m_title = lineModel.lineProperties(static_cast<int>(i)).m_titleText;
+	}
+	else if (m_type == MT_Bar) {
+		const SCI::AbstractBarSeriesModel & barModel = static_cast<const SCI::AbstractBarSeriesModel &>(*m_chartModel);
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
+			m_2DExtractors[i].m_title = barModel.barSymbolInfo(static_cast<int>(i)).m_titleText;
 	}
 	applyAxisUnits();
 }
@@ -793,7 +837,7 @@ void Mapper::writeXML(TiXmlElement * element, const QString & projectDir, bool w
 		return;
 	TiXmlElement * chartModel = new TiXmlElement("ChartModel");
 	element->LinkEndChild(chartModel);
-	chartModel->SetAttribute("chartType", m_type == MT_2D ? "2D" : (m_type == MT_3D ? "3D" : "Vector"));
+	chartModel->SetAttribute("chartType", chartTypeKeyword(m_type));
 	const bool previous = m_chartModel->writeAll();
 	m_chartModel->setWriteAll(writeAll);
 	m_chartModel->writeXML(chartModel);
@@ -917,7 +961,7 @@ std::vector<Mapper::ExtractorEntry> Mapper::repointedEntries(const DataPathRemap
 
 void Mapper::replaceEntries(std::vector<ExtractorEntry> entries) {
 	Q_ASSERT(entries.size() == extractorCount());
-	if (m_type == MT_2D) {
+	if (isSeriesChart()) {
 		for (std::size_t i = 0; i < entries.size(); ++i)
 			m_2DExtractors[i] = std::move(entries[i]);
 	}
@@ -977,6 +1021,16 @@ std::unique_ptr<EM::ModelTwo2DBase> Mapper::createModel(const std::string & type
 	if (!model)
 		throw ZEB::Exception(ZEB::MessageFormat("Unknown/unsupported model of type '%1'.").arg(type), FUNC_ID);
 	return model;
+}
+
+
+const char * Mapper::chartTypeKeyword(MapperType kind) {
+	switch (kind) {
+		case MT_3D :		return "3D";
+		case MT_Vector :	return "Vector";
+		case MT_Bar :		return "Bar";
+		default :			return "2D";
+	}
 }
 
 
@@ -1052,10 +1106,9 @@ void Mapper::applyAxisUnits() {
 	if (!m_chartModel)
 		return;
 	m_chartModel->beginChangeModel();
-	if (m_type == MT_2D) {
-		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
+	if (isSeriesChart()) {
 		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i) {
-			setTargetUnitsFromAxes(m_2DExtractors[i], lineModel.lineProperties(static_cast<int>(i)).m_leftAxis);
+			setTargetUnitsFromAxes(m_2DExtractors[i], onLeftAxis(i));
 			update2DExtractor(i);
 		}
 	}
@@ -1132,6 +1185,13 @@ Mapper::ExtractorEntry Mapper::createEntry(const std::vector<DataSet> & dataSets
 
 void Mapper::appendEntry(ExtractorEntry entry) {
 	const EM::ExtractorBase::OutputKind kind = entry.m_extractor->outputKind();
+	if (m_type == MT_Bar && !m_chartModel) {
+		Q_ASSERT(kind == EM::ExtractorBase::OK_2D);
+		m_chartModel.reset(new SeriesBarExtractorModel(this));
+		connect(m_chartModel.get(), &SCI::AbstractChartModel::seriesViewChanged, this, &Mapper::onSeriesViewChanged);
+		m_2DExtractors.push_back(std::move(entry));
+		return;
+	}
 	if (m_type == MT_Empty) {
 		switch (kind) {
 			case EM::ExtractorBase::OK_2D :
@@ -1154,7 +1214,7 @@ void Mapper::appendEntry(ExtractorEntry entry) {
 			m_3DExtractor = std::move(entry);
 		return;
 	}
-	Q_ASSERT(m_type == MT_2D && kind == EM::ExtractorBase::OK_2D);
+	Q_ASSERT(isSeriesChart() && kind == EM::ExtractorBase::OK_2D);
 	const int index = static_cast<int>(m_2DExtractors.size());
 	m_chartModel->beginInsertSeries(index, index);
 	m_2DExtractors.push_back(std::move(entry));
@@ -1164,10 +1224,19 @@ void Mapper::appendEntry(ExtractorEntry entry) {
 
 void Mapper::setupNewChart() {
 	CM & model = *m_chartModel;
-	const ExtractorEntry & entry = m_type == MT_2D ? m_2DExtractors.front() : m_3DExtractor;
+	const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors.front() : m_3DExtractor;
 	const EM::ExtractorBase & extractor = *entry.m_extractor;
 	model.setChartData(m_name, SCI::AbstractChartModel::TitleText);
 	setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
+	if (m_type == MT_Bar) {
+		SeriesBarExtractorModel & barModel = static_cast<SeriesBarExtractorModel &>(model);
+		setAxisUnit(model, CM::LeftAxis, barModel.dataUnit(entry));
+		// the bars are labelled with their periods
+		model.setAxisData(QString(), CM::BottomAxis, CM::AxisTitleText);
+		model.setAxisData(QString(DEFAULT_AXIS_TITLE), CM::LeftAxis, CM::AxisTitleText);
+		barModel.initSeries(0);
+		return;
+	}
 	if (m_type == MT_2D) {
 		setAxisUnit(model, CM::LeftAxis, extractor.targetValueUnit());
 	}
@@ -1188,7 +1257,8 @@ void Mapper::setTargetUnitsFromAxes(ExtractorEntry & entry, bool leftAxis) const
 	if (x.id() != 0)
 		extractor.setTargetXUnit(x);
 	if (extractor.outputKind() == EM::ExtractorBase::OK_2D) {
-		const ZEB::Unit value = axisUnit(*m_chartModel, leftAxis ? CM::LeftAxis : CM::RightAxis);
+		const ZEB::Unit value = m_type == MT_Bar ? static_cast<const SeriesBarExtractorModel &>(*m_chartModel).targetValueUnit()
+												 : axisUnit(*m_chartModel, leftAxis ? CM::LeftAxis : CM::RightAxis);
 		if (value.id() != 0)
 			extractor.setTargetValueUnit(value);
 	}

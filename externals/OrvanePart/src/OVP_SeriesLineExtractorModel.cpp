@@ -126,12 +126,7 @@ QVariant SeriesLineExtractorModel::axisData(int axisPosition, int role) const {
 
 
 bool SeriesLineExtractorModel::setAxisData(const QVariant & value, int axisPosition, int role) {
-	if (role == AxisUnit && !ExtractorAxisData::acceptsUnit(*m_mapper, axisPosition, value))
-		return false;
-	const bool stored = AbstractCartesianChartModel::setAxisData(value, axisPosition, role);
-	if (stored && role == AxisUnit)
-		m_mapper->applyAxisUnits();
-	return stored;
+	return ExtractorAxisData::setAxisData(*m_mapper, *this, value, axisPosition, role);
 }
 
 

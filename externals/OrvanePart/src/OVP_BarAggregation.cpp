@@ -114,6 +114,10 @@ std::vector<BarAggregation::Bar> BarAggregation::aggregate(const std::vector<dou
 														   const Settings & settings)
 {
 	FUNCID(BarAggregation::aggregate);
+	std::vector<Bar> bars;
+	// a series that waits for its first values may not have a unit yet
+	if (time.empty() && values.empty())
+		return bars;
 	const ZEB::Unit second("s");
 	if (timeUnit.id() == 0 || timeUnit.base_id() != second.base_id())
 		throw ZEB::Exception(ZEB::MessageFormat("Bars need time points, but unit [%1] is no unit of time.")
@@ -121,7 +125,6 @@ std::vector<BarAggregation::Bar> BarAggregation::aggregate(const std::vector<dou
 	if (time.size() != values.size())
 		throw ZEB::Exception(ZEB::MessageFormat("The series has %1 time points but %2 values.").arg(time.size())
 							 .arg(values.size()), FUNC_ID);
-	std::vector<Bar> bars;
 	if (time.empty())
 		return bars;
 	ZEB::UnitVector seconds(time, timeUnit);

@@ -78,8 +78,9 @@ public:
 
 	/*! The bars of a series with its time points (rising) in timeUnit, a unit of the group of
 		"s", and one value per time point; startYear is DATAIO::DataIO::UNSET_START_YEAR for a
-		series without calendar. Throws ZEB::Exception for a time unit that is no time unit, for
-		time and value lists of different lengths and for more than 100000 periods.
+		series without calendar. An empty series has no bars. Throws ZEB::Exception for a time
+		unit that is no time unit, for time and value lists of different lengths and for more
+		than 100000 periods.
 	*/
 	static std::vector<Bar> aggregate(const std::vector<double> & time, const ZEB::Unit & timeUnit,
 									  const std::vector<double> & values, std::int32_t startYear,

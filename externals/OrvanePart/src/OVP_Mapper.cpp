@@ -634,7 +634,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
 				if (m_type == MT_Bar) {
 					if (m_chartModel)
-						static_cast<const SeriesBarExtractorModel &>(*m_chartModel).checkSeries(entry);
+						static_cast<const SeriesBarExtractorModel &>(*m_chartModel).checkPeriods(entry);
 					else
 						SeriesBarExtractorModel::checkTimeSeries(entry);
 				}

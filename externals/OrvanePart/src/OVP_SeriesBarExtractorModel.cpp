@@ -209,16 +209,22 @@ void SeriesBarExtractorModel::checkTimeSeries(const Mapper::ExtractorEntry & ent
 }
 
 
-void SeriesBarExtractorModel::checkSeries(const Mapper::ExtractorEntry & e) const {
-	FUNCID(SeriesBarExtractorModel::checkSeries);
+void SeriesBarExtractorModel::checkPeriods(const Mapper::ExtractorEntry & e) const {
+	FUNCID(SeriesBarExtractorModel::checkPeriods);
 	checkTimeSeries(e);
-	if (seriesCount() == 0)
-		return;
-	if (hasStartYear(e) != hasCalendar())
+	if (seriesCount() > 0 && hasStartYear(e) != hasCalendar())
 		throw ZEB::Exception(hasCalendar()
 			? "The periods do not fit: the chart has calendar months and years, the data set has no start year."
 			: "The periods do not fit: the chart counts months and years from its start, the data set has a start year.",
 			FUNC_ID);
+}
+
+
+void SeriesBarExtractorModel::checkSeries(const Mapper::ExtractorEntry & e) const {
+	FUNCID(SeriesBarExtractorModel::checkSeries);
+	checkPeriods(e);
+	if (seriesCount() == 0)
+		return;
 	const ZEB::Unit unit = e.m_extractor->axisUnitFromDataIO(1);
 	const ZEB::Unit chartUnit = m_settings.countsDays() ? thresholdUnit() : yUnit();
 	if (!convertible(unit, chartUnit))

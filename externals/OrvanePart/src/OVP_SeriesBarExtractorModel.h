@@ -81,9 +81,13 @@ public:
 		time); the first series of a bar chart must pass this.
 	*/
 	static void checkTimeSeries(const Mapper::ExtractorEntry & entry);
-	/*! Throws ZEB::Exception when an entry cannot join the series of this chart: no time series,
-		periods that do not fit (with and without calendar) or values that do not convert to
-		those of the chart.
+	/*! Throws ZEB::Exception when an entry cannot join the series of this chart: no time series
+		or periods that do not fit (with and without calendar). A session file is checked so,
+		before its chart properties (and units) are read.
+	*/
+	void checkPeriods(const Mapper::ExtractorEntry & entry) const;
+	/*! Throws ZEB::Exception as checkPeriods() does, and when the values of the entry do not
+		convert to those of the chart.
 	*/
 	void checkSeries(const Mapper::ExtractorEntry & entry) const;
 

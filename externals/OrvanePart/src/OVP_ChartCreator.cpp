@@ -9,6 +9,7 @@
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
 #include "OVP_ProjectHandler.h"
+#include "OVP_SeriesBarExtractorModel.h"
 #include "OVP_UserInteraction.h"
 
 namespace OVP {
@@ -29,7 +30,10 @@ int ChartCreator::createChart(const DataSetOptions & options) {
 		const std::vector<DataSetOptions::Series> series = options.series();
 		const DataSetOptions::Series & first = series.front();
 		std::unique_ptr<Mapper> mapper = Mapper::createNewMapper(m_handler.dataManager(), first.m_dataSets,
-			first.m_modelType, first.m_modelParameter, first.m_manipulators);
+			first.m_modelType, first.m_modelParameter, first.m_manipulators, options.mapperKind());
+		// the bars' unit follows the statistic, and further series must fit it
+		if (mapper->type() == Mapper::MT_Bar)
+			static_cast<SeriesBarExtractorModel &>(*mapper->chartModel()).setAggregation(options.barAggregation());
 		addSeries(*mapper, series, 1);
 		m_handler.addMapper(std::move(mapper));
 	}

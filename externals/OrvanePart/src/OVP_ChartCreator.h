@@ -19,8 +19,9 @@ class ProjectHandler;
 class UserInteraction;
 
 /*! The actions on the data sets selected in the data manager: "create chart" makes a new
-	mapper of the selection and its options and appends it to the session; "add to current
-	chart" adds the selection's series to an existing line chart. Both go through the project
+	mapper of the selection and its options (a line or bar chart of 2D data sets, as the options
+	choose) and appends it to the session; "add to current chart" adds the selection's series to
+	an existing line or bar chart. Both go through the project
 	handler, which marks the session modified and announces the change. A failure is shown to
 	the user with every message of its cause and changes nothing.
 */

@@ -42,6 +42,11 @@ void ChartModelSnapshot::adopt(Mapper & mapper) {
 		for (unsigned int i = 0; i < mapper.extractorCount(); ++i)
 			mapper.setSeriesTitle(i, lineModel.lineProperties(static_cast<int>(i)).m_titleText);
 	}
+	else if (mapper.type() == Mapper::MT_Bar) {
+		const SCI::AbstractBarSeriesModel & barModel = static_cast<const SCI::AbstractBarSeriesModel &>(model);
+		for (unsigned int i = 0; i < mapper.extractorCount(); ++i)
+			mapper.setSeriesTitle(i, barModel.barSymbolInfo(static_cast<int>(i)).m_titleText);
+	}
 	mapper.applyAxisUnits();
 }
 

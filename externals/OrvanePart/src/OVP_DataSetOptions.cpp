@@ -188,6 +188,24 @@ void DataSetOptions::setModelValue(unsigned int i, const QString & value) {
 }
 
 
+void DataSetOptions::setChartKind(ChartKind kind) {
+	m_chartKind = kind;
+	emit valuesChanged();
+}
+
+
+void DataSetOptions::setBarAggregation(const BarAggregation::Settings & settings) {
+	m_barAggregation = settings;
+	emit valuesChanged();
+}
+
+
+Mapper::MapperType DataSetOptions::mapperKind() const {
+	const bool series = m_kind == SK_Series || m_kind == SK_TwoSeries;
+	return series && m_chartKind == CK_Bar ? Mapper::MT_Bar : Mapper::MT_Empty;
+}
+
+
 bool DataSetOptions::isComplete() const {
 	try {
 		series();

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QString>
 
+#include "OVP_BarAggregation.h"
 #include "OVP_CutOptions.h"
 #include "OVP_ManipulatorOptions.h"
 #include "OVP_Mapper.h"
@@ -23,7 +24,8 @@ class DataManager;
 
 /*! The options beside the data manager's table for the data sets selected there: a cut for one
 	field or flux data set, a manipulator for 2D data sets and, for two 2D data sets, a model
-	that combines them; the data sets of a reference collection can be left out one by one.
+	that combines them; for 2D data sets also the kind of chart that "create chart" makes (lines,
+	or bars with their period, statistic and threshold); the data sets of a reference collection can be left out one by one.
 	series() turns selection and options into what "create chart" and "add to current chart"
 	pass to the mapper.
 
@@ -41,6 +43,12 @@ public:
 		SK_TwoSeries,		///< two 2D data sets: one series each, or one series of a model
 		SK_Field,			///< one field or flux data set: a cut of it
 		SK_Unsupported		///< no chart can be made; selectionMessage() tells why
+	};
+
+	/*! The kind of chart made of 2D data sets. */
+	enum ChartKind {
+		CK_Line,
+		CK_Bar
 	};
 
 	/*! One series of a chart: the arguments of Mapper::createNewMapper() and addExtractor(). */
@@ -102,6 +110,16 @@ public:
 	void setManipulatorParameter(const QString & parameter);
 	void setModelType(const std::string & modelType);
 	void setModelValue(unsigned int i, const QString & value);
+	/*! The kind of chart; the bar settings stay when lines are chosen. */
+	void setChartKind(ChartKind kind);
+	void setBarAggregation(const BarAggregation::Settings & settings);
+
+	ChartKind chartKind() const { return m_chartKind; }
+	const BarAggregation::Settings & barAggregation() const { return m_barAggregation; }
+	/*! The kind Mapper::createNewMapper() is asked for: MT_Bar for bars of 2D data sets,
+		otherwise MT_Empty (the data decide).
+	*/
+	Mapper::MapperType mapperKind() const;
 
 	/*! True when series() gives a chart: a supported selection with accepted parameters. */
 	bool isComplete() const;
@@ -140,6 +158,8 @@ private:
 	std::unique_ptr<CutOptions>						m_cut;
 	ManipulatorOptions								m_manipulator;
 	ModelOptions									m_model;
+	ChartKind										m_chartKind = CK_Line;
+	BarAggregation::Settings						m_barAggregation;
 };
 
 } // namespace OVP

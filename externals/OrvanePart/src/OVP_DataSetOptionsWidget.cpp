@@ -1,6 +1,7 @@
 #include "OVP_DataSetOptionsWidget.h"
 
 #include <cmath>
+#include <functional>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -161,8 +162,64 @@ DataSetOptionsWidget::DataSetOptionsWidget(DataSetOptions & options, QWidget * p
 }
 
 
+QWidget * DataSetOptionsWidget::createChartKindBox(QWidget * parent) {
+	QGroupBox * box = new QGroupBox(tr("Chart"), parent);
+	m_chartKindCombo = new QComboBox(box);
+	m_chartKindCombo->setObjectName("chartKindCombo");
+	m_chartKindCombo->addItem(tr("Line chart"), DataSetOptions::CK_Line);
+	m_chartKindCombo->addItem(tr("Bar chart"), DataSetOptions::CK_Bar);
+	connect(m_chartKindCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this](int i) {
+		m_options.setChartKind(static_cast<DataSetOptions::ChartKind>(m_chartKindCombo->itemData(i).toInt()));
+	});
+
+	m_barFields = new QWidget(box);
+	m_periodCombo = new QComboBox(m_barFields);
+	m_periodCombo->setObjectName("barPeriodCombo");
+	for (int p = 0; p < BarAggregation::NUM_P; ++p)
+		m_periodCombo->addItem(BarAggregation::periodText(static_cast<BarAggregation::Period>(p)), p);
+	m_statisticCombo = new QComboBox(m_barFields);
+	m_statisticCombo->setObjectName("barStatisticCombo");
+	for (int s = 0; s < BarAggregation::NUM_S; ++s)
+		m_statisticCombo->addItem(BarAggregation::statisticText(static_cast<BarAggregation::Statistic>(s)), s);
+	m_thresholdEdit = numberEdit(false, m_barFields);
+	m_thresholdEdit->setObjectName("barThreshold");
+	m_thresholdEdit->setToolTip(tr("Days count when their daily mean lies above the threshold, given in the unit of "
+								   "the (first) data set."));
+	const auto changeSettings = [this](const std::function<void(BarAggregation::Settings &)> & change) {
+		BarAggregation::Settings settings = m_options.barAggregation();
+		change(settings);
+		m_options.setBarAggregation(settings);
+	};
+	connect(m_periodCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, changeSettings](int i) {
+		changeSettings([this, i](BarAggregation::Settings & s) {
+			s.m_period = static_cast<BarAggregation::Period>(m_periodCombo->itemData(i).toInt());
+		});
+	});
+	connect(m_statisticCombo, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, changeSettings](int i) {
+		changeSettings([this, i](BarAggregation::Settings & s) {
+			s.m_statistic = static_cast<BarAggregation::Statistic>(m_statisticCombo->itemData(i).toInt());
+		});
+	});
+	connect(m_thresholdEdit, &QtExt::ValidatingLineEdit::valueConfirmed, this, [changeSettings](double value) {
+		changeSettings([value](BarAggregation::Settings & s) { s.m_threshold = value; });
+	});
+	connect(m_thresholdEdit, &QLineEdit::textChanged, this, &DataSetOptionsWidget::updateState);
+	QFormLayout * barForm = new QFormLayout(m_barFields);
+	barForm->setContentsMargins(0, 0, 0, 0);
+	barForm->addRow(tr("Period:"), m_periodCombo);
+	barForm->addRow(tr("Statistic:"), m_statisticCombo);
+	barForm->addRow(tr("Threshold:"), m_thresholdEdit);
+
+	QVBoxLayout * layout = new QVBoxLayout(box);
+	layout->addWidget(m_chartKindCombo);
+	layout->addWidget(m_barFields);
+	return box;
+}
+
+
 QWidget * DataSetOptionsWidget::create2DPage() {
 	QWidget * page = new QWidget(m_pages);
+	QWidget * chartKindBox = createChartKindBox(page);
 
 	m_modelBox = new QGroupBox(tr("Model"), page);
 	m_modelCombo = new QComboBox(m_modelBox);
@@ -207,6 +264,7 @@ QWidget * DataSetOptionsWidget::create2DPage() {
 
 	QVBoxLayout * layout = new QVBoxLayout(page);
 	layout->setContentsMargins(0, 0, 0, 0);
+	layout->addWidget(chartKindBox);
 	layout->addWidget(m_modelBox);
 	layout->addWidget(manipulatorBox);
 	layout->addStretch(1);
@@ -340,6 +398,14 @@ void DataSetOptionsWidget::updateValues() {
 		m_parameterLabel->setVisible(!label.isEmpty());
 		m_parameterEdit->setVisible(!label.isEmpty());
 		showValue(m_parameterEdit, manipulator.parameter());
+
+		const BarAggregation::Settings & bars = m_options.barAggregation();
+		selectItem(m_chartKindCombo, static_cast<int>(m_options.chartKind()));
+		m_barFields->setVisible(m_options.chartKind() == DataSetOptions::CK_Bar);
+		selectItem(m_periodCombo, static_cast<int>(bars.m_period));
+		selectItem(m_statisticCombo, static_cast<int>(bars.m_statistic));
+		m_thresholdEdit->setEnabled(bars.countsDays());
+		showValue(m_thresholdEdit, optionText(bars.m_threshold, false));
 	}
 	else if (kind == DataSetOptions::SK_Field) {
 		const CutOptions & cut = m_options.cut();
@@ -377,6 +443,8 @@ void DataSetOptionsWidget::updateState() {
 				: m_parameterEdit->invalidReason();
 		showMessage(m_manipulatorError, manipulator.errorText(), refused);
 		complete = complete && refused.isEmpty();
+		if (m_options.chartKind() == DataSetOptions::CK_Bar && m_options.barAggregation().countsDays())
+			complete = complete && m_thresholdEdit->invalidReason().isEmpty();
 	}
 	m_createButton->setEnabled(complete);
 	m_addButton->setEnabled(complete);
@@ -440,7 +508,8 @@ void DataSetOptionsWidget::dataSetItemChanged(QListWidgetItem * item) {
 
 
 void DataSetOptionsWidget::updateTabOrder() {
-	std::vector<QWidget *> chain = { m_dataSetList, m_modelCombo };
+	std::vector<QWidget *> chain = { m_dataSetList, m_chartKindCombo, m_periodCombo, m_statisticCombo, m_thresholdEdit,
+									 m_modelCombo };
 	chain.insert(chain.end(), m_modelEdits.begin(), m_modelEdits.end());
 	chain.push_back(m_manipulatorCombo);
 	chain.push_back(m_parameterEdit);

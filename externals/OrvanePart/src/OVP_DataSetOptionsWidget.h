@@ -25,7 +25,8 @@ namespace OVP {
 class DataSetOptions;
 
 /*! The option panel beside the data manager's table, a view of DataSetOptions: one page for 2D
-	data sets (the manipulator and, for two data sets, the model with its parameters), one for a
+	data sets (line or bar chart with the bars' period, statistic and threshold, the manipulator
+	and, for two data sets, the model with its parameters), one for a
 	field or flux data set (cut type, cut indices with their coordinates, following the last time
 	point), and a page with a hint while the selection makes no chart. Above the pages, the data
 	sets of selected reference collections with a check box each, to leave some out. A typed value is taken
@@ -60,6 +61,8 @@ private slots:
 private:
 	/*! The page of 2D data sets. */
 	QWidget * create2DPage();
+	/*! The box choosing lines or bars, with the settings of the bars. */
+	QWidget * createChartKindBox(QWidget * parent);
 	/*! The page of a field or flux data set. */
 	QWidget * createFieldPage();
 	/*! The parameter fields of the chosen model. */
@@ -93,6 +96,12 @@ private:
 	QGroupBox *					m_dataSetBox = nullptr;
 	QListWidget *				m_dataSetList = nullptr;
 	QLabel *					m_dataSetError = nullptr;
+
+	QComboBox *					m_chartKindCombo = nullptr;
+	QWidget *					m_barFields = nullptr;
+	QComboBox *					m_periodCombo = nullptr;
+	QComboBox *					m_statisticCombo = nullptr;
+	QtExt::ValidatingLineEdit *	m_thresholdEdit = nullptr;
 
 	QGroupBox *					m_modelBox = nullptr;
 	QComboBox *					m_modelCombo = nullptr;

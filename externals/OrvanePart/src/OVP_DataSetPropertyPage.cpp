@@ -209,8 +209,8 @@ void DataSetPropertyPage::build(const DataSetSetup & setup, const DataSetChoices
 		}
 	}
 
-	// manipulators change the values of a line series
-	if (m_mapper->type() == Mapper::MT_2D) {
+	// manipulators change the values of a line or bar series
+	if (m_mapper->isSeriesChart()) {
 		QPB::Property * group = root->addGroup(tr("Manipulators"));
 		QStringList names;
 		for (int c = MO::MC_None + 1; c < MO::NUM_MC; ++c)

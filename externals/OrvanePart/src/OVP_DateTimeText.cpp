@@ -137,23 +137,30 @@ unsigned int DateTimeText::daysInMonth(std::int64_t year, unsigned int month) {
 }
 
 
-std::string DateTimeText::format(std::int32_t startYear, double seconds) {
-	const double wholeDays = std::floor(seconds/86400);
-	// civil from days: the inverse of daysFromCivil
-	const std::int64_t z = daysFromCivil(startYear, 1, 1) + static_cast<std::int64_t>(wholeDays) + 719468;
+void DateTimeText::civilFromDays(std::int64_t days, std::int64_t & year, unsigned int & month, unsigned int & day) {
+	const std::int64_t z = days + 719468;
 	const std::int64_t era = (z >= 0 ? z : z - 146096)/146097;
 	const std::int64_t dayOfEra = z - era*146097;
 	const std::int64_t yearOfEra = (dayOfEra - dayOfEra/1460 + dayOfEra/36524 - dayOfEra/146096)/365;
 	const std::int64_t dayOfYear = dayOfEra - (365*yearOfEra + yearOfEra/4 - yearOfEra/100);
 	const std::int64_t mp = (5*dayOfYear + 2)/153;
-	const std::int64_t day = dayOfYear - (153*mp + 2)/5 + 1;
-	const std::int64_t month = mp < 10 ? mp + 3 : mp - 9;
-	const std::int64_t year = yearOfEra + era*400 + (month <= 2);
+	day = static_cast<unsigned int>(dayOfYear - (153*mp + 2)/5 + 1);
+	month = static_cast<unsigned int>(mp < 10 ? mp + 3 : mp - 9);
+	year = yearOfEra + era*400 + (month <= 2);
+}
+
+
+std::string DateTimeText::format(std::int32_t startYear, double seconds) {
+	const double wholeDays = std::floor(seconds/86400);
+	std::int64_t year = 0;
+	unsigned int month = 0;
+	unsigned int day = 0;
+	civilFromDays(daysFromCivil(startYear, 1, 1) + static_cast<std::int64_t>(wholeDays), year, month, day);
 	const double secondOfDay = seconds - wholeDays*86400;
 	const long clock = static_cast<long>(std::floor(secondOfDay));
 	char text[160];
-	std::snprintf(text, sizeof(text), "%04lld-%02lld-%02lld %02ld:%02ld:%02ld", static_cast<long long>(year),
-				  static_cast<long long>(month), static_cast<long long>(day), clock/3600, clock/60 % 60, clock % 60);
+	std::snprintf(text, sizeof(text), "%04lld-%02u-%02u %02ld:%02ld:%02ld", static_cast<long long>(year),
+				  month, day, clock/3600, clock/60 % 60, clock % 60);
 	return text;
 }
 

@@ -29,6 +29,7 @@
 #include "OVP_DataManager.h"
 #include "OVP_ModelOptions.h"
 #include "OVP_ProjectRelativePath.h"
+#include "OVP_SeriesBarExtractorModel.h"
 #include "OVP_SeriesColorGridExtractorModel.h"
 #include "OVP_SeriesIsoplethExtractorModel.h"
 #include "OVP_SeriesLineExtractorModel.h"
@@ -46,12 +47,12 @@ typedef SCI::AbstractLineSeriesModel LM;
 const char * const MODEL_TYPE_TWO_2D = "MT_2DFromTwo2D";
 
 /*! The chartType attribute of the ChartModel element, indexed by Mapper::MapperType. */
-const char * const CHART_TYPE_KEYWORDS[] = { "", "2D", "3D", "Vector", "Isopleth", "WTA" };
+const char * const CHART_TYPE_KEYWORDS[] = { "", "2D", "3D", "Vector", "Isopleth", "WTA", "Bar" };
 
 /*! The model type keyword of the isopleth and the WTA wood chart, indexed by Mapper::MapperType
 	(empty for the other kinds).
 */
-const char * const PLANE_MODEL_TYPES[] = { "", "", "", "", "IsoplethModel", "WTAWoodDegradationModel" };
+const char * const PLANE_MODEL_TYPES[] = { "", "", "", "", "IsoplethModel", "WTAWoodDegradationModel", "" };
 
 /*! The chart that a new mapper of a model shows in the temperature and relative humidity plane:
 	MT_Isopleth or MT_WTA; MT_Empty for a model of a line chart and for none.
@@ -261,7 +262,7 @@ Mapper::~Mapper() {
 
 std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
 												const std::string & modelType, const std::string & modelParameter,
-												const ManipulatorList & manipulators)
+												const ManipulatorList & manipulators, MapperType kind)
 {
 	FUNCID(Mapper::createNewMapper);
 	const MapperType planeKind = planeKindOfModel(modelType);
@@ -269,6 +270,10 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 		checkNoManipulators(manipulators, FUNC_ID);
 	std::unique_ptr<Mapper> mapper(new Mapper(dataManager));
 	ExtractorEntry entry = mapper->createEntry(dataSets, modelType, modelParameter, manipulators);
+	if (kind == MT_Bar) {
+		SeriesBarExtractorModel::checkTimeSeries(entry);
+		mapper->m_type = MT_Bar;
+	}
 	if (modelType.empty()) {
 		const std::string dataSet = referenceDataSetName(entry);
 		const std::string & quantity = dataSet.empty() ? entry.m_dataIOs.front()->quantity() : dataSet;
@@ -279,7 +284,7 @@ std::unique_ptr<Mapper> Mapper::createNewMapper(DataManager & dataManager, const
 		mapper->m_name = QString::fromUtf8(static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model().title());
 	mapper->appendEntry(std::move(entry), planeKind);
 	mapper->setupNewChart();
-	if (mapper->m_type == MT_2D)
+	if (mapper->isSeriesChart())
 		mapper->updateEntry(mapper->m_2DExtractors.front());
 	else
 		mapper->updateSingleEntry();
@@ -294,7 +299,7 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	if (isPlaneChart())
 		throw ZEB::Exception("An isopleth or WTA wood chart shows the one model it was made of; further data sets "
 							 "cannot be added to it.", FUNC_ID);
-	if (m_type != MT_2D)
+	if (!isSeriesChart())
 		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 	if (dataSets.empty())
 		throw ZEB::Exception("No data set selected.", FUNC_ID);
@@ -319,6 +324,17 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 	}
 	if (entry.m_extractor->outputKind() != EM::ExtractorBase::OK_2D)
 		throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+
+	if (m_type == MT_Bar) {
+		SeriesBarExtractorModel & barModel = static_cast<SeriesBarExtractorModel &>(*m_chartModel);
+		barModel.checkSeries(entry);
+		setTargetUnitsFromAxes(entry, true);
+		updateEntry(entry);
+		const int index = static_cast<int>(m_2DExtractors.size());
+		appendEntry(std::move(entry));
+		barModel.initSeries(index);
+		return;
+	}
 
 	// 2. the x values must convert to the x axis
 	if (!convertible(entry.m_extractor->axisUnitFromDataIO(0), axisUnit(*m_chartModel, CM::BottomAxis)))
@@ -440,10 +456,10 @@ void Mapper::applyDataSetSetup(PreparedSetup prepared) {
 	m_chartModel->beginChangeModel();
 	for (const std::pair<int, ZEB::Unit> & axis : prepared.m_axisUnits)
 		setAxisUnit(*m_chartModel, axis.first, axis.second);
-	ExtractorEntry & target = m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+	ExtractorEntry & target = isSeriesChart() ? m_2DExtractors[index] : m_3DExtractor;
 	target = std::move(prepared.m_entry);
 	setTargetUnitsFromAxes(target, leftAxis);
-	if (m_type == MT_2D)
+	if (isSeriesChart())
 		update2DExtractor(index);
 	else
 		updateSingleEntry();
@@ -487,7 +503,7 @@ std::vector<std::pair<int, ZEB::Unit> > Mapper::axisUnitsFor(const ExtractorEntr
 	if (isPlaneChart())
 		return units;
 	for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, leftAxis)) {
-		const ZEB::Unit unit = entry.m_extractor->axisUnitFromDataIO(axis.second);
+		const ZEB::Unit unit = dataUnitOnAxis(entry, axis.first, axis.second);
 		const ZEB::Unit current = axisUnit(*m_chartModel, axis.first);
 		if (convertible(unit, current))
 			continue;
@@ -603,14 +619,15 @@ std::vector<ZEB::Unit> Mapper::axisUnitChoices(int axisPosition) const {
 const Mapper::ExtractorEntry & Mapper::entryAt(unsigned int index, const char * functionId) const {
 	if (index >= extractorCount())
 		throw ZEB::Exception(ZEB::MessageFormat("The chart has no data set #%1.").arg(index), functionId);
-	return m_type == MT_2D ? m_2DExtractors[index] : m_3DExtractor;
+	return isSeriesChart() ? m_2DExtractors[index] : m_3DExtractor;
 }
 
 
 QString Mapper::dataSetTitle(unsigned int index) const {
-	if (m_type != MT_2D || index >= m_2DExtractors.size())
+	if (!isSeriesChart() || index >= m_2DExtractors.size())
 		return m_name;
-	return m_chartModel->seriesData(static_cast<int>(index), LM::SeriesTitle).toString();
+	const int role = m_type == MT_Bar ? int(SCI::AbstractBarSeriesModel::BarTitleText) : int(LM::SeriesTitle);
+	return m_chartModel->seriesData(static_cast<int>(index), role).toString();
 }
 
 
@@ -619,21 +636,28 @@ std::vector<ZEB::Unit> Mapper::axisDataUnits(int axisPosition, int skippedEntry)
 	for (unsigned int i = 0; i < extractorCount(); ++i) {
 		if (static_cast<int>(i) == skippedEntry)
 			continue;
-		const EM::ExtractorBase & extractor = *(m_type == MT_2D ? m_2DExtractors[i] : m_3DExtractor).m_extractor;
+		const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors[i] : m_3DExtractor;
 		if (isPlaneChart()) {
 			// temperatures on the x axis, relative humidities on the y axis, in the model's units
-			const EM::ModelTwo2DBase & model = static_cast<const EM::Extractor2DFromTwo2D &>(extractor).model();
+			const EM::ModelTwo2DBase & model = static_cast<const EM::Extractor2DFromTwo2D &>(*entry.m_extractor).model();
 			if (axisPosition == CM::BottomAxis)
 				units.push_back(model.temperatureUnit());
 			else if (axisPosition == CM::LeftAxis)
 				units.push_back(model.humidityUnit());
 			continue;
 		}
-		for (const std::pair<int, unsigned int> & axis : outputAxes(extractor, onLeftAxis(i)))
+		for (const std::pair<int, unsigned int> & axis : outputAxes(*entry.m_extractor, onLeftAxis(i)))
 			if (axis.first == axisPosition)
-				units.push_back(extractor.axisUnitFromDataIO(axis.second));
+				units.push_back(dataUnitOnAxis(entry, axis.first, axis.second));
 	}
 	return units;
+}
+
+
+ZEB::Unit Mapper::dataUnitOnAxis(const ExtractorEntry & entry, int axisPosition, unsigned int outputAxis) const {
+	if (m_type == MT_Bar && axisPosition == CM::LeftAxis)
+		return static_cast<const SeriesBarExtractorModel &>(*m_chartModel).dataUnit(entry);
+	return entry.m_extractor->axisUnitFromDataIO(outputAxis);
 }
 
 
@@ -645,10 +669,13 @@ bool Mapper::onLeftAxis(unsigned int index) const {
 void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap) {
 	FUNCID(Mapper::readXML);
 	bool chartModelRead = false;
-	// the chart type tells whether the one extractor of a model makes a chart of the model's plane
+	// the chart type tells whether the one extractor of a model makes a chart of the model's plane,
+	// and a bar chart is made from the first of its extractors
 	const TiXmlElement * chartModelElement = element->FirstChildElement("ChartModel");
-	const MapperType planeKind = planeKindOfChartType(chartModelElement == nullptr ? nullptr
-																					: chartModelElement->Attribute("chartType"));
+	const char * chartTypeAttribute = chartModelElement == nullptr ? nullptr : chartModelElement->Attribute("chartType");
+	const MapperType planeKind = planeKindOfChartType(chartTypeAttribute);
+	if (chartTypeAttribute != nullptr && std::string(chartTypeAttribute) == chartTypeKeyword(MT_Bar) && m_type == MT_Empty)
+		m_type = MT_Bar;
 	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
 		 child = child->NextSiblingElement())
 	{
@@ -669,8 +696,14 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 						throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
 				}
-				if (m_type == MT_2D && !is2D)
+				if (isSeriesChart() && !is2D)
 					throw ZEB::Exception("Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", FUNC_ID);
+				if (m_type == MT_Bar) {
+					if (m_chartModel)
+						static_cast<const SeriesBarExtractorModel &>(*m_chartModel).checkPeriods(entry);
+					else
+						SeriesBarExtractorModel::checkTimeSeries(entry);
+				}
 				appendEntry(std::move(entry), planeKind);
 			}
 		}
@@ -678,7 +711,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 			if (extractorCount() == 0)
 				throw ZEB::Exception("Cannot have 'ChartModel' tag before added Extractors to mapper.", FUNC_ID);
 			const char * chartType = child->Attribute("chartType");
-			const char * expected = CHART_TYPE_KEYWORDS[m_type];
+			const char * expected = chartTypeKeyword(m_type);
 			if (chartType != nullptr && std::string(chartType) != expected)
 				throw ZEB::Exception(ZEB::MessageFormat("Chart type '%1' does not fit the extractors of the mapper "
 														"(expected '%2').").arg(chartType).arg(expected), FUNC_ID);
@@ -694,14 +727,23 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 		return;
 	if (!chartModelRead) {
 		setupNewChart();
-		for (unsigned int i = 1; i < m_2DExtractors.size(); ++i)
-			static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i), true);
+		for (unsigned int i = 1; i < m_2DExtractors.size(); ++i) {
+			if (m_type == MT_Bar)
+				static_cast<SeriesBarExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i));
+			else
+				static_cast<SeriesLineExtractorModel &>(*m_chartModel).initSeries(static_cast<int>(i), true);
+		}
 	}
 	else if (m_type == MT_2D) {
 		// the titles saved with the series are those of the chart model
 		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
 		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
 			m_2DExtractors[i].m_title = lineModel.lineProperties(static_cast<int>(i)).m_titleText;
+	}
+	else if (m_type == MT_Bar) {
+		const SCI::AbstractBarSeriesModel & barModel = static_cast<const SCI::AbstractBarSeriesModel &>(*m_chartModel);
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
+			m_2DExtractors[i].m_title = barModel.barSymbolInfo(static_cast<int>(i)).m_titleText;
 	}
 	applyAxisUnits();
 }
@@ -861,7 +903,7 @@ void Mapper::writeXML(TiXmlElement * element, const QString & projectDir, bool w
 		return;
 	TiXmlElement * chartModel = new TiXmlElement("ChartModel");
 	element->LinkEndChild(chartModel);
-	chartModel->SetAttribute("chartType", CHART_TYPE_KEYWORDS[m_type]);
+	chartModel->SetAttribute("chartType", chartTypeKeyword(m_type));
 	const bool previous = m_chartModel->writeAll();
 	m_chartModel->setWriteAll(writeAll);
 	m_chartModel->writeXML(chartModel);
@@ -985,7 +1027,7 @@ std::vector<Mapper::ExtractorEntry> Mapper::repointedEntries(const DataPathRemap
 
 void Mapper::replaceEntries(std::vector<ExtractorEntry> entries) {
 	Q_ASSERT(entries.size() == extractorCount());
-	if (m_type == MT_2D) {
+	if (isSeriesChart()) {
 		for (std::size_t i = 0; i < entries.size(); ++i)
 			m_2DExtractors[i] = std::move(entries[i]);
 	}
@@ -1045,6 +1087,11 @@ std::unique_ptr<EM::ModelTwo2DBase> Mapper::createModel(const std::string & type
 	if (!model)
 		throw ZEB::Exception(ZEB::MessageFormat("Unknown/unsupported model of type '%1'.").arg(type), FUNC_ID);
 	return model;
+}
+
+
+const char * Mapper::chartTypeKeyword(MapperType kind) {
+	return CHART_TYPE_KEYWORDS[kind];
 }
 
 
@@ -1125,10 +1172,9 @@ void Mapper::applyAxisUnits() {
 	if (!m_chartModel)
 		return;
 	m_chartModel->beginChangeModel();
-	if (m_type == MT_2D) {
-		const LM & lineModel = static_cast<const LM &>(*m_chartModel);
+	if (isSeriesChart()) {
 		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i) {
-			setTargetUnitsFromAxes(m_2DExtractors[i], lineModel.lineProperties(static_cast<int>(i)).m_leftAxis);
+			setTargetUnitsFromAxes(m_2DExtractors[i], onLeftAxis(i));
 			update2DExtractor(i);
 		}
 	}
@@ -1218,6 +1264,13 @@ void Mapper::appendEntry(ExtractorEntry entry, MapperType planeKind) {
 		m_3DExtractor = std::move(entry);
 		return;
 	}
+	if (m_type == MT_Bar && !m_chartModel) {
+		Q_ASSERT(kind == EM::ExtractorBase::OK_2D);
+		m_chartModel.reset(new SeriesBarExtractorModel(this));
+		connect(m_chartModel.get(), &SCI::AbstractChartModel::seriesViewChanged, this, &Mapper::onSeriesViewChanged);
+		m_2DExtractors.push_back(std::move(entry));
+		return;
+	}
 	if (m_type == MT_Empty) {
 		switch (kind) {
 			case EM::ExtractorBase::OK_2D :
@@ -1240,7 +1293,7 @@ void Mapper::appendEntry(ExtractorEntry entry, MapperType planeKind) {
 			m_3DExtractor = std::move(entry);
 		return;
 	}
-	Q_ASSERT(m_type == MT_2D && kind == EM::ExtractorBase::OK_2D);
+	Q_ASSERT(isSeriesChart() && kind == EM::ExtractorBase::OK_2D);
 	const int index = static_cast<int>(m_2DExtractors.size());
 	m_chartModel->beginInsertSeries(index, index);
 	m_2DExtractors.push_back(std::move(entry));
@@ -1250,13 +1303,23 @@ void Mapper::appendEntry(ExtractorEntry entry, MapperType planeKind) {
 
 void Mapper::setupNewChart() {
 	CM & model = *m_chartModel;
-	const ExtractorEntry & entry = m_type == MT_2D ? m_2DExtractors.front() : m_3DExtractor;
+	const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors.front() : m_3DExtractor;
 	const EM::ExtractorBase & extractor = *entry.m_extractor;
 	model.setChartData(m_name, SCI::AbstractChartModel::TitleText);
 	if (isPlaneChart()) {
 		const EM::ModelTwo2DBase & planeModel = static_cast<const EM::Extractor2DFromTwo2D &>(extractor).model();
 		setAxisUnit(model, CM::BottomAxis, planeModel.temperatureUnit());
 		setAxisUnit(model, CM::LeftAxis, planeModel.humidityUnit());
+	}
+	else if (m_type == MT_Bar) {
+		SeriesBarExtractorModel & barModel = static_cast<SeriesBarExtractorModel &>(model);
+		setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
+		setAxisUnit(model, CM::LeftAxis, barModel.dataUnit(entry));
+		// the bars are labelled with their periods
+		model.setAxisData(QString(), CM::BottomAxis, CM::AxisTitleText);
+		model.setAxisData(QString(DEFAULT_AXIS_TITLE), CM::LeftAxis, CM::AxisTitleText);
+		barModel.initSeries(0);
+		return;
 	}
 	else if (m_type == MT_2D) {
 		setAxisUnit(model, CM::BottomAxis, extractor.targetXUnit());
@@ -1285,7 +1348,8 @@ void Mapper::setTargetUnitsFromAxes(ExtractorEntry & entry, bool leftAxis) const
 	if (x.id() != 0)
 		extractor.setTargetXUnit(x);
 	if (extractor.outputKind() == EM::ExtractorBase::OK_2D) {
-		const ZEB::Unit value = axisUnit(*m_chartModel, leftAxis ? CM::LeftAxis : CM::RightAxis);
+		const ZEB::Unit value = m_type == MT_Bar ? static_cast<const SeriesBarExtractorModel &>(*m_chartModel).targetValueUnit()
+												 : axisUnit(*m_chartModel, leftAxis ? CM::LeftAxis : CM::RightAxis);
 		if (value.id() != 0)
 			extractor.setTargetValueUnit(value);
 	}

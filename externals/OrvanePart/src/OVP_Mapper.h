@@ -43,7 +43,8 @@ class DataManager;
 	that cut one data set each out of an output file (with their manipulators and models), the
 	chart model that presents them and the plot that draws them.
 
-	A mapper is a line chart of any number of 2D extractors (one series each), a colour grid of
+	A mapper is a line chart of any number of 2D extractors (one series each), a bar chart of
+	any number of 2D extractors of time series (SeriesBarExtractorModel), a colour grid of
 	exactly one 3D extractor, a vector field of exactly one vector-field extractor, or an
 	isopleth or WTA wood chart of exactly one extractor that combines two 2D data sets by the
 	isopleth or the WTA wood degradation model and shows the model in the temperature and
@@ -62,7 +63,8 @@ public:
 		MT_3D,			///< colour grid of one 3D extractor
 		MT_Vector,		///< vector field of one vector-field extractor
 		MT_Isopleth,	///< isopleth chart of one extractor with the isopleth model
-		MT_WTA			///< WTA wood chart of one extractor with the WTA wood degradation model
+		MT_WTA,			///< WTA wood chart of one extractor with the WTA wood degradation model
+		MT_Bar			///< bar chart of 2D extractors, each a time series reduced per period
 	};
 
 	/*! A data set selected by the user: a file and, for reference outputs, the column number as
@@ -112,17 +114,21 @@ public:
 		degradation model make an isopleth or WTA wood chart, which takes no manipulators; the
 		other models a line chart of the model's result. The extractor is updated, the chart set
 		up with the data's units and default titles, and the mapper named after the quantity of
-		the data (the model's title for a model). Throws ZEB::Exception.
+		the data (the model's title for a model). The kind of chart follows from the data, except
+		that kind MT_Bar makes a bar chart of a time series. Throws ZEB::Exception.
 	*/
 	static std::unique_ptr<Mapper> createNewMapper(DataManager & dataManager, const std::vector<DataSet> & dataSets,
 												   const std::string & modelType = std::string(),
 												   const std::string & modelParameter = std::string(),
-												   const ManipulatorList & manipulators = ManipulatorList());
+												   const ManipulatorList & manipulators = ManipulatorList(),
+												   MapperType kind = MT_Empty);
 
 	/*! Adds the series of one data set, or of two 2D data sets and a model (with its parameter
-		text), to a line chart, with the given manipulators. The series goes to the y axis whose
-		unit it converts to. Throws ZEB::Exception when the data set does not fit the chart or
-		the chart is no line chart; the mapper is then unchanged.
+		text), to a line or bar chart, with the given manipulators. The series of a line chart
+		goes to the y axis whose unit it converts to; that of a bar chart must fit its periods
+		and unit (SeriesBarExtractorModel::checkSeries()). Throws ZEB::Exception when the data
+		set does not fit the chart or the chart takes no further series (isopleth, WTA wood,
+		colour grid, vector field); the mapper is then unchanged.
 	*/
 	void addExtractor(const std::vector<DataSet> & dataSets, const std::string & modelType = std::string(),
 					  const std::string & modelParameter = std::string(),
@@ -226,6 +232,10 @@ public:
 	const QString & name() const { return m_name; }
 	void setName(const QString & name) { m_name = name; }
 	MapperType type() const { return m_type; }
+	/*! True for line and bar charts: one series per 2D extractor. */
+	bool isSeriesChart() const { return m_type == MT_2D || m_type == MT_Bar; }
+	/*! The chartType attribute of a kind: "2D", "3D", "Vector", "Isopleth", "WTA" or "Bar". */
+	static const char * chartTypeKeyword(MapperType kind);
 
 	/*! Number of extractors (series of a line chart, or the one 3D or vector extractor). */
 	unsigned int extractorCount() const;
@@ -307,6 +317,10 @@ private:
 		show on an axis.
 	*/
 	std::vector<ZEB::Unit> axisDataUnits(int axisPosition, int skippedEntry = -1) const;
+	/*! The unit (as the files give it) of what an entry shows on an axis, outputAxis counted as
+		EM::ExtractorBase::axisUnitFromDataIO() counts; bars of counted days are in days.
+	*/
+	ZEB::Unit dataUnitOnAxis(const ExtractorEntry & entry, int axisPosition, unsigned int outputAxis) const;
 	/*! True when series index of a line chart is drawn against the left axis (always for
 		other charts).
 	*/

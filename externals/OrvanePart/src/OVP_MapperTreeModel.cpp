@@ -27,8 +27,7 @@ namespace {
 
 /*! The extractor entry shown in child row row of a mapper (row < extractorCount()). */
 const Mapper::ExtractorEntry & entryAt(const Mapper & mapper, int row) {
-	return mapper.type() == Mapper::MT_2D ? mapper.extractors2D()[static_cast<std::size_t>(row)]
-										  : mapper.extractor3D();
+	return mapper.isSeriesChart() ? mapper.extractors2D()[static_cast<std::size_t>(row)] : mapper.extractor3D();
 }
 
 
@@ -98,6 +97,7 @@ QString mapperToolTip(const Mapper & mapper) {
 		case Mapper::MT_Vector :	kind = MapperTreeModel::tr("Vector field"); break;
 		case Mapper::MT_Isopleth :	kind = MapperTreeModel::tr("Isopleth chart"); break;
 		case Mapper::MT_WTA :		kind = MapperTreeModel::tr("WTA wood chart"); break;
+		case Mapper::MT_Bar :		kind = MapperTreeModel::tr("Bar chart"); break;
 		case Mapper::MT_Empty :		kind = MapperTreeModel::tr("Empty chart"); break;
 	}
 	const unsigned int count = mapper.extractorCount();

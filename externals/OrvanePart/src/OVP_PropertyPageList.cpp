@@ -4,6 +4,7 @@
 #include <Sci_AbstractLineSeriesModel.h>
 #include <Sci_PropertyRoleTable.h>
 
+#include "OVP_BarAggregationPage.h"
 #include "OVP_ChartPropertyPage.h"
 #include "OVP_DataSetPropertyPage.h"
 #include "OVP_Mapper.h"
@@ -110,6 +111,12 @@ void PropertyPageList::rebuild() {
 		m_entries.push_back(std::move(e));
 	};
 	addChartPage(ChartPropertyPage::ChartPage, 0, SCI::ChartElement(SCI::ChartElement::Canvas));
+	if (mapper.type() == Mapper::MT_Bar) {
+		Entry e;
+		e.m_title = []() { return BarAggregationPage::pageTitle(); };
+		e.m_make = [&mapper]() { return new BarAggregationPage(mapper); };
+		m_entries.push_back(std::move(e));
+	}
 	m_hasRightAxis = rightAxisUsed();
 	for (int axis : { AM::BottomAxis, AM::LeftAxis, AM::RightAxis })
 		if (axis != AM::RightAxis || m_hasRightAxis)

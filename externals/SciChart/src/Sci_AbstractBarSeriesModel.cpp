@@ -1,5 +1,9 @@
 #include "Sci_AbstractBarSeriesModel.h"
 
+#include <algorithm>
+
+#include <tinyxml.h>
+
 #include <ZEB_Exception.h>
 
 #include "Sci_VariantConversion.h"
@@ -47,6 +51,35 @@ bool AbstractBarSeriesModel::setSeriesData(const QVariant & value, int seriesInd
 	m_barSymbols[seriesIndex] = b;
 	emit seriesViewChanged(seriesIndex, seriesIndex, role);
 	return true;
+}
+
+
+void AbstractBarSeriesModel::readXML(const TiXmlElement * element) {
+	FUNCID(AbstractBarSeriesModel::readXML);
+	readChildXML(element, "BarSeriesProperties", [this](const TiXmlElement * seriesElement) {
+		QVector<BarSymbolInfo> records;
+		for (const TiXmlElement * e = seriesElement->FirstChildElement("Series"); e != nullptr;
+			 e = e->NextSiblingElement("Series"))
+		{
+			BarSymbolInfo b(records.size());
+			b.readXML(e);
+			records.append(b);
+		}
+		if (m_barSymbols.size() < records.size())
+			m_barSymbols.resize(records.size());
+		std::copy(records.begin(), records.end(), m_barSymbols.begin());
+	}, "Error reading chart series.", FUNC_ID);
+	AbstractCartesianChartModel::readXML(element);
+}
+
+
+void AbstractBarSeriesModel::writeXML(TiXmlElement * parent) const {
+	TiXmlElement * e = new TiXmlElement("BarSeriesProperties");
+	parent->LinkEndChild(e);
+	const int count = static_cast<int>(seriesCount());
+	for (int i = 0; i < count; ++i)
+		barSymbolInfo(i).writeXML(e, i, writeAll());
+	AbstractCartesianChartModel::writeXML(parent);
 }
 
 

@@ -14,7 +14,8 @@ namespace SCI {
 /*! Chart model of a bar chart. Each series is one bar symbol with a value per bar position;
 	bars of all series at one position are drawn side by side and labelled with the position's
 	label. The model keeps one bar symbol record per series; the derived model supplies the
-	bar values, labels and the one unit of the y axis.
+	bar values, labels and the one unit of the y axis. In XML the records are the Series
+	elements of BarSeriesProperties.
 */
 class AbstractBarSeriesModel : public AbstractCartesianChartModel {
 	Q_OBJECT
@@ -34,6 +35,15 @@ public:
 	/*! Stores a bar symbol property and emits seriesViewChanged(seriesIndex, seriesIndex, role).
 		Returns false (and reports) for unknown roles and bad values. */
 	bool setSeriesData(const QVariant & value, int seriesIndex, int role) override;
+
+	/*! Reads the bar symbol records from BarSeriesProperties (one Series element per series, in
+		order), then the axes and chart properties. Errors: "Error reading chart series.".
+	*/
+	void readXML(const TiXmlElement * element) override;
+	/*! Writes BarSeriesProperties with one Series element per series, then the axes and chart
+		properties.
+	*/
+	void writeXML(TiXmlElement * parent) const override;
 
 	/*! Keeps the bar symbol records in step with inserted series. */
 	void endInsertSeries() override;

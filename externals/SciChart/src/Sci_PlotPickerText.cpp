@@ -11,6 +11,7 @@
 #include "Sci_AbstractColorGridSeriesModel.h"
 #include "Sci_AbstractLineSeriesModel.h"
 #include "Sci_AbstractVectorFieldSeriesModel.h"
+#include "Sci_BarLabelScaleDraw.h"
 #include "Sci_Chart.h"
 #include "Sci_ColorGridSeries.h"
 #include "Sci_DateScaleDraw.h"
@@ -79,6 +80,10 @@ QString PlotPickerText::axisText(int axisId, double pixel) const {
 	const double value = map.invTransform(pixel);
 	// the span of one pixel decides how precisely the value can be read
 	const double resolution = std::fabs(map.invTransform(pixel + 1) - value);
+	// the x axis of a bar chart reads as the label of the nearest bar position
+	const BarLabelScaleDraw * barDraw = dynamic_cast<const BarLabelScaleDraw *>(m_chart->axisScaleDraw(axisId));
+	if (barDraw != nullptr)
+		return barDraw->label(std::round(value)).text();
 	const DateScaleDraw * dateDraw = dynamic_cast<const DateScaleDraw *>(m_chart->axisScaleDraw(axisId));
 	if (dateDraw != nullptr) {
 		QString format = QLocale().dateTimeFormat(QLocale::ShortFormat);

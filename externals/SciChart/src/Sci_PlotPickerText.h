@@ -15,6 +15,7 @@ class Chart;
 /*! Formats what lies under the mouse for the picker of a chart and for the status bar:
 
 	- line and bar charts: the x value and the values of all shown y axes, "x: 36 h   y: 5.2 C | 81 %";
+	  on the x axis of a bar chart the label of the nearest bar position, "x: Jan 2021   y: 5.2 C";
 	- colour grids: x, y and the field value at that point, "x: 0.25 m   y: 1.5 m   value: 9.5 C"
 	  (the colour bar is no axis of the grid's plane and is left out, as with vector fields).
 

@@ -636,6 +636,10 @@ TEST(SciChartBars, BarsOfAllSeriesStandSideBySideAtTheirLabels) {
 	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).lowerBound(), -0.5);
 	EXPECT_EQ(chart.axisScaleDiv(QwtPlot::xBottom).upperBound(), 1.5);
 	EXPECT_FALSE(chart.axisEnabled(QwtPlot::yRight));
+	// the picker names the bar position under the mouse
+	renderCanvas(chart, QSize(400, 300));
+	const QPoint nearBar1(qRound(chart.canvasMap(QwtPlot::xBottom).transform(1.3)), 100);
+	EXPECT_TRUE(SCI::PlotPickerText(&chart).text(nearBar1).startsWith("x: Bar 1   y: "));
 
 	model.insertSeries(2);
 	ASSERT_EQ(chart.seriesCount(), 3);

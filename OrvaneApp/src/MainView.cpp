@@ -129,7 +129,10 @@ MainView::MainView(QWidget * parent) :
 }
 
 
-MainView::~MainView() = default;
+MainView::~MainView() {
+	// the views announce focus changes while they are deleted with this widget's children
+	disconnect(m_viewManager, nullptr, this, nullptr);
+}
 
 
 void MainView::setScriptedRun() {

@@ -12,10 +12,8 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -25,6 +23,8 @@
 
 #include "SD_Climate.h"
 #include "SD_SampleDataSet.h"
+
+#include "Bench_SampleFiles.h"
 
 namespace {
 
@@ -48,30 +48,16 @@ public:
 
 private:
 	BenchFiles() {
-		const char * mbText = std::getenv("ORVANE_BENCH_MB");
-		const double mb = mbText != nullptr ? std::atof(mbText) : 100.0;
-		if (!(mb >= 1))
-			throw std::runtime_error("ORVANE_BENCH_MB must be at least 1");
-		const char * dirText = std::getenv("ORVANE_BENCH_DIR");
-		m_directory = dirText != nullptr ? dirText : "/tmp/orvane-dataio-bench-" + std::to_string(static_cast<long>(mb));
+		const BenchFileLocation location = benchFileLocation("/tmp/orvane-dataio-bench");
+		m_directory = location.m_directory;
 		m_ascii = m_directory + "/wall_temperature.s6o";
 		m_binary = m_directory + "/wall_temperature.s6b";
-		// a finished set of files of the current names is reused
-		const std::string complete = m_directory + "/complete";
-		if (fs::exists(complete) && fs::exists(m_ascii) && fs::exists(m_binary))
-			return;
 		SD::SampleDataSet::Options o;
 		o.m_directory = m_directory;
 		o.m_hours = 2*SD::Climate::HOURS_PER_YEAR;
-		o.m_wallElements = std::max(9u, static_cast<unsigned int>(mb*1e6/(o.m_hours*ASCII_BYTES_PER_VALUE)));
+		o.m_wallElements = std::max(9u, static_cast<unsigned int>(location.m_mb*1e6/(o.m_hours*ASCII_BYTES_PER_VALUE)));
 		o.m_only = { "wall_temperature.s6o", "wall_temperature.s6b" };
-		try {
-			SD::SampleDataSet(o).write();
-		}
-		catch (ZEB::Exception & ex) {
-			throw std::runtime_error(ex.msgWithOrigin());
-		}
-		std::ofstream(complete) << "wall elements: " << o.m_wallElements << "\n";
+		generateBenchFilesOnce(o, "wall elements: " + std::to_string(o.m_wallElements));
 	}
 };
 

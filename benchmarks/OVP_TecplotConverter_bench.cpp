@@ -9,10 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 
 #include <QString>
@@ -23,6 +20,8 @@
 #include <OVP_TecplotConverter.h>
 
 #include "SD_SampleDataSet.h"
+
+#include "Bench_SampleFiles.h"
 
 namespace {
 
@@ -47,29 +46,16 @@ public:
 
 private:
 	BenchFiles() {
-		const char * mbText = std::getenv("ORVANE_BENCH_MB");
-		const double mb = mbText != nullptr ? std::atof(mbText) : 100.0;
-		if (!(mb >= 1))
-			throw std::runtime_error("ORVANE_BENCH_MB must be at least 1");
-		const char * dirText = std::getenv("ORVANE_BENCH_DIR");
-		m_directory = dirText != nullptr ? dirText : "/tmp/orvane-tecplot-bench-" + std::to_string(static_cast<long>(mb));
+		const BenchFileLocation location = benchFileLocation("/tmp/orvane-tecplot-bench");
+		m_directory = location.m_directory;
 		m_ascii = m_directory + "/corner_temperature.s6o";
 		m_binary = m_directory + "/corner_temperature.s6b";
-		const std::string complete = m_directory + "/complete";
-		if (fs::exists(complete) && fs::exists(m_ascii) && fs::exists(m_binary))
-			return;
 		SD::SampleDataSet::Options o;
 		o.m_directory = m_directory;
 		o.m_detailStep = RECORD_STEP;
-		o.m_hours = static_cast<std::size_t>(std::ceil(mb*1e6/ASCII_BYTES_PER_RECORD))*RECORD_STEP;
+		o.m_hours = static_cast<std::size_t>(std::ceil(location.m_mb*1e6/ASCII_BYTES_PER_RECORD))*RECORD_STEP;
 		o.m_only = { "corner_temperature.s6o", "corner_temperature.s6b", "corner.g6a", "corner.g6b" };
-		try {
-			SD::SampleDataSet(o).write();
-		}
-		catch (ZEB::Exception & ex) {
-			throw std::runtime_error(ex.msgWithOrigin());
-		}
-		std::ofstream(complete) << "hours: " << o.m_hours << "\n";
+		generateBenchFilesOnce(o, "hours: " + std::to_string(o.m_hours));
 	}
 };
 

@@ -330,6 +330,15 @@ TEST(SciChartXML, EveryPropertyRoundTrips) {
 	expectRoundTrip(g1, g2, colorGridValues(), seriesGet, seriesSet, "colour grid");
 	VectorFieldTestModel v1(true), v2(true);
 	expectRoundTrip(v1, v2, vectorValues(), seriesGet, seriesSet, "vector field");
+	for (int i = 0; i < 2; ++i) {
+		TestBarModel c(2), d(2);
+		const Getter get = [i](const SCI::AbstractChartModel & m, int r) { return m.seriesData(i, r); };
+		const Setter set = [i](SCI::AbstractChartModel & m, const QVariant & v, int r) { return m.setSeriesData(v, i, r); };
+		expectRoundTrip(c, d, { {1, QString("Bars <%1> & µ").arg(i)}, {2, QColor(0x21, 0x43, 0x65, 0x87)},
+								{3, QPen(QBrush(QColor("#a0b0c0")), 2, Qt::DashDotDotLine)} },
+						get, set, "bar series " + std::to_string(i));
+		EXPECT_EQ(d.seriesData(1 - i, 1).toString(), QString()) << "bar series " << i;
+	}
 }
 
 

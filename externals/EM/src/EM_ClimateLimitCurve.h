@@ -39,6 +39,12 @@ public:
 	/*! True when T lies above the lowest temperature and RH at or above the curve. */
 	bool isReached(double T, double RH) const { return T > m_lowestTemperature && RH >= m_curve.value(T); }
 
+	/*! Equal when name, table and lowest temperature are. */
+	bool operator==(const ClimateLimitCurve & other) const {
+		return m_name == other.m_name && temperatures() == other.temperatures()
+				&& humidities() == other.humidities() && m_lowestTemperature == other.m_lowestTemperature;
+	}
+
 private:
 	std::string			m_name;
 	ZEB::LinearSpline	m_curve;

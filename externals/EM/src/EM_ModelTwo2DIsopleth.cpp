@@ -99,14 +99,22 @@ std::vector<ClimateLimitCurve> ModelTwo2DIsopleth::defaultLines() {
 }
 
 
-void ModelTwo2DIsopleth::setLines(const std::vector<ClimateLimitCurve> & lines) {
+void ModelTwo2DIsopleth::setLines(const std::vector<ClimateLimitCurve> & lines, const std::string & name) {
 	FUNCID(ModelTwo2DIsopleth::setLines);
+	if (lines.empty() && name.empty()) {
+		m_lines = defaultLines();
+		m_linesName.clear();
+		return;
+	}
 	if (lines.empty())
 		throw ZEB::Exception("At least the limit line is needed.", FUNC_ID);
+	if (name.empty())
+		throw ZEB::Exception("A set of isopleth lines needs a name.", FUNC_ID);
 	for (const ClimateLimitCurve & line : lines)
 		if (line.temperatures().empty())
 			throw ZEB::Exception("Isopleth line '" + line.name() + "' has no points.", FUNC_ID);
 	m_lines = lines;
+	m_linesName = name;
 }
 
 

@@ -14,7 +14,8 @@ namespace EM {
 
 	The lines, shortest germination time first and the germination limit last, are data
 	(defaultLines(): approximations of published isopleths for building materials; see the
-	model documentation) and can be replaced with setLines().
+	model documentation) and can be replaced with setLines(), for example by the lines of
+	another substrate class.
 
 	Parameters: TSH time shift in hours, TSD/TED first and last day of the period (negative:
 	open), TAH averaging window in hours (trailing mean of T and RH; 1 or less: none).
@@ -41,8 +42,13 @@ public:
 	/*! The six default lines: germination within 1, 2, 4, 8, 16 days and the limit. */
 	static std::vector<ClimateLimitCurve> defaultLines();
 	const std::vector<ClimateLimitCurve> & lines() const { return m_lines; }
-	/*! Replaces the lines (shortest germination time first, the limit last); throws for none. */
-	void setLines(const std::vector<ClimateLimitCurve> & lines);
+	/*! Name of the line set in use, e.g. the substrate class of a table the user loaded; empty
+		for the default lines. */
+	const std::string & linesName() const { return m_linesName; }
+	/*! Replaces the lines (shortest germination time first, the limit last) and names the set;
+		no lines and the empty name restore the default lines. Throws for a line without points
+		and for lines without a name. */
+	void setLines(const std::vector<ClimateLimitCurve> & lines, const std::string & name);
 
 	// results of the last calculation
 
@@ -65,6 +71,7 @@ private:
 	ModelPeriod						m_period;
 	double							m_averagingHours = 0;
 	std::vector<ClimateLimitCurve>	m_lines;
+	std::string						m_linesName;
 
 	std::vector<double>				m_hoursAbove;
 	double							m_maxRiskPeriodHours = 0;

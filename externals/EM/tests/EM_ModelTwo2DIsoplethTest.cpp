@@ -95,8 +95,12 @@ TEST(EMIsoplethModel, Accumulation) {
 	EXPECT_EQ(model.parameter(), "TSH 0 TSD -1 TED -1 TAH 2");
 
 	// replaced lines: one limit line at 60 %
-	model.setLines({ EM::ClimateLimitCurve("limit", { 0 }, { 60 }, 0) });
+	model.setLines({ EM::ClimateLimitCurve("limit", { 0 }, { 60 }, 0) }, "one line");
 	model.calculate(hourlySeries(T, "C"), hourlySeries(RH, "%"), x, y);
 	EXPECT_EQ(model.hoursAbove(), (std::vector<double>{ 59 }));
-	expectError([&]() { model.setLines({}); }, "At least the limit line is needed.", "[ModelTwo2DIsopleth::setLines]");
+	expectError([&]() { model.setLines({}, "none"); }, "At least the limit line is needed.", "[ModelTwo2DIsopleth::setLines]");
+	// no lines and no name: the default lines again
+	model.setLines({}, std::string());
+	EXPECT_EQ(model.lines().size(), 6u);
+	EXPECT_TRUE(model.linesName().empty());
 }

@@ -32,6 +32,7 @@
 #include <Sci_ColorMap.h>
 
 #include "OVP_ColorMapType.h"
+#include "OVP_IsoplethLinesType.h"
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
 #include "OVP_Project.h"
@@ -176,6 +177,7 @@ void ChartPropertyPage::registerValueTypes() {
 	factory.registerType(std::unique_ptr<QPB::ValueType>(new ColorMapType));
 	factory.registerType(std::unique_ptr<QPB::ValueType>(new StringListType));
 	factory.registerType(std::unique_ptr<QPB::ValueType>(new SizeType));
+	factory.registerType(std::unique_ptr<QPB::ValueType>(new IsoplethLinesType));
 }
 
 

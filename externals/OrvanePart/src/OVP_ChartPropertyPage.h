@@ -64,7 +64,7 @@ public:
 	QPB::Property * shownMaximum() const { return m_shownMaximum; }
 
 	/*! Registers the value types that the pages need beyond the framework's (colour map, list
-		of texts, size); done by the first page, safe to call repeatedly.
+		of texts, size, isopleth lines); done by the first page, safe to call repeatedly.
 	*/
 	static void registerValueTypes();
 

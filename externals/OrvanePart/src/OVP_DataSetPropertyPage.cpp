@@ -22,7 +22,9 @@
 
 #include <ZEB_Exception.h>
 
+#include "OVP_ChartPropertyPage.h"
 #include "OVP_DataSetChoices.h"
+#include "OVP_IsoplethLinesType.h"
 #include "OVP_ManipulatorOptions.h"
 #include "OVP_Mapper.h"
 #include "OVP_MapperTreeModel.h"
@@ -88,6 +90,7 @@ DataSetPropertyPage::DataSetPropertyPage(Mapper & mapper, unsigned int entryInde
 	m_mapper(&mapper),
 	m_entryIndex(entryIndex)
 {
+	ChartPropertyPage::registerValueTypes();
 	const SCI::AbstractChartModel * model = mapper.chartModel();
 	connect(model, &SCI::AbstractChartModel::seriesInserted, this, [this](int start, int end) {
 		onSeriesMoved(start, end, true);
@@ -123,14 +126,14 @@ void DataSetPropertyPage::onEditRequested(QPB::Property * property, const QVaria
 	if (!isValid())
 		return;
 	DataSetSetup setup = m_mapper->dataSetSetup(m_entryIndex);
-	if (editedSetup(*property, newValue, setup)) {
-		try {
+	try {
+		if (editedSetup(*property, newValue, setup)) {
 			ProjectHandler & handler = ProjectHandler::instance();
 			handler.setDataSetSetup(handler.project().mapperModel()->indexOf(m_mapper), m_entryIndex, setup);
 		}
-		catch (ZEB::Exception & ex) {
-			emit editRefused(exceptionText(ex));
-		}
+	}
+	catch (ZEB::Exception & ex) {
+		emit editRefused(exceptionText(ex));
 	}
 	// the rows show what the chart holds, also after a refusal or an action that changed nothing
 	reload();
@@ -178,6 +181,7 @@ void DataSetPropertyPage::build(const DataSetSetup & setup, const DataSetChoices
 	m_manipulatorRows.clear();
 	m_parameterRows.clear();
 	m_modelParameterRows.clear();
+	m_isoplethLinesRow = nullptr;
 	QPB::Property * root = properties().root();
 
 	QPB::Property * data = root->addGroup(tr("Data"));
@@ -251,6 +255,11 @@ void DataSetPropertyPage::build(const DataSetSetup & setup, const DataSetChoices
 			row->setToolTip(tr("Parameter %1, default %2").arg(p.m_key).arg(p.m_default));
 			m_modelParameterRows.push_back(row);
 		}
+		if (setup.m_modelType == "IsoplethModel") {
+			m_isoplethLinesRow = addRow(group, tr("Isopleth lines"), IsoplethLinesType::ID, QString(), RK_IsoplethLines);
+			m_isoplethLinesRow->setToolTip(tr("The lines of the substrate class evaluated: the default lines or "
+											  "a table file"));
+		}
 	}
 }
 
@@ -296,6 +305,8 @@ void DataSetPropertyPage::showValues(const DataSetSetup & setup, const DataSetCh
 				value = QString::fromStdString(kv.second).toDouble();
 		row->setValue(p.m_integer ? QVariant(static_cast<int>(value)) : QVariant(value));
 	}
+	if (m_isoplethLinesRow != nullptr)
+		m_isoplethLinesRow->setValue(QString::fromStdString(setup.m_isoplethLines.m_name));
 }
 
 
@@ -367,6 +378,14 @@ bool DataSetPropertyPage::editedSetup(const QPB::Property & property, const QVar
 				setup.m_modelParameters.emplace_back(p.m_key, text);
 			else
 				kv->second = text;
+			return true;
+		}
+
+		case RK_IsoplethLines : {
+			const QString text = value.toString();
+			if (text == property.value().toString())
+				return false;
+			setup.m_isoplethLines = text.isEmpty() ? IsoplethLineSet() : IsoplethLineSet::readFile(text);
 			return true;
 		}
 	}

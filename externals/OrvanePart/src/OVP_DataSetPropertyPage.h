@@ -16,7 +16,7 @@ class Mapper;
 /*! The page of one data set of a chart (an extractor entry as Mapper::dataSetSetup() counts):
 	the file(s) with quantity and unit, the data set of a reference column, the cut type and the
 	cut values, the manipulators in order and, for two files combined by a model, the model and
-	every parameter with its default and range.
+	every parameter with its default and range (and of the isopleth model the line set).
 
 	An edit builds a new setup from the entry's current one and hands it to
 	ProjectHandler::setDataSetSetup(), which makes it an undo step; a setup the chart refuses
@@ -50,7 +50,8 @@ private:
 		RK_Manipulator,
 		RK_ManipulatorParameter,
 		RK_AddManipulator,
-		RK_ModelParameter
+		RK_ModelParameter,
+		RK_IsoplethLines
 	};
 
 	/*! Shows the entry as it is now: builds the rows again when the kind of rows changed (another
@@ -61,7 +62,7 @@ private:
 	/*! Sets the values (and the coordinates of the cut values) of the rows. */
 	void showValues(const DataSetSetup & setup, const DataSetChoices & choices);
 	/*! The current setup with the edit of property to value; false when the edit is no change
-		of the setup. */
+		of the setup. Throws ZEB::Exception for a table of isopleth lines that cannot be read. */
 	bool editedSetup(const QPB::Property & property, const QVariant & value, DataSetSetup & setup) const;
 	/*! Adds a row that edits kind with number index. */
 	QPB::Property * addRow(QPB::Property * parent, const QString & name, const QString & typeId,
@@ -87,6 +88,7 @@ private:
 	std::vector<QPB::Property *>	m_manipulatorRows;
 	std::vector<QPB::Property *>	m_parameterRows;
 	std::vector<QPB::Property *>	m_modelParameterRows;
+	QPB::Property *			m_isoplethLinesRow = nullptr;
 };
 
 } // namespace OVP

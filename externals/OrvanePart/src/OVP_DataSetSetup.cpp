@@ -13,7 +13,7 @@ bool DataSetSetup::operator==(const DataSetSetup & other) const {
 	if (m_fileNames != other.m_fileNames || m_column != other.m_column || m_column2 != other.m_column2
 		|| m_cutType != other.m_cutType
 		|| m_manipulators != other.m_manipulators || m_modelType != other.m_modelType
-		|| m_modelParameters != other.m_modelParameters)
+		|| m_modelParameters != other.m_modelParameters || m_isoplethLines != other.m_isoplethLines)
 		return false;
 	const bool cutsTime = EM::CutTypes::isCut(m_cutType, EM::CD_Time);
 	if (cutsTime && m_followLastTimePoint != other.m_followLastTimePoint)

@@ -11,6 +11,8 @@
 
 #include <EM_CutType.h>
 
+#include "OVP_IsoplethLineSet.h"
+
 namespace OVP {
 
 /*! How one extractor entry of a mapper is set up: the files it reads, the cut, the manipulators
@@ -45,6 +47,8 @@ struct DataSetSetup {
 	std::string									m_modelType;
 	/*! The model parameters as (key, value text); keys not listed keep their defaults. */
 	KeywordList									m_modelParameters;
+	/*! Of the isopleth model: the lines it evaluates; the default set for the model's own lines. */
+	IsoplethLineSet								m_isoplethLines;
 
 	/*! Equal when the setups give the same data: indices that are not used do not count. */
 	bool operator==(const DataSetSetup & other) const;

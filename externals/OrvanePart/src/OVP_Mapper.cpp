@@ -16,6 +16,7 @@
 #include <EM_Factory.h>
 #include <EM_ManipulatorBase.h>
 #include <EM_ModelTwo2DBase.h>
+#include <EM_ModelTwo2DIsopleth.h>
 
 #include <Sci_AbstractLineSeriesModel.h>
 #include <Sci_Chart.h>
@@ -408,6 +409,11 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 		std::string value;
 		while (text >> key >> value)
 			setup.m_modelParameters.emplace_back(key, value);
+		const EM::ModelTwo2DIsopleth * isopleth = isoplethModel(entry);
+		if (isopleth != nullptr && !isopleth->linesName().empty()) {
+			setup.m_isoplethLines.m_name = isopleth->linesName();
+			setup.m_isoplethLines.m_lines = isopleth->lines();
+		}
 	}
 	return setup;
 }
@@ -442,6 +448,11 @@ Mapper::PreparedSetup Mapper::prepareDataSetSetup(unsigned int index, const Data
 	PreparedSetup prepared;
 	prepared.m_index = index;
 	prepared.m_entry = createEntry(dataSets, setup.m_modelType, modelParameter, setup.m_manipulators);
+	EM::ModelTwo2DIsopleth * isopleth = isoplethModel(prepared.m_entry);
+	if (isopleth != nullptr)
+		isopleth->setLines(setup.m_isoplethLines.m_lines, setup.m_isoplethLines.m_name);
+	else if (!setup.m_isoplethLines.isDefault())
+		throw ZEB::Exception("Isopleth lines apply to the isopleth model only.", FUNC_ID);
 	checkCutIndices(setup, prepared.m_entry, old);
 	prepared.m_axisUnits = axisUnitsFor(prepared.m_entry, index, onLeftAxis(index));
 	prepared.m_entry.m_title = old.m_title;
@@ -457,12 +468,18 @@ void Mapper::applyDataSetSetup(PreparedSetup prepared) {
 	for (const std::pair<int, ZEB::Unit> & axis : prepared.m_axisUnits)
 		setAxisUnit(*m_chartModel, axis.first, axis.second);
 	ExtractorEntry & target = isSeriesChart() ? m_2DExtractors[index] : m_3DExtractor;
+	const EM::ModelTwo2DIsopleth * oldIsopleth = isoplethModel(target);
+	const std::string oldLines = oldIsopleth == nullptr ? std::string() : oldIsopleth->linesName();
 	target = std::move(prepared.m_entry);
 	setTargetUnitsFromAxes(target, leftAxis);
 	if (isSeriesChart())
 		update2DExtractor(index);
 	else
 		updateSingleEntry();
+	const EM::ModelTwo2DIsopleth * newIsopleth = isoplethModel(target);
+	// other lines are other series: they take their names and looks from the new set
+	if (m_type == MT_Isopleth && newIsopleth != nullptr && newIsopleth->linesName() != oldLines)
+		static_cast<SeriesIsoplethExtractorModel &>(*m_chartModel).initLineSeries();
 	m_chartModel->endChangeModel();
 }
 
@@ -676,6 +693,7 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 	const MapperType planeKind = planeKindOfChartType(chartTypeAttribute);
 	if (chartTypeAttribute != nullptr && std::string(chartTypeAttribute) == chartTypeKeyword(MT_Bar) && m_type == MT_Empty)
 		m_type = MT_Bar;
+	const std::map<unsigned int, IsoplethLineSet> lineSets = readIsoplethLines(chartModelElement);
 	for (const TiXmlElement * child = element->FirstChildElement(); child != nullptr;
 		 child = child->NextSiblingElement())
 	{
@@ -687,6 +705,14 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 				ExtractorDefinition def;
 				readExtractorDefinition(e, projectDir, remap, def);
 				ExtractorEntry entry = createExtractorEntry(def);
+				const auto lineSet = lineSets.find(extractorCount());
+				if (lineSet != lineSets.end()) {
+					EM::ModelTwo2DIsopleth * isopleth = isoplethModel(entry);
+					if (isopleth == nullptr)
+						throw ZEB::Exception(ZEB::MessageFormat("Isopleth lines given for extractor %1, which has no "
+																"isopleth model.").arg(extractorCount()), FUNC_ID);
+					isopleth->setLines(lineSet->second.m_lines, lineSet->second.m_name);
+				}
 				const bool is2D = entry.m_extractor->outputKind() == EM::ExtractorBase::OK_2D;
 				if (isPlaneChart())
 					throw ZEB::Exception("Invalid extractor definition in mapper. An isopleth or WTA wood chart has "
@@ -908,6 +934,50 @@ void Mapper::writeXML(TiXmlElement * element, const QString & projectDir, bool w
 	m_chartModel->setWriteAll(writeAll);
 	m_chartModel->writeXML(chartModel);
 	m_chartModel->setWriteAll(previous);
+	writeIsoplethLines(chartModel);
+}
+
+
+EM::ModelTwo2DIsopleth * Mapper::isoplethModel(const ExtractorEntry & entry) {
+	EM::Extractor2DFromTwo2D * twoFiles = dynamic_cast<EM::Extractor2DFromTwo2D *>(entry.m_extractor.get());
+	return twoFiles == nullptr ? nullptr : dynamic_cast<EM::ModelTwo2DIsopleth *>(&twoFiles->model());
+}
+
+
+std::map<unsigned int, IsoplethLineSet> Mapper::readIsoplethLines(const TiXmlElement * chartModel) {
+	FUNCID(Mapper::readXML);
+	std::map<unsigned int, IsoplethLineSet> sets;
+	if (chartModel == nullptr)
+		return sets;
+	for (const TiXmlElement * e = chartModel->FirstChildElement("IsoplethLines"); e != nullptr;
+		 e = e->NextSiblingElement("IsoplethLines"))
+	{
+		int index = -1;
+		if (e->QueryIntAttribute("extractor", &index) != TIXML_SUCCESS || index < 0)
+			throw ZEB::Exception("Expected 'extractor' attribute in IsoplethLines.", FUNC_ID);
+		try {
+			sets[static_cast<unsigned int>(index)] = IsoplethLineSet::readXML(e);
+		}
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading the isopleth lines of extractor %1.").arg(index),
+								 FUNC_ID);
+		}
+	}
+	return sets;
+}
+
+
+void Mapper::writeIsoplethLines(TiXmlElement * chartModel) const {
+	for (unsigned int i = 0; i < extractorCount(); ++i) {
+		const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors[i] : m_3DExtractor;
+		const EM::ModelTwo2DIsopleth * isopleth = entry.m_extractor ? isoplethModel(entry) : nullptr;
+		if (isopleth == nullptr || isopleth->linesName().empty())
+			continue;
+		IsoplethLineSet set;
+		set.m_name = isopleth->linesName();
+		set.m_lines = isopleth->lines();
+		set.writeXML(chartModel, i);
+	}
 }
 
 

@@ -2,6 +2,7 @@
 #define OVP_MapperH
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -28,6 +29,7 @@ class ExtractorBase;
 class Extractor2DOutputBase;
 class ManipulatorBase;
 class ModelTwo2DBase;
+class ModelTwo2DIsopleth;
 }
 
 namespace SCI {
@@ -307,6 +309,12 @@ private:
 	ExtractorEntry createExtractorEntry(ExtractorDefinition & def) const;
 	/*! Writes one Extractor element. */
 	static void writeExtractor(TiXmlElement * parent, const ExtractorEntry & entry, const QString & projectDir);
+	/*! The isopleth model of an entry; null when it has another model or none. */
+	static EM::ModelTwo2DIsopleth * isoplethModel(const ExtractorEntry & entry);
+	/*! The isopleth line sets saved in a ChartModel element, by extractor index. */
+	static std::map<unsigned int, IsoplethLineSet> readIsoplethLines(const TiXmlElement * chartModel);
+	/*! Writes the line sets of the entries whose isopleth model does not use its default lines. */
+	void writeIsoplethLines(TiXmlElement * chartModel) const;
 
 	/*! Builds the entry of one data set (with its cut indices), or of two 2D data sets combined
 		by a model with its parameter text, and gives it the manipulators.

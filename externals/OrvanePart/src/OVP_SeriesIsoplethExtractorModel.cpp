@@ -37,6 +37,14 @@ void SeriesIsoplethExtractorModel::initSeries() {
 	if (m == nullptr)
 		return;
 	initStyle(0, mapper().extractor3D().m_title, QColor(CLIMATE_COLOR), QwtSymbol::Ellipse, 3);
+	initLineSeries();
+}
+
+
+void SeriesIsoplethExtractorModel::initLineSeries() {
+	const EM::ModelTwo2DIsopleth * m = isopleth();
+	if (m == nullptr)
+		return;
 	const int lines = static_cast<int>(m->lines().size());
 	const int colors = static_cast<int>(sizeof(LINE_COLORS)/sizeof(LINE_COLORS[0]));
 	for (int i = 0; i < lines; ++i) {

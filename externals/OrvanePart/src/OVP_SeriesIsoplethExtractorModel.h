@@ -25,6 +25,9 @@ public:
 	unsigned int seriesCount() const override;
 	/*! The climate series: the mapper's series title; the lines: their names. */
 	void initSeries() override;
+	/*! Gives the line series the names and looks of the model's lines, after the model got
+		another set of lines. */
+	void initLineSeries();
 
 protected:
 	std::vector<PlanePoints> planePoints() const override;

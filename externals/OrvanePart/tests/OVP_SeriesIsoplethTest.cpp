@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QDir>
+#include <QSignalSpy>
 
 #include <tinyxml.h>
 
@@ -13,6 +14,7 @@
 
 #include <OVP_ChartCreator.h>
 #include <OVP_DataSetOptions.h>
+#include <OVP_DataSetPropertyPage.h>
 #include <OVP_Mapper.h>
 #include <OVP_MapperTreeModel.h>
 #include <OVP_Project.h>
@@ -190,6 +192,69 @@ TEST_F(SeriesIsoplethTest, PeriodChangesUndoAndSessionRoundTrip) {
 	EXPECT_NEAR(points(mapper(1), 2).front().first, 273.15, 1e-9);
 	EXPECT_NEAR(points(mapper(1), 2).front().second, 0.95, 1e-12);
 	EXPECT_EQ(legend(mapper(1), 0), "Probability of wood degradation from T.out - 2 days above the decay limit");
+}
+
+
+TEST_F(SeriesIsoplethTest, LinesOfAnotherSubstrateClassFromATableFile) {
+	// 20 C: 24 h at 85 %, 24 h at 65 %, 25 h at 50 %; the default limit (69.6 %) counts the first day only
+	writeClimate({ { 24, 85 }, { 24, 65 }, { 24, 50 } });
+	OVP::Mapper & m = createChart("IsoplethModel");
+	EXPECT_EQ(legend(m, 0), "Isopleth from T.out - 1 days mould risk (max period 24 h)");
+	// two lines, linear from 0 to 30 C: at 20 C the 2-day line is at 81.67 %, the limit at 56.67 %
+	const QString table = m_testDir + "/class-II.csv";
+	writeText(table, "# substrate class II, own digitisation\n"
+					 "T [C];Germination within 2 days;Limit for germination\n0;95;70\n30;75,0;50\n");
+	OVP::DataSetPropertyPage page(m, 0);
+	QSignalSpy refused(&page, &OVP::DataSetPropertyPage::editRefused);
+	QPB::Property * lines = nullptr;
+	const auto findLines = [&]() {
+		QPB::Property * model = page.properties().root()->child(page.properties().root()->childCount() - 1);
+		lines = model->child(model->childCount() - 1);
+		return lines->name().toStdString();
+	};
+	ASSERT_EQ(findLines(), "Isopleth lines");
+	EXPECT_EQ(lines->value().toString(), "");
+	const auto edit = [&](const QString & value) {
+		return page.properties().setData(page.properties().indexOf(lines, QPB::PropertyModel::C_Value), value);
+	};
+	ASSERT_TRUE(edit(table));
+	ASSERT_EQ(refused.count(), 0) << refused[0][0].toString().toStdString();
+	const auto expectClassII = [&](OVP::Mapper & c, const std::string & title) {
+		ASSERT_EQ(c.chartModel()->seriesCount(), 3u);
+		EXPECT_EQ(legend(c, 0), title + " - 2 days mould risk (max period 48 h)");
+		EXPECT_EQ(legend(c, 1), "Germination within 2 days");
+		EXPECT_EQ(legend(c, 2), "Limit for germination");
+		EXPECT_EQ(points(c, 2).front(), std::make_pair(0.0, 70.0));
+		EXPECT_EQ(points(c, 1).back(), std::make_pair(30.0, 75.0));
+	};
+	expectClassII(m, "Isopleth from T.out");
+	ASSERT_EQ(findLines(), "Isopleth lines");
+	EXPECT_EQ(lines->value().toString(), "class-II");
+
+	handler().undoStack().undo();
+	EXPECT_EQ(m.chartModel()->seriesCount(), 7u);
+	EXPECT_EQ(legend(m, 6), "Limit for germination");
+	EXPECT_EQ(legend(m, 0), "Isopleth from T.out - 1 days mould risk (max period 24 h)");
+	handler().undoStack().redo();
+	expectClassII(m, "Isopleth from T.out");
+
+	// a table whose limit lies above the 2-day line is refused, and nothing changes
+	const QString bad = m_testDir + "/bad.tsv";
+	writeText(bad, "T\tGermination within 2 days\tLimit for germination\n0\t95\t70\n30\t75\t76\n");
+	ASSERT_EQ(findLines(), "Isopleth lines");
+	edit(bad);
+	ASSERT_EQ(refused.count(), 1);
+	EXPECT_TRUE(refused[0][0].toString().contains("Line 'Limit for germination' lies above line 'Germination within "
+		"2 days' at 30 C")) << refused[0][0].toString().toStdString();
+	expectClassII(m, "Isopleth from T.out");
+
+	// the session keeps the lines themselves: it shows the same chart without the table file
+	const QString file = m_testDir + "/session.o2";
+	ASSERT_EQ(handler().saveProject(nullptr, file), OVP::ProjectHandler::SaveOK);
+	ASSERT_TRUE(QFile::remove(table));
+	ASSERT_TRUE(handler().loadProject(nullptr, file, true));
+	expectClassII(mapper(0), "Isopleth from T.out");
+	EXPECT_EQ(mapper(0).dataSetSetup(0).m_isoplethLines.m_name, "class-II");
 }
 
 

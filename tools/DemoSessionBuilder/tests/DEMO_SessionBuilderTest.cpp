@@ -295,8 +295,8 @@ TEST_F(DemoSessionTest, NewSessionMadeFromTheDataFolderShowsTheDemoData) {
 			suffixes.insert(QFileInfo(QString::fromStdString(name)).suffix());
 		}
 	}
-	EXPECT_EQ(listed, expected);
-	EXPECT_EQ(suffixes, (QSet<QString>{ "out", "s6o", "s6b", "ccd" }));
+	EXPECT_TRUE(listed == expected) << "listed: " << QStringList(listed.values()).join(", ").toStdString();
+	EXPECT_TRUE(suffixes == (QSet<QString>{ "out", "s6o", "s6b", "ccd" })) << QStringList(suffixes.values()).join(", ").toStdString();
 
 	OVP::DataSetOptions options(m_handler.dataManager());
 	OVP::ChartCreator creator(m_handler, *ui);

@@ -87,14 +87,10 @@ TEST(EMExtractorFactory, ExtractorPerDataFormatAndCutType) {
 		{ D::DF_3D, D::T_FIELD, CT_XCut, typeid(Extractor2DFrom3D) },
 		{ D::DF_3D, D::T_FLUX, CT_TimeCut, typeid(Extractor2DFrom3D) },
 		{ D::DF_4D, D::T_FIELD, CT_TimeCut, typeid(Extractor3DFrom4D) },
-		{ D::DF_4D, D::T_FIELD, CT_YCut, typeid(Extractor3DFrom4D) },
 		{ D::DF_4D, D::T_FIELD, CT_XTCut, typeid(Extractor2DFrom4D) },
-		{ D::DF_4D, D::T_FIELD, CT_XYCut, typeid(Extractor2DFrom4D) },
 		{ D::DF_4D, D::T_FLUX, CT_TimeCut, typeid(ExtractorVecFromFluxField) },
 		{ D::DF_5D, D::T_FIELD, CT_ZTCut, typeid(Extractor3DFrom5D) },
-		{ D::DF_5D, D::T_FIELD, CT_YZCut, typeid(Extractor3DFrom5D) },
-		{ D::DF_5D, D::T_FIELD, CT_XYZCut, typeid(Extractor2DFrom5D) },
-		{ D::DF_5D, D::T_FIELD, CT_XZTCut, typeid(Extractor2DFrom5D) }
+		{ D::DF_5D, D::T_FIELD, CT_XYZCut, typeid(Extractor2DFrom5D) }
 	};
 	for (const Case & c : cases) {
 		DATAIO::DataIO d;

@@ -8,7 +8,6 @@
 #include <limits>
 #include <vector>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>

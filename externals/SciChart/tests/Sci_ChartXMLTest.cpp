@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSignalSpy>
 
 #ifdef Q_OS_UNIX
 #include <csignal>

@@ -1,7 +1,6 @@
 // The colour map editor: preview colours, stop editing, type switch and colour-map files.
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>

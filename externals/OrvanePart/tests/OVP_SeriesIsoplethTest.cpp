@@ -280,17 +280,23 @@ TEST_F(SeriesIsoplethTest, RefusalsAndSessionsOfLineCharts) {
 	const QString extractor = "<Extractors><Extractor><DataIOFileName>./T.out</DataIOFileName><DataIOFileName2>./RH.out"
 		"</DataIOFileName2><CutType>NoCut</CutType><DataFormat>DF_2D</DataFormat><ModelType type=\"%1\" Parameter=\"\">"
 		"MT_2DFromTwo2D</ModelType></Extractor></Extractors>";
-	const auto read = [&](const QString & model, const QString & chartType) {
+	const auto read = [&](const QString & model, const QString & chartType, const QString & content = QString()) {
 		TiXmlDocument doc;
-		doc.Parse(("<Mapper>" + extractor.arg(model) + "<ChartModel chartType=\"" + chartType + "\"/></Mapper>")
-				  .toUtf8().constData());
+		doc.Parse(("<Mapper>" + extractor.arg(model) + "<ChartModel chartType=\"" + chartType + "\">" + content
+				   + "</ChartModel></Mapper>").toUtf8().constData());
 		std::unique_ptr<OVP::Mapper> mapper(new OVP::Mapper(handler().dataManager()));
 		mapper->readXML(doc.RootElement(), m_dir);
 		return mapper;
 	};
-	std::unique_ptr<OVP::Mapper> line = read("IsoplethModel", "2D");
+	// the line chart of the model's result keeps its isopleth lines too
+	const QString lines = "<IsoplethLines extractor=\"0\" name=\"flat\"><Line name=\"limit\">0 50;30 50</Line></IsoplethLines>";
+	std::unique_ptr<OVP::Mapper> line = read("IsoplethModel", "2D", lines);
 	EXPECT_EQ(line->type(), OVP::Mapper::MT_2D);
 	EXPECT_EQ(line->chartModel()->seriesCount(), 1u);
+	EXPECT_EQ(line->dataSetSetup(0).m_isoplethLines.m_name, "flat");
+	EXPECT_EQ(line->dataSetSetup(0).m_isoplethLines.m_lines.at(0).humidities(), (std::vector<double>{ 50, 50 }));
+	EXPECT_EQ(thrown([&]() { read("VTTMouldModel", "2D", lines); }).second,
+			  "Isopleth lines given for extractor 0, which has no isopleth model.");
 	EXPECT_EQ(thrown([&]() { read("VTTMouldModel", "Isopleth"); }).second,
 			  "Chart type 'Isopleth' needs one extractor of the model 'IsoplethModel'.");
 }

@@ -1,7 +1,5 @@
 #include "OVP_ProjectTestUtils.h"
 
-#include <QDir>
-#include <QFile>
 #include <QLocale>
 #include <QSettings>
 
@@ -16,13 +14,7 @@ namespace {
 
 /*! Path of a fresh INI file in the scratch directory. */
 QString iniFile(const QString & name) {
-	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (base.isEmpty())
-		base = QDir::temp().filePath("OrvanePartTests");
-	QDir().mkpath(base);
-	const QString path = QDir(base).filePath(name + ".ini");
-	QFile::remove(path);
-	return path;
+	return OVPTest::scratchDir("settings-" + name) + "/settings.ini";
 }
 
 } // namespace

@@ -136,14 +136,9 @@ TEST_F(MapperTest, ReadErrors) {
 							   "[Mapper::readXML]"));
 	}
 	// a time index on an extractor that does not cut time
-	try {
-		readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<CutIndexT locked=\"no\">1</CutIndexT>")
-				   + "</Extractors></Mapper>");
-		ADD_FAILURE() << "no exception";
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(ex.messages().back().m_what, "Cannot create extractor (DataIO = " + (m_dir + "/T.out").toStdString() + ").");
-	}
+	EXPECT_EQ(thrown([this]() { readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D",
+		"<CutIndexT locked=\"no\">1</CutIndexT>") + "</Extractors></Mapper>"); }).second,
+		"Cannot create extractor (DataIO = " + (m_dir + "/T.out").toStdString() + ").");
 }
 
 
@@ -246,13 +241,8 @@ TEST_F(MapperTest, AddExtractorChecks) {
 			  std::make_pair(std::string("Unit [%] of selected dataset does match neither left y-axis unit [C] nor right "
 							 "y-axis unit [Pa]"), std::string("[Mapper::addExtractor]")));
 	// 4. a model series whose second data set is missing
-	try {
-		m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel");
-		ADD_FAILURE() << "no exception";
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(ex.messages().back().m_what, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.");
-	}
+	EXPECT_EQ(thrown([&]() { m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel"); })
+			  .second, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.");
 	EXPECT_EQ(m->extractorCount(), 1u);
 
 	// a Kelvin series joins the left axis in C, a humidity series the right axis in its unit; the

@@ -1,5 +1,6 @@
 #include "OVA_TestUtils.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QDir>
@@ -15,12 +16,9 @@
 namespace OVATest {
 
 int MessageRecorder::count(ZEB::MsgType type, const std::string & text, const std::string & where) const {
-	int n = 0;
-	for (const RecordedMessage & m : m_messages) {
-		if (m.m_type == type && m.m_text == text && m.m_where == where)
-			++n;
-	}
-	return n;
+	return static_cast<int>(std::count_if(m_messages.begin(), m_messages.end(), [&](const RecordedMessage & m) {
+		return m.m_type == type && m.m_text == text && m.m_where == where;
+	}));
 }
 
 

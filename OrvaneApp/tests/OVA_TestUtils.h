@@ -63,22 +63,14 @@ public:
 		m_shown.append(text);
 		return false;
 	}
-	QString saveFileName(QWidget *, const QString &, const QString &, const QString &) override {
-		return QString();
-	}
+	QString saveFileName(QWidget *, const QString &, const QString &, const QString &) override { return QString(); }
 	QString askDataFolder(QWidget *, const QString &, const QString & text, const QString &) override {
 		m_shown.append(text);
 		return QString();
 	}
-	QString existingDirectory(QWidget *, const QString &, const QString &) override {
-		return QString();
-	}
-	QString askText(QWidget *, const QString &, const QString &) override {
-		return QString();
-	}
-	int chooseItem(QWidget *, const QString &, const QString &, const QStringList &) override {
-		return -1;
-	}
+	QString existingDirectory(QWidget *, const QString &, const QString &) override { return QString(); }
+	QString askText(QWidget *, const QString &, const QString &) override { return QString(); }
+	int chooseItem(QWidget *, const QString &, const QString &, const QStringList &) override { return -1; }
 
 	SaveAnswer	m_answer;
 	QStringList	m_shown;

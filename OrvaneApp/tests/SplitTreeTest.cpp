@@ -40,47 +40,35 @@ OVP::SplitLayout nestedLayout() {
 } // namespace
 
 
-TEST(SplitTree, EmptyLayoutIsOneViewOfTheFirstMapper) {
-	const SplitTree withMappers(OVP::SplitLayout(), 3);
-	EXPECT_TRUE(withMappers.problem().isEmpty());
-	ASSERT_EQ(withMappers.views().size(), 1);
-	EXPECT_EQ(shownMappers(withMappers), QList<int>{ 0 });
-	EXPECT_EQ(withMappers.focusedView(), withMappers.views().first());
+TEST(SplitTree, StoredLayoutsAreKeptOrRepaired) {
+	// an empty layout is one view of the first mapper, if any
+	const SplitTree empty(OVP::SplitLayout(), 3);
+	EXPECT_TRUE(empty.problem().isEmpty());
+	EXPECT_EQ(shownMappers(empty), QList<int>{ 0 });
+	EXPECT_EQ(empty.focusedView(), empty.views().first());
+	EXPECT_EQ(shownMappers(SplitTree(OVP::SplitLayout(), 0)), QList<int>{ -1 });
 
-	const SplitTree withoutMappers(OVP::SplitLayout(), 0);
-	EXPECT_EQ(shownMappers(withoutMappers), QList<int>{ -1 });
-}
+	const SplitTree nested(nestedLayout(), 5);
+	EXPECT_TRUE(nested.problem().isEmpty());
+	EXPECT_TRUE(nested.layout() == nestedLayout());
+	EXPECT_EQ(nested.root(), 0);
+	EXPECT_EQ(nested.views(), QList<int>({ 1, 3, 4 }));
+	EXPECT_EQ(nested.children(2), QList<int>({ 3, 4 }));
+	EXPECT_TRUE(nested.children(3).isEmpty());
+	EXPECT_EQ(nested.viewOfMapper(4), 4);
+	EXPECT_EQ(nested.viewOfMapper(1), -1);
 
-
-TEST(SplitTree, UsableStoredLayoutIsKeptAsStored) {
-	const OVP::SplitLayout stored = nestedLayout();
-	const SplitTree tree(stored, 5);
-	EXPECT_TRUE(tree.problem().isEmpty());
-	EXPECT_TRUE(tree.layout() == stored);
-	EXPECT_EQ(tree.root(), 0);
-	EXPECT_EQ(tree.views(), QList<int>({ 1, 3, 4 }));
-	EXPECT_EQ(tree.children(2), QList<int>({ 3, 4 }));
-	EXPECT_TRUE(tree.children(3).isEmpty());
-	EXPECT_EQ(tree.viewOfMapper(4), 4);
-	EXPECT_EQ(tree.viewOfMapper(1), -1);
-}
-
-
-TEST(SplitTree, StoredMapperIndicesAndFocusAreRepaired) {
-	// mapper 4 does not exist with three mappers, mapper 0 is shown twice, the focus is on a split
-	OVP::SplitLayout stored = layoutOf({ Widget{ 0, -1, false, -1, 0, 0, 7 },
-										 Widget{ 1, 0, false, 0, 0, 0, 0 },
-										 Widget{ 2, 0, false, -1, -5, 3, 2 },
-										 Widget{ 3, 2, false, 0, 0, 0, 0 },
-										 Widget{ 4, 2, false, 4, 0, 0, 0 } }, 2);
-	const SplitTree tree(stored, 3);
-	EXPECT_TRUE(tree.problem().isEmpty());
-	EXPECT_EQ(shownMappers(tree), QList<int>({ 0, -1, -1 }));
-	EXPECT_EQ(tree.focusedView(), 1);
-	// an orientation that is none of the two becomes side by side; negative sizes become 0
-	EXPECT_EQ(tree.node(0).m_orientation, 1);
-	EXPECT_EQ(tree.node(2).m_size1, 0);
-	EXPECT_EQ(tree.node(2).m_size2, 3);
+	// mapper 4 does not exist with three mappers, mapper 0 is shown twice, the focus is on a
+	// split, an orientation is none of the two (side by side then), a size is negative (0 then)
+	const SplitTree repaired(layoutOf({ Widget{ 0, -1, false, -1, 0, 0, 7 }, Widget{ 1, 0, false, 0, 0, 0, 0 },
+										Widget{ 2, 0, false, -1, -5, 3, 2 }, Widget{ 3, 2, false, 0, 0, 0, 0 },
+										Widget{ 4, 2, false, 4, 0, 0, 0 } }, 2), 3);
+	EXPECT_TRUE(repaired.problem().isEmpty());
+	EXPECT_EQ(shownMappers(repaired), QList<int>({ 0, -1, -1 }));
+	EXPECT_EQ(repaired.focusedView(), 1);
+	EXPECT_EQ(repaired.node(0).m_orientation, 1);
+	EXPECT_EQ(repaired.node(2).m_size1, 0);
+	EXPECT_EQ(repaired.node(2).m_size2, 3);
 }
 
 

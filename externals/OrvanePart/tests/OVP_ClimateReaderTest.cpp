@@ -65,14 +65,6 @@ Expectation readExpectation(const std::filesystem::path & path) {
 	return e;
 }
 
-/*! The warnings and the error text of a read. */
-std::string messages(const OVPTest::MessageRecorder & recorder) {
-	std::string text;
-	for (const OVPTest::RecordedMessage & m : recorder.m_messages)
-		text += m.m_text + "\n";
-	return text;
-}
-
 /*! The header of a container as the expectation files write it. */
 void expectHeader(const Expectation & e, const DATAIO::DataIO & c) {
 	EXPECT_EQ(DATAIO::DataIO::T_REFERENCE, c.type());
@@ -124,7 +116,7 @@ TEST(OVPClimateReader, FilesReadBackAsTheirIndependentWriterExpects) {
 			continue;
 		}
 		for (const std::string & warning : e.m_warnings)
-			EXPECT_NE(std::string::npos, messages(recorder).find(warning)) << warning;
+			EXPECT_NE(std::string::npos, recorder.text().find(warning)) << warning;
 		expectHeader(e, header);
 		EXPECT_TRUE(header.timePoints().empty());
 		expectHeader(e, c);
@@ -185,7 +177,7 @@ TEST(OVPClimateReader, HostileFilesGiveAClearMessage) {
 		catch (ZEB::Exception & ex) {
 			text = ex.what();
 		}
-		text += "\n" + messages(recorder);
+		text += "\n" + recorder.text();
 		EXPECT_NE(std::string::npos, text.find(c.m_message)) << text;
 	}
 }

@@ -484,13 +484,7 @@ TEST_F(DataManagerTableModelTest, ForeignFilesThroughTheirReaders) {
 	header.setTimeUnit("h");
 	header.setColumnProperties({ "a", "b" }, { "C", "degrees" });
 	const auto failure = [&header]() {
-		try {
-			OVP::DataCollectionReader::checkForeignHeader(header);
-		}
-		catch (ZEB::Exception & ex) {
-			return ex.messages().back().m_what;
-		}
-		return std::string();
+		return OVPTest::thrown([&header]() { OVP::DataCollectionReader::checkForeignHeader(header); }).second;
 	};
 	EXPECT_EQ(failure(), "Invalid value unit 'degrees' reported from file reader plugin.");
 	header.setColumnProperties({ "a", "b" }, { "C", "%" });

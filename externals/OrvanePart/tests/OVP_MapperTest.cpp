@@ -72,55 +72,52 @@ TEST_F(MapperTest, ReadErrors) {
 	struct Case {
 		QString		m_xml;
 		std::string	m_message;
-		std::string	m_where;
+		std::string	m_where = "[Mapper::readXML]";
 	};
 	const std::vector<Case> cases = {
 		{ "<Mapper><ChartModel chartType=\"2D\"/><Extractors>" + ts + "</Extractors></Mapper>",
-		  "Cannot have 'ChartModel' tag before added Extractors to mapper.", "[Mapper::readXML]" },
+		  "Cannot have 'ChartModel' tag before added Extractors to mapper." },
 		{ "<Mapper><Extractors>" + grid + grid + "</Extractors></Mapper>",
-		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", "[Mapper::readXML]" },
+		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed." },
 		{ "<Mapper><Extractors>" + grid + ts + "</Extractors></Mapper>",
-		  "Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", "[Mapper::readXML]" },
+		  "Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper." },
 		{ "<Mapper><Extractors>" + ts + grid + "</Extractors></Mapper>",
-		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed.", "[Mapper::readXML]" },
+		  "Invalid extractor definition in mapper. Only one 3D/vector field extractor allowed." },
 		{ "<Mapper><Extractors>" + ts + "</Extractors><ChartModel chartType=\"3D\"/></Mapper>",
-		  "Chart type '3D' does not fit the extractors of the mapper (expected '2D').", "[Mapper::readXML]" },
-		{ "<Mapper><Chart/></Mapper>", "Expected 'Extractors' tag or 'ChartModel' tag, got 'Chart'", "[Mapper::readXML]" },
-		{ "<Mapper><Extractors><Extract/></Extractors></Mapper>", "Expected 'Extractor' tag, got 'Extract'",
-		  "[Mapper::readXML]" },
+		  "Chart type '3D' does not fit the extractors of the mapper (expected '2D')." },
+		{ "<Mapper><Chart/></Mapper>", "Expected 'Extractors' tag or 'ChartModel' tag, got 'Chart'" },
+		{ "<Mapper><Extractors><Extract/></Extractors></Mapper>", "Expected 'Extractor' tag, got 'Extract'" },
 		{ "<Mapper><Extractors>" + extractor("", "DF_2D") + "</Extractors></Mapper>",
-		  "Error in 'Extractor' tag, DataIOFileName tag must not be empty.", "[Mapper::readXML]" },
+		  "Error in 'Extractor' tag, DataIOFileName tag must not be empty." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2/>") + "</Extractors></Mapper>",
-		  "Error in 'Extractor' tag, DataIOFileName2 tag must not be empty.", "[Mapper::readXML]" },
+		  "Error in 'Extractor' tag, DataIOFileName2 tag must not be empty." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Colour>red</Colour>") + "</Extractors></Mapper>",
-		  "Unknown/invalid xml tag 'Colour' in Extractor section.", "[Mapper::readXML]" },
+		  "Unknown/invalid xml tag 'Colour' in Extractor section." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
 		  "<ModelType type=\"VTTMouldModel\" Parameter=\"\">MT_2D</ModelType>") + "</Extractors></Mapper>",
-		  "Unknown or invalid 'ModelType' attribute.", "[Mapper::readXML]" },
+		  "Unknown or invalid 'ModelType' attribute." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
 		  "<ModelType Parameter=\"\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
-		  "Expected 'type' attribute in MT_2DFromTwo2D model.", "[Mapper::readXML]" },
+		  "Expected 'type' attribute in MT_2DFromTwo2D model." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
 		  "<ModelType type=\"VTTMouldModel\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
-		  "Expected 'Parameter' attribute in MT_2DFromTwo2D model.", "[Mapper::readXML]" },
+		  "Expected 'Parameter' attribute in MT_2DFromTwo2D model." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Manipulator>2</Manipulator>") + "</Extractors></Mapper>",
-		  "Expected 'type' attribute in Manipulator.", "[Mapper::readXML]" },
+		  "Expected 'type' attribute in Manipulator." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<Manipulator type=\"2DShift\">2</Manipulator>")
 		  + "</Extractors></Mapper>", "Unknown/unsupported manipulator of type '2DShift'.", "[Mapper::createManipulator]" },
 		{ "<Mapper><Extractors><Extractor><DataIOFileName>./T.out</DataIOFileName></Extractor></Extractors></Mapper>",
-		  "Missing data format for extractor.", "[Mapper::readXML]" },
+		  "Missing data format for extractor." },
 		{ "<Mapper><Extractors><Extractor><DataFormat>DF_2D</DataFormat></Extractor></Extractors></Mapper>",
-		  "Extractor does not reference a DataIO file, which is necessary to re-create the extractor.",
-		  "[Mapper::readXML]" },
+		  "Extractor does not reference a DataIO file, which is necessary to re-create the extractor." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<ModelType type=\"VTTMouldModel\" Parameter=\"\">"
 		  "MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>", "Extractor2DFromTwo2D does not reference th second "
-		  "DataIO file, which is necessary to re-create the extractor.", "[Mapper::readXML]" },
+		  "DataIO file, which is necessary to re-create the extractor." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>")
-		  + "</Extractors></Mapper>", "Invalid extractor definition in mapper. Model for Extractor2DFromTwo2D missing.",
-		  "[Mapper::readXML]" },
+		  + "</Extractors></Mapper>", "Invalid extractor definition in mapper. Model for Extractor2DFromTwo2D missing." },
 		{ "<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<DataIOFileName2>./RH.out</DataIOFileName2>"
 		  "<ModelType type=\"MouldModel\" Parameter=\"\">MT_2DFromTwo2D</ModelType>") + "</Extractors></Mapper>",
-		  "Invalid extractor definition in mapper. Unknown model type 'MouldModel'.", "[Mapper::readXML]" },
+		  "Invalid extractor definition in mapper. Unknown model type 'MouldModel'." },
 	};
 	for (const Case & c : cases) {
 		SCOPED_TRACE(c.m_xml.toStdString());
@@ -139,14 +136,9 @@ TEST_F(MapperTest, ReadErrors) {
 							   "[Mapper::readXML]"));
 	}
 	// a time index on an extractor that does not cut time
-	try {
-		readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D", "<CutIndexT locked=\"no\">1</CutIndexT>")
-				   + "</Extractors></Mapper>");
-		ADD_FAILURE() << "no exception";
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(ex.messages().back().m_what, "Cannot create extractor (DataIO = " + (m_dir + "/T.out").toStdString() + ").");
-	}
+	EXPECT_EQ(thrown([this]() { readMapper("<Mapper><Extractors>" + extractor("./T.out", "DF_2D",
+		"<CutIndexT locked=\"no\">1</CutIndexT>") + "</Extractors></Mapper>"); }).second,
+		"Cannot create extractor (DataIO = " + (m_dir + "/T.out").toStdString() + ").");
 }
 
 
@@ -249,17 +241,18 @@ TEST_F(MapperTest, AddExtractorChecks) {
 			  std::make_pair(std::string("Unit [%] of selected dataset does match neither left y-axis unit [C] nor right "
 							 "y-axis unit [Pa]"), std::string("[Mapper::addExtractor]")));
 	// 4. a model series whose second data set is missing
-	try {
-		m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel");
-		ADD_FAILURE() << "no exception";
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(ex.messages().back().m_what, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.");
-	}
+	EXPECT_EQ(thrown([&]() { m->addExtractor({ { m_dir + "/T.out" }, { m_dir + "/nothing.out" } }, "VTTMouldModel"); })
+			  .second, "Try to add a invalid extractor to a mapper for Extractor2DFromTwo2D.");
 	EXPECT_EQ(m->extractorCount(), 1u);
 
-	// a Kelvin series joins the left axis in C, a humidity series the right axis in its unit
+	// a Kelvin series joins the left axis in C, a humidity series the right axis in its unit; the
+	// chart made before shows them
+	SCI::Chart * chart = m->chart();
+	ASSERT_NE(chart, nullptr);
+	EXPECT_EQ(chart->model(), m->chartModel());
 	m->addExtractor({ { m_dir + "/TK.out" } });
+	EXPECT_EQ(m->chart(), chart);
+	EXPECT_EQ(chart->seriesCount(), 2);
 	m->chartModel()->setAxisData(ZEB::Unit("%").id(), CM::RightAxis, CM::AxisUnit);
 	m->addExtractor({ { m_dir + "/RH.out" } });
 	// a right axis without unit takes the unit of the first series that needs it
@@ -343,18 +336,6 @@ TEST_F(MapperTest, RefreshFollowsGrowingFiles) {
 	a.reset();
 	b.reset();
 	EXPECT_EQ(dm.openContainerCount(), 0u);
-}
-
-
-TEST_F(MapperTest, ChartFollowsModel) {
-	std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(handler().dataManager(), { { m_dir + "/T.out" } });
-	SCI::Chart * chart = m->chart();
-	ASSERT_NE(chart, nullptr);
-	EXPECT_EQ(m->chart(), chart);
-	EXPECT_EQ(chart->model(), m->chartModel());
-	EXPECT_EQ(chart->seriesCount(), 1);
-	m->addExtractor({ { m_dir + "/TK.out" } });
-	EXPECT_EQ(chart->seriesCount(), 2);
 }
 
 

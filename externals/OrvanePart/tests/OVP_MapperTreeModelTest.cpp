@@ -271,6 +271,8 @@ TEST_F(MapperTreeModelTest, Refusals) {
 	EXPECT_EQ(thrown([this]() { handler().renameMapper(2, "x"); }),
 			  Thrown("[ProjectHandler::renameMapper]", "Invalid mapper index 2."));
 	EXPECT_EQ(thrown([this]() { handler().moveMappers({ 1 }, 3); }).second, "Invalid destination 3 for moving mappers.");
+	EXPECT_EQ(thrown([this]() { handler().removeMappers(1, 2); }),
+			  Thrown("[ProjectHandler::removeMappers]", "Invalid arguments row or count."));
 	EXPECT_EQ(m_ui->m_shown.size(), 1u);
 	EXPECT_EQ(names(), QStringList({ "m0", "m1" }));
 	EXPECT_FALSE(handler().isModified());

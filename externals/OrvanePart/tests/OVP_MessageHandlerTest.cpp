@@ -1,8 +1,6 @@
-#include <gtest/gtest.h>
+#include "OVP_ProjectTestUtils.h"
 
 #include <QDebug>
-#include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 
 #include <OVP_MessageHandler.h>
@@ -16,19 +14,6 @@ public:
 	std::string m_console;
 };
 
-QString logPath(const QString & name) {
-	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (base.isEmpty())
-		base = QDir::temp().filePath("OrvanePartTests");
-	QDir().mkpath(base);
-	return QDir(base).filePath(name);
-}
-
-QString readAll(const QString & path) {
-	QFile f(path);
-	return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
-}
-
 } // namespace
 
 
@@ -36,7 +21,7 @@ TEST(OVPMessageHandler, EmitsTrimmedMessagesUpToConsoleLevel) {
 	CapturingHandler h;
 	h.setConsoleVerbosityLevel(1);
 	h.setLogfileVerbosityLevel(3);
-	const QString log = logPath("signal.log");
+	const QString log = OVPTest::scratchDir("message-handler") + "/signal.log";
 	std::string err;
 	ASSERT_TRUE(h.openLog(log.toStdString(), false, err)) << err;
 	QSignalSpy spy(&h, &OVP::MessageHandler::msgReceived);
@@ -60,7 +45,7 @@ TEST(OVPMessageHandler, EmitsTrimmedMessagesUpToConsoleLevel) {
 	EXPECT_NE(h.m_console.find("hidden error"), std::string::npos);
 	EXPECT_EQ(h.m_console.find("detail"), std::string::npos);
 	h.closeLog();
-	const QString logText = readAll(log);
+	const QString logText = OVPTest::readText(log);
 	EXPECT_TRUE(logText.contains("[Test::c]")) << logText.toStdString();
 	EXPECT_TRUE(logText.contains("hidden error")) << logText.toStdString();
 
@@ -94,7 +79,7 @@ TEST(OVPMessageHandler, EmitsTrimmedMessagesUpToConsoleLevel) {
 TEST(OVPMessageHandler, QtDiagnosticsBecomeDebugMessages) {
 	CapturingHandler h;
 	h.setConsoleVerbosityLevel(1);
-	const QString log = logPath("bridge.log");
+	const QString log = OVPTest::scratchDir("message-bridge") + "/bridge.log";
 	std::string err;
 	ASSERT_TRUE(h.openLog(log.toStdString(), false, err)) << err;
 	ZEB::MessageHandler::setCurrent(&h);
@@ -115,8 +100,8 @@ TEST(OVPMessageHandler, QtDiagnosticsBecomeDebugMessages) {
 	EXPECT_EQ(spy.at(0).at(1).toString(), "Cannot open x.png (5)");
 	EXPECT_EQ(spy.at(1).at(1).toString(), "plain debug");
 
-	const QStringList lines = readAll(log).split('\n', Qt::SkipEmptyParts);
-	ASSERT_EQ(lines.size(), 3) << readAll(log).toStdString();
+	const QStringList lines = OVPTest::readText(log).split('\n', Qt::SkipEmptyParts);
+	ASSERT_EQ(lines.size(), 3) << OVPTest::readText(log).toStdString();
 	for (const QString & l : lines) {
 		EXPECT_TRUE(l.contains("[Debug   ]\t[qDebugMsgHandler]")) << l.toStdString();
 	}

@@ -237,30 +237,21 @@ TEST_F(ProjectFileTest, FileContentOrderAndComments) {
 	ASSERT_EQ(handler().saveProject(nullptr, dir + "/s.o2"), OVP::ProjectHandler::SaveOK);
 	const QString text = readText(dir + "/s.o2");
 	EXPECT_TRUE(text.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\" ?>"));
-	const int comment1 = text.indexOf("<!--List of all directories-->");
-	const int directories = text.indexOf("<Directories>");
-	const int comment2 = text.indexOf("<!--All mappers.-->");
-	const int mappers = text.indexOf("<Mappers>");
-	const int comment3 = text.indexOf("<!--Split window state.-->");
-	const int splitting = text.indexOf("<Splitting>");
-	EXPECT_TRUE(text.contains("<Orvane version=\"2.2.3\">"));
-	EXPECT_TRUE(0 < comment1 && comment1 < directories && directories < comment2 && comment2 < mappers
-				&& mappers < comment3 && comment3 < splitting);
-	EXPECT_TRUE(text.contains("<SubDir Color=\"#ff8000\" Checked=\"1\">run1</SubDir>"));
-	EXPECT_TRUE(text.contains("<SubDir Color=\"#0000ff\" Checked=\"0\">run2/a</SubDir>"));
-	EXPECT_TRUE(text.contains("<ExpandedSubDir>run1</ExpandedSubDir>"));
-	EXPECT_TRUE(text.contains("<Widget id=\"1\" parent=\"0\" viewTable=\"1\" mapperIndex=\"2\" size1=\"0\" size2=\"0\" "
-							  "orientation=\"0\" />"));
-	EXPECT_TRUE(text.contains("<FocusedWidget>2</FocusedWidget>"));
-	EXPECT_TRUE(text.contains("<Mapper name=\"Lines\">"));
-	EXPECT_TRUE(text.contains("<ChartModel chartType=\"2D\">"));
-	EXPECT_TRUE(text.contains("<ChartModel chartType=\"3D\">"));
-	EXPECT_TRUE(text.contains("<CutIndexT locked=\"yes\">1</CutIndexT>"));
-	EXPECT_TRUE(text.contains("<CutIndexT locked=\"no\">2</CutIndexT>"));
-	EXPECT_TRUE(text.contains("<CutIndexX>2</CutIndexX>"));
-	EXPECT_TRUE(text.contains("<ModelType type=\"VTTMouldModel\" Parameter=\"MC 2 SC 1 DC 1\">MT_2DFromTwo2D</ModelType>"));
-	EXPECT_TRUE(text.contains("<Manipulator type=\"2DScaling\">2.5</Manipulator>"));
-	EXPECT_TRUE(text.contains("<Manipulator type=\"2DDifference2First\" />"));
+	// the sections in order, each after its comment
+	int at = 0;
+	for (const char * marker : { "<Orvane version=\"2.2.3\">", "<!--List of all directories-->", "<Directories>",
+								 "<!--All mappers.-->", "<Mappers>", "<!--Split window state.-->", "<Splitting>" }) {
+		EXPECT_GT(text.indexOf(marker, at), at) << marker;
+		at = text.indexOf(marker, at);
+	}
+	for (const char * expected : { "<SubDir Color=\"#ff8000\" Checked=\"1\">run1</SubDir>", "<FocusedWidget>2</FocusedWidget>",
+			"<SubDir Color=\"#0000ff\" Checked=\"0\">run2/a</SubDir>", "<ExpandedSubDir>run1</ExpandedSubDir>",
+			"<Widget id=\"1\" parent=\"0\" viewTable=\"1\" mapperIndex=\"2\" size1=\"0\" size2=\"0\" orientation=\"0\" />",
+			"<Mapper name=\"Lines\">", "<ChartModel chartType=\"2D\">", "<ChartModel chartType=\"3D\">",
+			"<CutIndexT locked=\"yes\">1</CutIndexT>", "<CutIndexT locked=\"no\">2</CutIndexT>", "<CutIndexX>2</CutIndexX>",
+			"<ModelType type=\"VTTMouldModel\" Parameter=\"MC 2 SC 1 DC 1\">MT_2DFromTwo2D</ModelType>",
+			"<Manipulator type=\"2DScaling\">2.5</Manipulator>", "<Manipulator type=\"2DDifference2First\" />" })
+		EXPECT_TRUE(text.contains(expected)) << expected;
 	// the colour grid series is no reference and no flux: no DataType
 	EXPECT_EQ(text.count("<DataType>"), 0);
 }

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSignalSpy>
 
 #ifdef Q_OS_LINUX
 #include <cerrno>
@@ -405,36 +404,6 @@ TEST_F(SafeSaveTest, KilledWriter) {
 	EXPECT_EQ(bytes(backupOf(file)), OLDER_BACKUP);
 }
 #endif
-
-
-TEST_F(ProjectHandlerTest, MapperEdits) {
-	const QString dir = scratchDir("edits");
-	writeTimeSeries(dir + "/a.out", { 0, 1, 2 }, { 1, 2, 3 });
-	OVP::ProjectHandler & h = handler();
-	h.newProject();
-	QSignalSpy modified(&h, &OVP::ProjectHandler::modified);
-	// removing mappers closes up the indices in the split layout
-	for (int i = 0; i < 4; ++i) {
-		std::unique_ptr<OVP::Mapper> m = OVP::Mapper::createNewMapper(h.dataManager(), { { dir + "/a.out" } });
-		m->setName(QString("m%1").arg(i));
-		h.addMapper(std::move(m));
-	}
-	OVP::SplitLayout layout;
-	for (int i = 0; i < 4; ++i)
-		layout.m_widgets.append(OVP::SplitLayout::Widget{ i, -1, false, i, 0, 0, 0 });
-	h.setSplitLayout(layout);
-	h.removeMappers(1, 2);
-	const OVP::MapperTreeModel & mappers = *h.project().mapperModel();
-	ASSERT_EQ(mappers.mapperCount(), 2);
-	EXPECT_EQ(mappers.data(mappers.index(1, 0), Qt::DisplayRole).toString(), "m3");
-	const QList<OVP::SplitLayout::Widget> & w = h.project().m_splitLayout.m_widgets;
-	EXPECT_EQ(w[0].m_mapperIndex, 0);
-	EXPECT_EQ(w[1].m_mapperIndex, -1);
-	EXPECT_EQ(w[2].m_mapperIndex, -1);
-	EXPECT_EQ(w[3].m_mapperIndex, 1);
-	EXPECT_EQ(thrown([&h]() { h.removeMappers(1, 2); }).second, "Invalid arguments row or count.");
-	EXPECT_EQ(modified.last()[0].toInt(), OVP::ProjectHandler::MapperRemoved);
-}
 
 
 TEST_F(ProjectHandlerTest, RefreshAllMappersFollowsFiles) {

@@ -24,6 +24,15 @@ int MessageRecorder::count(ZEB::MsgType type, const std::string & text, const st
 }
 
 
+std::string MessageRecorder::text(int type) const {
+	std::string all;
+	for (const RecordedMessage & m : m_messages)
+		if (type == -1 || m.m_type == type)
+			all += m.m_text + "\n";
+	return all;
+}
+
+
 namespace {
 
 /*! The next prepared reply; an exhausted list fails the test and gives none. */

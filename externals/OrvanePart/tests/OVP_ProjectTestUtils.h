@@ -44,6 +44,8 @@ public:
 
 	/*! Number of messages of this type, text and origin. */
 	int count(ZEB::MsgType type, const std::string & text, const std::string & where) const;
+	/*! The texts of the messages of a type (of all for -1), each ending a line. */
+	std::string text(int type = -1) const;
 
 	std::vector<RecordedMessage>	m_messages;
 };

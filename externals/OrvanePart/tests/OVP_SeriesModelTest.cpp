@@ -71,10 +71,11 @@ TEST_F(SeriesModelTest, MapperWithoutExtractors) {
 			  QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
 	model.setAxisData(QString("$quantity [$unit]"), CM::LeftAxis, CM::AxisTitleText);
 	EXPECT_EQ(model.axisData(CM::LeftAxis, CM::AxisTitle).toString(), "$quantity [" + QString::fromStdString(ZEB::Unit().name()) + "]");
+	EXPECT_EQ(OVP::SeriesColorGridExtractorModel(&empty).seriesCount(), 0u);
 }
 
 
-TEST_F(SeriesModelTest, RightAxisFollowsSeries) {
+TEST_F(SeriesModelTest, RightAxisFollowsSeriesWithDistinctColours) {
 	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
 	m.addExtractor({ { m_dir + "/T.out" } });
 	OVP::SeriesLineExtractorModel & model = lineModel(m);
@@ -94,23 +95,14 @@ TEST_F(SeriesModelTest, RightAxisFollowsSeries) {
 	EXPECT_TRUE(handler().isModified());
 	ASSERT_TRUE(model.setSeriesData(true, 1, LM::SeriesLeftAxis));
 	EXPECT_FALSE(model.axisData(CM::RightAxis, CM::AxisEnabled).toBool());
-}
 
-
-TEST_F(SeriesModelTest, NewSeriesGetDistinctColours) {
-	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" } });
-	m.addExtractor({ { m_dir + "/T.out" } });
+	// new series get distinct colours, none the model's default black
 	m.addExtractor({ { m_dir + "/RH.out" } });
-	const OVP::SeriesLineExtractorModel & model = lineModel(m);
-	ASSERT_EQ(model.seriesCount(), 3u);
 	std::set<QRgb> colours;
-	for (int i = 0; i < 3; ++i) {
-		const QColor c = model.seriesData(i, LM::SeriesPenColor).value<QColor>();
-		// the model default is black, which would make the curves indistinguishable
-		EXPECT_NE(c, QColor(Qt::black));
-		colours.insert(c.rgb());
-	}
+	for (int i = 0; i < 3; ++i)
+		colours.insert(model.seriesData(i, LM::SeriesPenColor).value<QColor>().rgb());
 	EXPECT_EQ(colours.size(), 3u);
+	EXPECT_EQ(colours.count(QColor(Qt::black).rgb()), 0u);
 }
 
 
@@ -199,42 +191,26 @@ TEST_F(SeriesModelTest, RenamingSeries) {
 
 
 TEST_F(SeriesModelTest, ModelParameter) {
-	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction");
-	m.addExtractor({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "ParametricFunction");
-	EXPECT_EQ(handler().saveProject(nullptr, m_dir + "/p.o2"), OVP::ProjectHandler::SaveOK);
-	OVP::SeriesLineExtractorModel & model = lineModel(m);
-	ASSERT_EQ(model.seriesCount(), 2u);
-	try {
-		model.setModelParameter(0, "this is no parameter text");
-		ADD_FAILURE() << "no exception";
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_EQ(ex.messages().back().m_what, "Invalid parameter or model.");
-		EXPECT_EQ(ex.messages().back().m_where, "[SeriesLineExtractorModel::setModelParameter]");
-		EXPECT_GE(ex.messages().size(), 2u);
-	}
-	EXPECT_FALSE(handler().isModified());
-
-	// a time series has no model: nothing happens
-	OVP::Mapper & plain = addMapper({ { m_dir + "/T.out" } });
-	lineModel(plain).setModelParameter(0, "anything");
-	EXPECT_FALSE(handler().isModified());
-	EXPECT_EQ(lineModel(plain).cutType(0), 0);
-	EXPECT_EQ(model.cutType(0), 0);
-}
-
-
-TEST_F(SeriesModelTest, ModelParameterUpdatesSeries) {
 	OVP::Mapper & m = addMapper({ { m_dir + "/T.out" }, { m_dir + "/RH.out" } }, "VTTMouldModel");
 	OVP::SeriesLineExtractorModel & model = lineModel(m);
 	const EM::Extractor2DFromTwo2D * extractor = dynamic_cast<const EM::Extractor2DFromTwo2D *>(
 		m.extractors2D()[0].m_extractor.get());
 	ASSERT_NE(extractor, nullptr);
 	QSignalSpy changed(m.chartModel(), &SCI::AbstractChartModel::seriesChanged);
+	const auto refused = thrown([&model]() { model.setModelParameter(0, "this is no parameter text"); });
+	EXPECT_EQ(refused, std::make_pair(std::string("[SeriesLineExtractorModel::setModelParameter]"),
+									  std::string("Invalid parameter or model.")));
+	EXPECT_FALSE(handler().isModified());
+	EXPECT_EQ(changed.count(), 0);
 	model.setModelParameter(0, "MC 2 SC 3 DC 1");
 	EXPECT_EQ(extractor->model().parameter(), "MC 2 SC 3 DC 1");
 	EXPECT_EQ(changed.count(), 1);
 	EXPECT_TRUE(handler().isModified());
+
+	// a time series has no model: nothing happens
+	OVP::Mapper & plain = addMapper({ { m_dir + "/T.out" } });
+	lineModel(plain).setModelParameter(0, "anything");
+	EXPECT_FALSE(handler().isModified());
 }
 
 
@@ -246,6 +222,7 @@ TEST_F(SeriesModelTest, CutTypeOfFieldSeries) {
 	EXPECT_EQ(lineModel(m).cutType(0), EM::CT_XCut);
 	OVP::Mapper & profile = addMapper({ { m_dir + "/profile.out", 0, EM::CT_TimeCut } });
 	EXPECT_EQ(lineModel(profile).cutType(0), EM::CT_TimeCut);
+	EXPECT_EQ(lineModel(addMapper({ { m_dir + "/T.out" } })).cutType(0), EM::CT_NoCut);
 	// the profile at the last time point, in metres along x
 	const OVP::SeriesLineExtractorModel & p = lineModel(profile);
 	ASSERT_EQ(p.size(0), 4u);
@@ -293,10 +270,6 @@ TEST_F(SeriesModelTest, ColorGridModel) {
 		*handler().project().mapperModel()->mapper(0)->chartModel());
 	EXPECT_NEAR(loaded.values(0)[5], 285.15, 1e-9);
 	EXPECT_NEAR(loaded.xGrid(0)[1], 10, 1e-9);
-
-	OVP::Mapper empty(handler().dataManager());
-	OVP::SeriesColorGridExtractorModel none(&empty);
-	EXPECT_EQ(none.seriesCount(), 0u);
 }
 
 

@@ -1,9 +1,9 @@
 #include "OVP_ProjectTestUtils.h"
 
-#include <QDir>
-#include <QFile>
 #include <QLocale>
 #include <QSettings>
+
+#include <tuple>
 
 #include <OVP_FileReaderRegistry.h>
 #include <OVP_Settings.h>
@@ -14,13 +14,7 @@ namespace {
 
 /*! Path of a fresh INI file in the scratch directory. */
 QString iniFile(const QString & name) {
-	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
-	if (base.isEmpty())
-		base = QDir::temp().filePath("OrvanePartTests");
-	QDir().mkpath(base);
-	const QString path = QDir(base).filePath(name + ".ini");
-	QFile::remove(path);
-	return path;
+	return OVPTest::scratchDir("settings-" + name) + "/settings.ini";
 }
 
 } // namespace
@@ -85,56 +79,36 @@ TEST(OVPSettings, Defaults) {
 }
 
 
+namespace {
+
+/*! Every stored member of the settings, as references. */
+auto storedMembers(OVP::Settings & s) {
+	return std::tie(s.m_lastProjectFile, s.m_recentProjects, s.m_maxRecentProjects, s.m_langId,
+		s.m_userLogLevelConsole, s.m_userLogLevelLogfile, s.m_userColoring, s.m_decimalPlaces, s.m_fileNameFilter,
+		s.m_excludedDirNames, s.m_writeAll, s.m_startWithLastSession, s.m_chartStyleFileLastUsed,
+		s.m_newestRejectedVersion, s.m_chartVectorExportDimensionHistory, s.m_exportHeadersEnabled,
+		s.m_exportGermanFormatEnabled, s.m_exportSeperateLinesForUnitsEnabled, s.m_panelEastVisible,
+		s.m_panelWestVisible, s.m_panelSouthVisible);
+}
+
+} // namespace
+
+
 TEST(OVPSettings, RoundTripOfEveryKey) {
 	const QString file = iniFile("roundtrip");
+	// every value differs from its default
+	const auto written = std::make_tuple(QString("/p/last.o2"), QStringList{ "/p/last.o2", "/p/older.o2" }, 4u,
+		QString("de"), 2, 3, true, 3, QStringList{ "*.d6o" }, QStringList{ ".git", ".svn", "build" }, true, false,
+		QString("/styles/dark.o2style"), QString("2.4.1"), QStringList{ "800x600", "160x90" }, false, 1, true, false,
+		true, false);
 	{
 		OVP::Settings s("ZEB", "OrvanePart", file);
-		s.m_lastProjectFile = "/p/last.o2";
-		s.m_recentProjects = QStringList{ "/p/last.o2", "/p/older.o2" };
-		s.m_maxRecentProjects = 4;
-		s.m_langId = "de";
-		s.m_userLogLevelConsole = 2;
-		s.m_userLogLevelLogfile = 3;
-		s.m_userColoring = true;
-		s.m_decimalPlaces = 3;
-		s.m_fileNameFilter = QStringList{ "*.d6o" };
-		s.m_excludedDirNames = QStringList{ ".git", ".svn", "build" };
-		s.m_writeAll = true;
-		s.m_startWithLastSession = false;
-		s.m_chartStyleFileLastUsed = "/styles/dark.o2style";
-		s.m_newestRejectedVersion = "2.4.1";
-		s.m_chartVectorExportDimensionHistory = QStringList{ "800x600", "160x90" };
-		s.m_exportHeadersEnabled = false;
-		s.m_exportGermanFormatEnabled = 1;
-		s.m_exportSeperateLinesForUnitsEnabled = true;
-		s.m_panelEastVisible = false;
-		s.m_panelWestVisible = true;
-		s.m_panelSouthVisible = false;
+		storedMembers(s) = written;
 		s.write(QByteArray("g"), QByteArray("s"));
 	}
 	OVP::Settings r("ZEB", "OrvanePart", file);
 	r.read();
-	EXPECT_EQ(r.m_lastProjectFile, "/p/last.o2");
-	EXPECT_EQ(r.m_recentProjects, (QStringList{ "/p/last.o2", "/p/older.o2" }));
-	EXPECT_EQ(r.m_maxRecentProjects, 4u);
-	EXPECT_EQ(r.m_langId, "de");
-	EXPECT_EQ(r.m_userLogLevelConsole, 2);
-	EXPECT_EQ(r.m_userLogLevelLogfile, 3);
-	EXPECT_TRUE(r.m_userColoring);
-	EXPECT_EQ(r.m_decimalPlaces, 3);
-	EXPECT_EQ(r.m_fileNameFilter, QStringList{ "*.d6o" });
-	EXPECT_EQ(r.m_excludedDirNames, (QStringList{ ".git", ".svn", "build" }));
-	EXPECT_TRUE(r.m_writeAll);
-	EXPECT_FALSE(r.m_startWithLastSession);
-	EXPECT_EQ(r.m_chartStyleFileLastUsed, "/styles/dark.o2style");
-	EXPECT_EQ(r.m_newestRejectedVersion, "2.4.1");
-	EXPECT_EQ(r.m_chartVectorExportDimensionHistory, (QStringList{ "800x600", "160x90" }));
-	EXPECT_FALSE(r.m_exportHeadersEnabled);
-	EXPECT_EQ(r.m_exportGermanFormatEnabled, 1);
-	EXPECT_TRUE(r.m_exportSeperateLinesForUnitsEnabled);
-	EXPECT_FALSE(r.m_panelEastVisible);
-	EXPECT_TRUE(r.m_panelWestVisible);
-	EXPECT_FALSE(r.m_panelSouthVisible);
+	EXPECT_EQ(storedMembers(r), written);
 
 	// empty lists stay empty, even where the default is not empty
 	r.m_fileNameFilter.clear();

@@ -9,28 +9,17 @@
 #include <sstream>
 
 #include <ZEB_Exception.h>
-#include <ZEB_MessageHandler.h>
 
 #include <DATAIO_DataIO.h>
 
 #include <OVP_FileReaderRegistry.h>
 #include <OVP_TableReader.h>
 
+#include "OVP_ProjectTestUtils.h"
+
 namespace {
 
 namespace fs = std::filesystem;
-
-/*! Collects the warnings sent while it is the current message handler. */
-class WarningCatcher : public ZEB::MessageHandler {
-public:
-	WarningCatcher() { ZEB::MessageHandler::setCurrent(this); }
-	~WarningCatcher() override { ZEB::MessageHandler::setCurrent(nullptr); }
-	void message(const std::string & msg, ZEB::MsgType type, const char *, int) override {
-		if (type == ZEB::MSG_WARNING)
-			m_warnings += msg + "\n";
-	}
-	std::string m_warnings;
-};
 
 std::vector<std::string> tabFields(const std::string & line) {
 	std::vector<std::string> fields;
@@ -63,7 +52,7 @@ void checkAgainstExpectation(const fs::path & expectation) {
 
 	const OVP::FileReader * reader = OVP::FileReaderRegistry::instance().readerFor(dataFile);
 	ASSERT_NE(reader, nullptr);
-	WarningCatcher warnings;
+	OVPTest::MessageRecorder warnings;
 	DATAIO::DataIO header, dio;
 	try {
 		reader->readHeader(dataFile, header);
@@ -90,7 +79,7 @@ void checkAgainstExpectation(const fs::path & expectation) {
 		else if (key == "time_unit")
 			EXPECT_EQ(dio.timeUnit(), item[1]);
 		else if (key == "warning")
-			EXPECT_NE(warnings.m_warnings.find(item[1]), std::string::npos) << warnings.m_warnings;
+			EXPECT_NE(warnings.text(ZEB::MSG_WARNING).find(item[1]), std::string::npos) << warnings.text();
 		else if (key == "column") {
 			EXPECT_EQ(dio.columnQuantity(column), item[1]);
 			EXPECT_EQ(dio.columnUnit(column), item[2]);
@@ -174,7 +163,7 @@ TEST(TableReader, HostileInputsGiveClearMessages) {
 	};
 	const std::string scratch = std::getenv("ORVANE_TEST_SCRATCH");
 	const OVP::TableReader tableReader;
-	WarningCatcher quiet;
+	OVPTest::MessageRecorder quiet;
 	for (const auto & c : cases) {
 		const std::string path = scratch + "/" + c.m_name;
 		std::ofstream(path, std::ios::binary) << c.m_content;

@@ -125,11 +125,12 @@ DATAIO::DataIO readBack(const QString & path) {
 } // namespace
 
 
-// The Tecplot files of the corner's field and heat flux, read by meshio. Field: in every zone each
-// element that the output lists is one cell, which has the element's value at the zone's solution
-// time. Flux: the vectors of the vector chart, one cell per vector covering its element, with the
-// components and their magnitude.
-TEST(ConverterTest, CornerReadByMeshio) {
+// Tecplot files read by meshio. Corner field: in every zone each element that the output lists is
+// one cell, which has the element's value at the zone's solution time. Corner heat flux: the
+// vectors of the vector chart, one cell per vector covering its element, with the components and
+// their magnitude. Flux through the lower row of the plane (a 1D grid of sides): the sides' values
+// at their positions, joined by segments.
+TEST(ConverterTest, TecplotFilesReadByMeshio) {
 	const QString dir = testScratchDir();
 	OVP::FieldOutputFile corner(writeCorner(dir));
 	OVP::TecplotConverter converter(corner);
@@ -180,49 +181,26 @@ TEST(ConverterTest, CornerReadByMeshio) {
 	EXPECT_EQ(chartVectors.size(), dio.nums().size());
 	EXPECT_EQ(fileVectors, chartVectors);
 	EXPECT_NE(readText(dir + "/flux.dat").indexOf("\"q_x [W/m2]\" \"q_y [W/m2]\" \"|q| [W/m2]\""), -1);
-}
 
-
-// The flux of the lower row of the plane (a one-dimensional grid of sides): the Tecplot file has
-// the sides' values at their positions, joined by segments; history and profile slices stay flux
-// outputs with hand-picked values, the history equal to the chart's series of the side.
-TEST(ConverterTest, FluxOfLine) {
-	const QString dir = testScratchDir();
 	writePlane(dir);
-	OVP::FieldOutputFile flux(dir + "/flux.out");
-	OVP::TecplotConverter(flux).write(dir + "/flux.dat");
-	const std::vector<MeshioZone> zones = readByMeshio(dir + "/flux.dat");
-	ASSERT_EQ(zones.size(), 2u);
-	EXPECT_EQ(zones[1].m_time, 1);
-	ASSERT_EQ(zones[1].m_points.size(), 4u);
+	OVP::FieldOutputFile line(dir + "/flux.out");
+	OVP::TecplotConverter(line).write(dir + "/line.dat");
+	const std::vector<MeshioZone> lineZones = readByMeshio(dir + "/line.dat");
+	ASSERT_EQ(lineZones.size(), 2u);
+	EXPECT_EQ(lineZones[1].m_time, 1);
+	EXPECT_EQ(lineZones[1].m_cells.size(), 3u);
+	ASSERT_EQ(lineZones[1].m_points.size(), 4u);
 	for (std::size_t p = 0; p < 4; ++p) {
-		EXPECT_NEAR(zones[1].m_points[p].at(0), 0.1*static_cast<double>(p), 1e-12);
-		EXPECT_NEAR(zones[1].m_points[p].at(1), 0.1, 1e-12);
-		EXPECT_EQ(zones[1].m_points[p].at(2), static_cast<double>(p + 5));
+		EXPECT_NEAR(lineZones[1].m_points[p].at(0), 0.1*static_cast<double>(p), 1e-12);
+		EXPECT_NEAR(lineZones[1].m_points[p].at(1), 0.1, 1e-12);
+		EXPECT_EQ(lineZones[1].m_points[p].at(2), static_cast<double>(p + 5));
 	}
-	EXPECT_EQ(zones[1].m_cells.size(), 3u);
-
-	OVP::SliceWriter writer(flux);
-	writer.writeHistory(2, dir + "/h.out");
-	DATAIO::DataIO history = readBack(dir + "/h.out");
-	EXPECT_EQ(history.type(), DATAIO::DataIO::T_FLUX);
-	EXPECT_EQ(history.quantity(), "Heat flux, history of side 2");
-	const std::vector<double> historyValues = { history.data(0)[0], history.data(1)[0] };
-	EXPECT_EQ(historyValues, std::vector<double>({ 3, 7 }));
-	EXPECT_EQ(historyValues, chartSeries(flux, EM::CT_XCut, { { EM::CD_X, 0.2 } }));
-
-	// read with its geometry, the profile's numbers are the sides along x
-	writer.writeProfile(1, 0, 1, dir + "/p.out");
-	OVP::FieldOutputFile profile(dir + "/p.out");
-	EXPECT_EQ(profile.dataIO().dataFormat(), DATAIO::DataIO::DF_3D);
-	EXPECT_EQ(profile.dataIO().nums(), std::vector<std::uint32_t>({ 0, 1, 2, 3 }));
-	EXPECT_EQ(std::vector<double>(profile.dataIO().data(0), profile.dataIO().data(0) + 4),
-			  std::vector<double>({ 5, 6, 7, 8 }));
 }
 
 
-// History and profiles of the plane against hand-picked values; the files are written into a
-// sub-folder, so the geometry is found through the rewritten relative GEO_FILE.
+// History and profiles of the plane's field and of the flux through its lower row (sides taking
+// the place of elements, the slices staying flux outputs) against hand-picked values; the files
+// are written into a sub-folder, so the geometry is found through the rewritten relative GEO_FILE.
 TEST(ConverterTest, SlicesOfPlane) {
 	const QString dir = testScratchDir();
 	OVP::FieldOutputFile plane(writePlane(dir));
@@ -250,6 +228,21 @@ TEST(ConverterTest, SlicesOfPlane) {
 	EXPECT_EQ(std::vector<double>(column.dataIO().dataVector(), column.dataIO().dataVector() + 4),
 			  std::vector<double>({ 2, 5, 8, 11 }));
 	EXPECT_EQ(column.dataIO().geoFileName(), "../wall.g6a");
+
+	OVP::FieldOutputFile flux(dir + "/flux.out");
+	OVP::SliceWriter(flux).writeHistory(2, dir + "/slices/fh.out");
+	DATAIO::DataIO fluxHistory = readBack(dir + "/slices/fh.out");
+	EXPECT_EQ(fluxHistory.type(), DATAIO::DataIO::T_FLUX);
+	EXPECT_EQ(fluxHistory.quantity(), "Heat flux, history of side 2");
+	const std::vector<double> fluxValues = { fluxHistory.data(0)[0], fluxHistory.data(1)[0] };
+	EXPECT_EQ(fluxValues, std::vector<double>({ 3, 7 }));
+	EXPECT_EQ(fluxValues, chartSeries(flux, EM::CT_XCut, { { EM::CD_X, 0.2 } }));
+	// read with its geometry, the profile's numbers are the sides along x
+	OVP::SliceWriter(flux).writeProfile(1, 0, 1, dir + "/slices/fx.out");
+	OVP::FieldOutputFile fluxRow(dir + "/slices/fx.out");
+	EXPECT_EQ(fluxRow.dataIO().dataFormat(), DATAIO::DataIO::DF_3D);
+	EXPECT_EQ(std::vector<double>(fluxRow.dataIO().data(0), fluxRow.dataIO().data(0) + 4),
+			  std::vector<double>({ 5, 6, 7, 8 }));
 }
 
 

@@ -30,6 +30,12 @@ namespace {
 
 const char * const DIRECTION_NAMES[3] = { "x", "y", "z" };
 
+/*! The position of an element or side. */
+template <typename T>
+QString positionText(const T & item) {
+	return ConvertDialog::tr("x = %1 m, y = %2 m, z = %3 m").arg(item.m_x).arg(item.m_y).arg(item.m_z);
+}
+
 } // namespace
 
 
@@ -53,7 +59,9 @@ ConvertDialog::ConvertDialog(Mode mode, std::unique_ptr<OVP::FieldOutputFile> fi
 	}
 	else {
 		m_kind = new QComboBox;
-		m_kind->addItems({ tr("History at the element"), tr("Profile at one time point"),
+		// the slices of a flux output run through sides
+		const bool flux = m_file->isFlux();
+		m_kind->addItems({ flux ? tr("History at the side") : tr("History at the element"), tr("Profile at one time point"),
 						   tr("Profile over all time points") });
 		const std::vector<std::uint32_t> & nums = m_file->dataIO().nums();
 		m_element = new QSpinBox;
@@ -67,7 +75,7 @@ ConvertDialog::ConvertDialog(Mode mode, std::unique_ptr<OVP::FieldOutputFile> fi
 			m_direction->addItem(DIRECTION_NAMES[grid.direction(d)], grid.direction(d));
 		m_time = timeCombo();
 		form->addRow(tr("Slice:"), m_kind);
-		form->addRow(tr("Element:"), m_element);
+		form->addRow(flux ? tr("Side:") : tr("Element:"), m_element);
 		form->addRow(QString(), m_position);
 		form->addRow(tr("Direction:"), m_direction);
 		form->addRow(tr("Time point:"), m_time);
@@ -139,13 +147,15 @@ QComboBox * ConvertDialog::timeCombo() const {
 
 void ConvertDialog::updateSliceFields() {
 	const std::vector<std::uint32_t> & nums = m_file->dataIO().nums();
-	const std::uint32_t element = static_cast<std::uint32_t>(m_element->value());
-	const std::vector<DATAIO::GeoFile::Element> & elements = m_file->geometry().elements();
-	if (std::find(nums.begin(), nums.end(), element) == nums.end() || element >= elements.size())
+	const std::uint32_t number = static_cast<std::uint32_t>(m_element->value());
+	const DATAIO::GeoFile & geometry = m_file->geometry();
+	const std::size_t count = m_file->isFlux() ? geometry.sides().size() : geometry.elements().size();
+	if (std::find(nums.begin(), nums.end(), number) == nums.end() || number >= count)
 		m_position->setText(tr("not in this output"));
+	else if (m_file->isFlux())
+		m_position->setText(positionText(geometry.sides()[number]));
 	else
-		m_position->setText(tr("x = %1 m, y = %2 m, z = %3 m").arg(elements[element].m_x)
-							.arg(elements[element].m_y).arg(elements[element].m_z));
+		m_position->setText(positionText(geometry.elements()[number]));
 	m_direction->setEnabled(m_kind->currentIndex() != 0);
 	m_time->setEnabled(m_kind->currentIndex() == 1);
 }

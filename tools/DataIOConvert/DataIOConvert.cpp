@@ -1,5 +1,5 @@
-// DataIOConvert: converts a field output (with its geometry) to a Tecplot ASCII data file, or
-// cuts a slice of it into a new output file in the simulation program's own format:
+// DataIOConvert: converts a field or flux output (with its geometry) to a Tecplot ASCII data file,
+// or cuts a slice of it into a new output file in the simulation program's own format:
 //   DataIOConvert tecplot IN OUT.dat [--from=I] [--to=I]
 //   DataIOConvert history IN OUT --element=N
 //   DataIOConvert profile IN OUT --direction=x|y|z --element=N (--time=I | --all-times)
@@ -35,13 +35,16 @@ public:
 const char * const COMMANDS_HELP =
 	"Commands:\n"
 	"  tecplot IN OUT [--from=I] [--to=I]\n"
-	"      Writes the element values of the field output IN on its grid as Tecplot ASCII\n"
-	"      data file OUT, one zone per time point (all, or the indexes I to I).\n"
+	"      Writes the output IN on its grid as Tecplot ASCII data file OUT, one zone per time\n"
+	"      point (all, or the indexes I to I): the element values of a field output, the flux\n"
+	"      vectors per element of a flux output of a 2D grid, the flux at each side of a flux\n"
+	"      output of a 1D grid.\n"
 	"  history IN OUT --element=N\n"
 	"      Writes the values of element N at every time point as a new output file.\n"
 	"  profile IN OUT --direction=x|y|z --element=N (--time=I | --all-times)\n"
 	"      Writes the values along the grid line through element N in the direction, at time\n"
-	"      point index I or at all time points, as a new field output file.\n"
+	"      point index I or at all time points, as a new output file.\n"
+	"For a flux output of a 1D grid, N is a side number; fluxes of larger grids have no slices.\n"
 	"Time points are given by their index, counted from 0.\n";
 
 /*! A wrong command line: the message goes to standard error and the program exits with 2. */
@@ -116,10 +119,10 @@ int main(int argc, char * argv[]) {
 		args.setArgumentsHint("COMMAND IN OUT");
 		args.addOption("from", "tecplot: first time point index to write (default 0).", "I");
 		args.addOption("to", "tecplot: last time point index to write (default the last one).", "I");
-		args.addOption("element", "history, profile: the element the cut goes through.", "N");
+		args.addOption("element", "history, profile: the element (of a flux output: the side) the cut goes through.", "N");
 		args.addOption("direction", "profile: the direction of the grid line.", "x|y|z");
 		args.addOption("time", "profile: the time point index of the profile.", "I");
-		args.addFlag("all-times", "profile: the profile at every time point (a field output).");
+		args.addFlag("all-times", "profile: the profile at every time point.");
 		try {
 			args.parse(argc, argv);
 		}

@@ -62,6 +62,13 @@ bool ExtractorVecFromFluxField::canUpdate() {
 }
 
 
+void ExtractorVecFromFluxField::clearOutput() {
+	ExtractorVecOutputBase::clearOutput();
+	m_cellEdges[0].clear();
+	m_cellEdges[1].clear();
+}
+
+
 void ExtractorVecFromFluxField::doUpdate() {
 	FUNCID(ExtractorVecFromFluxField::doUpdate);
 	extractIntoClearedOutput([this]() { extract(); }, FUNC_ID);
@@ -146,6 +153,9 @@ void ExtractorVecFromFluxField::extract() {
 	grid.buildFromElements(*geometry, fluxElements, directions);
 	m_x.m_data = grid.centres(0);
 	m_y.m_data = grid.centres(1);
+	m_planeDirections = { { directions[0], directions[1] } };
+	m_cellEdges[0] = grid.edges(0);
+	m_cellEdges[1] = grid.edges(1);
 	m_x.m_unit = ZEB::Unit("m");
 	m_y.m_unit = ZEB::Unit("m");
 	const std::size_t nx = grid.cellCount(0);

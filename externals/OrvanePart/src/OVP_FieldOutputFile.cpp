@@ -5,6 +5,8 @@
 
 #include <DATAIO_GeoFile.h>
 
+#include <EM_ExtractorBase.h>
+
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 
@@ -48,6 +50,14 @@ void FieldOutputFile::checkTimeRange(unsigned int first, unsigned int last) cons
 		throw ZEB::Exception(ZEB::MessageFormat("Time point indexes %1 to %2 lie outside output file '%3', which has "
 			"%4 time points (indexes 0 to %5).").arg(first).arg(last).arg(m_path.toStdString())
 			.arg(static_cast<unsigned long>(count)).arg(static_cast<unsigned long>(count - 1)), FUNC_ID);
+}
+
+
+void FieldOutputFile::runExtractor(EM::ExtractorBase & extractor, const char * functionId) const {
+	extractor.update();
+	if (extractor.status() != EM::ExtractorBase::US_UpToDate)
+		throw ZEB::Exception(ZEB::MessageFormat("The values cannot be extracted from output file '%1' "
+			"(the log tells why).").arg(m_path.toStdString()), functionId);
 }
 
 

@@ -11,6 +11,10 @@ namespace DATAIO {
 class GeoFile;
 }
 
+namespace EM {
+class ExtractorBase;
+}
+
 namespace OVP {
 
 /*! An output file of values over a construction grid (a field or flux output, data format 3D,
@@ -42,6 +46,11 @@ public:
 		ZEB::Exception for a file without time points and for a range outside the file.
 	*/
 	void checkTimeRange(unsigned int first, unsigned int last) const;
+	/*! Updates an extractor of this file; throws ZEB::Exception with the caller's function id
+		when it did not get up to date (the extractor has reported the cause to the message
+		handler).
+	*/
+	void runExtractor(EM::ExtractorBase & extractor, const char * functionId) const;
 
 private:
 	/*! Reads the geometry file of a generation-6 output and decides the data format. */

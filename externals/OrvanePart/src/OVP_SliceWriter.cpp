@@ -30,16 +30,6 @@ namespace {
 
 const char * const DIRECTION_NAMES[3] = { "x", "y", "z" };
 
-/*! Runs the extractor's update; throws when it did not get up to date (the extractor has
-	reported the cause through the message handler).
-*/
-void runExtractor(EM::ExtractorBase & extractor, const QString & path, const char * functionId) {
-	extractor.update();
-	if (extractor.status() != EM::ExtractorBase::US_UpToDate)
-		throw ZEB::Exception(ZEB::MessageFormat("The values of the cut cannot be extracted from output file '%1' "
-			"(the log tells why).").arg(path.toStdString()), functionId);
-}
-
 } // namespace
 
 
@@ -62,15 +52,16 @@ void SliceWriter::writeHistory(std::uint32_t element, const QString & target) {
 			cutType((1u << dims) - 1, false), m_input.sharedGeometry());
 		for (unsigned int d = 0; d < dims; ++d)
 			extractor->setCutIndex(d, cells[d], false);
-		runExtractor(*extractor, m_input.path(), FUNC_ID);
+		m_input.runExtractor(*extractor, FUNC_ID);
 		const EM::Extractor2DOutputBase & series = dynamic_cast<const EM::Extractor2DOutputBase &>(*extractor);
 
-		const std::string quantity = ZEB::MessageFormat("%1, history of element %2").arg(dataIO.quantity()).arg(element).str();
+		const std::string quantity = ZEB::MessageFormat("%1, history of %2 %3").arg(dataIO.quantity())
+			.arg(itemName()).arg(element).str();
 		writeFile(sliceHeader({ element }, quantity, target), series.x().m_data, series.y().m_data, target);
 	}
 	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Writing the history of element %1 of '%2' to '%3' failed.")
-							 .arg(element).arg(m_input.path().toStdString()).arg(target.toStdString()), FUNC_ID);
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Writing the history of %1 %2 of '%3' to '%4' failed.")
+							 .arg(itemName()).arg(element).arg(m_input.path().toStdString()).arg(target.toStdString()), FUNC_ID);
 	}
 }
 
@@ -106,7 +97,7 @@ void SliceWriter::writeProfile(std::uint32_t element, unsigned int direction, un
 				extractor->setCutIndex(d, cells[d], false);
 		if (!allTimes)
 			extractor->setTimeCutIndex(timeIndex, true, false);
-		runExtractor(*extractor, m_input.path(), FUNC_ID);
+		m_input.runExtractor(*extractor, FUNC_ID);
 
 		// the elements of the cells on the line, in the order the extractor gives their values
 		std::vector<std::ptrdiff_t> columns;
@@ -119,8 +110,8 @@ void SliceWriter::writeProfile(std::uint32_t element, unsigned int direction, un
 
 		std::vector<double> timePoints;
 		std::vector<double> values;
-		ZEB::MessageFormat quantity("%1, profile in %2 direction through element %3");
-		quantity.arg(dataIO.quantity()).arg(DIRECTION_NAMES[direction]).arg(element);
+		ZEB::MessageFormat quantity("%1, profile in %2 direction through %3 %4");
+		quantity.arg(dataIO.quantity()).arg(DIRECTION_NAMES[direction]).arg(itemName()).arg(element);
 		if (allTimes) {
 			const EM::Extractor3DOutputBase & field = dynamic_cast<const EM::Extractor3DOutputBase &>(*extractor);
 			timePoints = field.x().m_data;
@@ -142,28 +133,36 @@ void SliceWriter::writeProfile(std::uint32_t element, unsigned int direction, un
 		writeFile(sliceHeader(elements, quantity.str(), target), timePoints, values, target);
 	}
 	catch (ZEB::Exception & ex) {
-		throw ZEB::Exception(ex, ZEB::MessageFormat("Writing a profile through element %1 of '%2' to '%3' failed.")
-							 .arg(element).arg(m_input.path().toStdString()).arg(target.toStdString()), FUNC_ID);
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Writing a profile through %1 %2 of '%3' to '%4' failed.")
+							 .arg(itemName()).arg(element).arg(m_input.path().toStdString()).arg(target.toStdString()), FUNC_ID);
 	}
 }
 
 
 std::vector<unsigned int> SliceWriter::elementCells(std::uint32_t element, EM::SpaceGrid & grid) const {
 	FUNCID(SliceWriter::elementCells);
-	if (m_input.isFlux())
-		throw ZEB::Exception(ZEB::MessageFormat("Output file '%1' holds fluxes across the sides of the grid; slices are "
-			"cut from the element values of field outputs.").arg(m_input.path().toStdString()), FUNC_ID);
+	// the sides of a flux output of a one-dimensional grid lie along a line as elements do; the
+	// fluxes of larger grids are shown as vectors only and have no cut
+	if (m_input.isFlux() && m_input.dataIO().dataFormat() != DATAIO::DataIO::DF_3D)
+		throw ZEB::Exception(ZEB::MessageFormat("Output file '%1' holds fluxes across the sides of a grid in more than "
+			"one direction, which the charts show as vectors; slices are cut from fluxes of one-dimensional grids "
+			"(and from field outputs) only.").arg(m_input.path().toStdString()), FUNC_ID);
 	grid.build(m_input.dataIO(), m_input.geometry(), EM::FieldCut::spaceDimensionCount(m_input.dataIO().dataFormat()));
 	const std::vector<std::uint32_t> & nums = m_input.dataIO().nums();
 	const auto it = std::find(nums.begin(), nums.end(), element);
 	if (it == nums.end())
-		throw ZEB::Exception(ZEB::MessageFormat("Element %1 is not listed in output file '%2'.")
-							 .arg(element).arg(m_input.path().toStdString()), FUNC_ID);
+		throw ZEB::Exception(ZEB::MessageFormat("%1 %2 is not listed in output file '%3'.")
+							 .arg(m_input.isFlux() ? "Side" : "Element").arg(element).arg(m_input.path().toStdString()), FUNC_ID);
 	const std::size_t column = static_cast<std::size_t>(it - nums.begin());
 	std::vector<unsigned int> cells;
 	for (unsigned int d = 0; d < grid.dimensionCount(); ++d)
 		cells.push_back(grid.cell(column, d));
 	return cells;
+}
+
+
+const char * SliceWriter::itemName() const {
+	return m_input.isFlux() ? "side" : "element";
 }
 
 
@@ -183,7 +182,8 @@ DATAIO::DataIO SliceWriter::sliceHeader(const std::vector<std::uint32_t> & eleme
 	DATAIO::DataIO header;
 	header.setBinary(source.isBinary());
 	header.setNums(elements);
-	header.setType(DATAIO::DataIO::T_FIELD);
+	// a flux slice stays a flux output, so that its numbers are looked up among the sides
+	header.setType(source.type());
 	header.setSpaceType(DATAIO::DataIO::ST_SINGLE);
 	header.setTimeType(source.timeType());
 	header.setProjectFileName(source.projectFileName());

@@ -21,7 +21,9 @@ class FieldOutputFile;
 /*! Cuts a field output down to a new output file in the simulation program's own format, read
 	like any result: the history at one element (one value per time point), or the profile along
 	the grid row or column through an element, at one time point or over all of them (a field
-	output of the elements on the line, with the same geometry).
+	output of the elements on the line, with the same geometry). A flux output of a
+	one-dimensional grid is cut alike, its sides taking the place of the elements; the slice
+	stays a flux output. Fluxes of larger grids are refused: the charts show them as vectors only.
 
 	The cuts are made by the extractors that the charts use, so that a slice holds exactly what a
 	chart of the same cut shows. The new file keeps the variant (ASCII or binary) and the
@@ -36,9 +38,10 @@ public:
 
 	explicit SliceWriter(FieldOutputFile & input);
 
-	/*! Writes the values of the element at every time point. Throws ZEB::Exception for a flux
-		output, an element the output does not list and a target that cannot be written; no file
-		is left behind then.
+	/*! Writes the values of the element (the side of a flux output) at every time point.
+		Throws ZEB::Exception for a flux output of a grid in more than one direction, an element
+		the output does not list and a target that cannot be written; no file is left behind
+		then.
 	*/
 	void writeHistory(std::uint32_t element, const QString & target);
 
@@ -51,9 +54,11 @@ public:
 
 private:
 	/*! Builds the output's space grid into grid and returns the cells of the element along its
-		dimensions; checks that the output is a field and lists the element.
+		dimensions; checks that the output can be cut and lists the element.
 	*/
 	std::vector<unsigned int> elementCells(std::uint32_t element, EM::SpaceGrid & grid) const;
+	/*! "element", or "side" for a flux output. */
+	const char * itemName() const;
 	/*! The cut type that fixes the space dimensions selected by the bit mask (1 << dimension)
 		and, with cutTime, the time.
 	*/

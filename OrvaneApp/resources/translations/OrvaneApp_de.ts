@@ -13,6 +13,57 @@
     </message>
 </context>
 <context>
+    <name>BarAggregation</name>
+    <message>
+        <source>Month %1</source>
+        <translation>Monat %1</translation>
+    </message>
+    <message>
+        <source>Year %1</source>
+        <translation>Jahr %1</translation>
+    </message>
+    <message>
+        <source>Whole series</source>
+        <translation>Gesamte Reihe</translation>
+    </message>
+    <message>
+        <source>%1 (partial)</source>
+        <translation>%1 (unvollständig)</translation>
+    </message>
+    <message>
+        <source>month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>whole series</source>
+        <translation>gesamte Reihe</translation>
+    </message>
+    <message>
+        <source>mean</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message>
+        <source>sum</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>days above threshold</source>
+        <translation>Tage über dem Schwellenwert</translation>
+    </message>
+</context>
+<context>
     <name>ChartCreator</name>
     <message>
         <source>Cannot create chart</source>
@@ -39,6 +90,33 @@
     </message>
 </context>
 <context>
+    <name>ChartTableView</name>
+    <message>
+        <source>Export data</source>
+        <translation>Daten exportieren</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv);;TSV files (*.tsv);;Text files (*.txt);;All files (*.*)</source>
+        <translation>CSV-Dateien (*.csv);;TSV-Dateien (*.tsv);;Textdateien (*.txt);;Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Copy selection</source>
+        <translation>Auswahl kopieren</translation>
+    </message>
+    <message>
+        <source>Copy all</source>
+        <translation>Alles kopieren</translation>
+    </message>
+    <message>
+        <source>Export data...</source>
+        <translation>Daten exportieren...</translation>
+    </message>
+    <message>
+        <source>Show chart</source>
+        <translation>Diagramm anzeigen</translation>
+    </message>
+</context>
+<context>
     <name>ChartView</name>
     <message>
         <source>Chart:</source>
@@ -60,12 +138,127 @@
         <source>No chart selected. Choose a chart from the list above.</source>
         <translation>Kein Diagramm ausgewählt. Wählen Sie ein Diagramm in der Liste oben.</translation>
     </message>
+    <message>
+        <source>Data table</source>
+        <translation>Datentabelle</translation>
+    </message>
+    <message>
+        <source>Switches between the chart and its data as a table (Ctrl+T)</source>
+        <translation>Wechselt zwischen dem Diagramm und seinen Daten als Tabelle (Strg+T)</translation>
+    </message>
+</context>
+<context>
+    <name>ConvertDialog</name>
+    <message>
+        <source>x = %1 m, y = %2 m, z = %3 m</source>
+        <translation>x = %1 m, y = %2 m, z = %3 m</translation>
+    </message>
+    <message>
+        <source>Convert to Tecplot</source>
+        <translation>Nach Tecplot konvertieren</translation>
+    </message>
+    <message>
+        <source>Write slice</source>
+        <translation>Schnitt schreiben</translation>
+    </message>
+    <message>
+        <source>Output file:</source>
+        <translation>Ausgabedatei:</translation>
+    </message>
+    <message>
+        <source>First time point:</source>
+        <translation>Erster Zeitpunkt:</translation>
+    </message>
+    <message>
+        <source>Last time point:</source>
+        <translation>Letzter Zeitpunkt:</translation>
+    </message>
+    <message>
+        <source>History at the side</source>
+        <translation>Verlauf an der Seite</translation>
+    </message>
+    <message>
+        <source>History at the element</source>
+        <translation>Verlauf am Element</translation>
+    </message>
+    <message>
+        <source>Profile at one time point</source>
+        <translation>Profil zu einem Zeitpunkt</translation>
+    </message>
+    <message>
+        <source>Profile over all time points</source>
+        <translation>Profil über alle Zeitpunkte</translation>
+    </message>
+    <message>
+        <source>Slice:</source>
+        <translation>Schnitt:</translation>
+    </message>
+    <message>
+        <source>Side:</source>
+        <translation>Seite:</translation>
+    </message>
+    <message>
+        <source>Element:</source>
+        <translation>Element:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Richtung:</translation>
+    </message>
+    <message>
+        <source>Time point:</source>
+        <translation>Zeitpunkt:</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Target file:</source>
+        <translation>Zieldatei:</translation>
+    </message>
+    <message>
+        <source>Wrote &apos;%1&apos;.</source>
+        <translation>&apos;%1&apos; geschrieben.</translation>
+    </message>
+    <message>
+        <source>%1: t = %2 %3</source>
+        <translation>%1: t = %2 %3</translation>
+    </message>
+    <message>
+        <source>not in this output</source>
+        <translation>nicht in dieser Ausgabe</translation>
+    </message>
+    <message>
+        <source>Tecplot data files (*.dat);;All files (*)</source>
+        <translation>Tecplot-Datendateien (*.dat);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Target file</source>
+        <translation>Zieldatei</translation>
+    </message>
 </context>
 <context>
     <name>DataManagerPanel</name>
     <message>
         <source>Filter by file name or quantity</source>
         <translation>Nach Dateiname oder Messgröße filtern</translation>
+    </message>
+    <message>
+        <source>Convert to Tecplot...</source>
+        <translation>Nach Tecplot konvertieren...</translation>
+    </message>
+    <message>
+        <source>Write slice...</source>
+        <translation>Schnitt schreiben...</translation>
+    </message>
+    <message>
+        <source>Convert</source>
+        <translation>Konvertieren</translation>
     </message>
 </context>
 <context>
@@ -319,6 +512,10 @@
         <source>The current view shows no chart that could be copied.</source>
         <translation>Die aktuelle Ansicht zeigt kein Diagramm, das kopiert werden könnte.</translation>
     </message>
+    <message>
+        <source>Show data table</source>
+        <translation>Datentabelle anzeigen</translation>
+    </message>
 </context>
 <context>
     <name>ManipulatorOptions</name>
@@ -457,6 +654,37 @@
     <message>
         <source>Auto-refresh off</source>
         <translation>Automatisch aktualisieren: aus</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::BarAggregationPage</name>
+    <message>
+        <source>Aggregation</source>
+        <translation>Zusammenfassung</translation>
+    </message>
+    <message>
+        <source>period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>statistic</source>
+        <translation>Kennwert</translation>
+    </message>
+    <message>
+        <source>A sum keeps the unit of the values; counted days are in days.</source>
+        <translation>Eine Summe behält die Einheit der Werte; gezählte Tage sind in Tagen.</translation>
+    </message>
+    <message>
+        <source>threshold</source>
+        <translation>Schwellenwert</translation>
+    </message>
+    <message>
+        <source>Bars</source>
+        <translation>Balken</translation>
+    </message>
+    <message>
+        <source>threshold [%1]</source>
+        <translation>Schwellenwert [%1]</translation>
     </message>
 </context>
 <context>
@@ -639,6 +867,34 @@
         <source>Data sets</source>
         <translation>Datensätze</translation>
     </message>
+    <message>
+        <source>Chart</source>
+        <translation>Diagramm</translation>
+    </message>
+    <message>
+        <source>Line chart</source>
+        <translation>Liniendiagramm</translation>
+    </message>
+    <message>
+        <source>Bar chart</source>
+        <translation>Balkendiagramm</translation>
+    </message>
+    <message>
+        <source>Days count when their daily mean lies above the threshold, given in the unit of the (first) data set.</source>
+        <translation>Tage zählen, wenn ihr Tagesmittel über dem Schwellenwert liegt, angegeben in der Einheit des (ersten) Datensatzes.</translation>
+    </message>
+    <message>
+        <source>Period:</source>
+        <translation>Zeitraum:</translation>
+    </message>
+    <message>
+        <source>Statistic:</source>
+        <translation>Kennwert:</translation>
+    </message>
+    <message>
+        <source>Threshold:</source>
+        <translation>Schwellenwert:</translation>
+    </message>
 </context>
 <context>
     <name>OVP::DataSetPropertyPage</name>
@@ -710,6 +966,49 @@
         <source>Parameter %1, default %2</source>
         <translation>Parameter %1, Vorgabe %2</translation>
     </message>
+    <message>
+        <source>Isopleth lines</source>
+        <translation>Isoplethen</translation>
+    </message>
+    <message>
+        <source>The lines of the substrate class evaluated: the default lines or a table file</source>
+        <translation>Die Linien der ausgewerteten Substratklasse: die Standardlinien oder eine Tabellendatei</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::IsoplethLinesType</name>
+    <message>
+        <source>Isopleth lines</source>
+        <translation>Isoplethen</translation>
+    </message>
+    <message>
+        <source>The model evaluates the isopleth lines of one substrate class. The default lines approximate published isopleths; a table file gives the lines of another class (temperature in C in the first column, one column of relative humidity in % per line, the limit for germination last).</source>
+        <translation>Das Modell wertet die Isoplethen einer Substratklasse aus. Die Standardlinien nähern veröffentlichte Isoplethen an; eine Tabellendatei liefert die Linien einer anderen Klasse (Temperatur in C in der ersten Spalte, je Linie eine Spalte relativer Feuchte in %, die Auskeimungsgrenze zuletzt).</translation>
+    </message>
+    <message>
+        <source>Default lines (approximations)</source>
+        <translation>Standardlinien (Näherungen)</translation>
+    </message>
+    <message>
+        <source>Lines from a table file:</source>
+        <translation>Linien aus einer Tabellendatei:</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Open isopleth lines</source>
+        <translation>Isoplethen öffnen</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>Tabellen (*.csv *.tsv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>There is no file &apos;%1&apos;.</source>
+        <translation>Es gibt keine Datei &apos;%1&apos;.</translation>
+    </message>
 </context>
 <context>
     <name>OVP::MapperTreeModel</name>
@@ -760,6 +1059,18 @@
     <message>
         <source>Model</source>
         <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Isopleth chart</source>
+        <translation>Isoplethendiagramm</translation>
+    </message>
+    <message>
+        <source>WTA wood chart</source>
+        <translation>WTA-Holzdiagramm</translation>
+    </message>
+    <message>
+        <source>Bar chart</source>
+        <translation>Balkendiagramm</translation>
     </message>
 </context>
 <context>
@@ -970,6 +1281,43 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
         <source>apply chart style &apos;%1&apos;</source>
         <translation>Diagrammstil &apos;%1&apos; anwenden</translation>
     </message>
+    <message>
+        <source>show data table</source>
+        <translation>Datentabelle anzeigen</translation>
+    </message>
+    <message>
+        <source>show chart</source>
+        <translation>Diagramm anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::SeriesBarExtractorModel</name>
+    <message>
+        <source>Days with daily mean above %1 %2</source>
+        <translation>Tage mit Tagesmittel über %1 %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 per %3</source>
+        <translation>%1, %2 je %3</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::SeriesIsoplethExtractorModel</name>
+    <message>
+        <source>- %L1 days mould risk (max period %L2 h)</source>
+        <translation>- %L1 Tage Schimmelrisiko (längster Zeitraum %L2 h)</translation>
+    </message>
+</context>
+<context>
+    <name>OVP::SeriesWTAExtractorModel</name>
+    <message>
+        <source>Days above the decay limit</source>
+        <translation>Tage über der Fäulnisgrenze</translation>
+    </message>
+    <message>
+        <source>- %L1 days above the decay limit</source>
+        <translation>- %L1 Tage über der Fäulnisgrenze</translation>
+    </message>
 </context>
 <context>
     <name>OVP::SizeType</name>
@@ -1041,6 +1389,10 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>The update address must be an http, https or file address of the version file, or empty: &apos;%1&apos;.</source>
         <translation>Die Update-Adresse muss eine http-, https- oder file-Adresse der Versionsdatei sein, oder leer: &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Decimal places must be between 0 and %1.</source>
+        <translation>Die Nachkommastellen müssen zwischen 0 und %1 liegen.</translation>
     </message>
 </context>
 <context>
@@ -1144,6 +1496,30 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>Address of the version file; empty: never look for updates.</source>
         <translation>Adresse der Versionsdatei; leer: nie nach Updates suchen.</translation>
+    </message>
+    <message>
+        <source>Write header lines</source>
+        <translation>Kopfzeilen schreiben</translation>
+    </message>
+    <message>
+        <source>German number format (decimal comma, &apos;;&apos; between fields)</source>
+        <translation>Deutsches Zahlenformat (Dezimalkomma, &apos;;&apos; zwischen Feldern)</translation>
+    </message>
+    <message>
+        <source>Units on a line of their own</source>
+        <translation>Einheiten in einer eigenen Zeile</translation>
+    </message>
+    <message>
+        <source>Data tables and export</source>
+        <translation>Datentabellen und Export</translation>
+    </message>
+    <message>
+        <source>Decimal places shown in tables:</source>
+        <translation>Angezeigte Nachkommastellen in Tabellen:</translation>
+    </message>
+    <message>
+        <source>Copied and exported numbers keep their full precision.</source>
+        <translation>Kopierte und exportierte Zahlen behalten ihre volle Genauigkeit.</translation>
     </message>
 </context>
 <context>
@@ -2497,6 +2873,21 @@ Ihre Sicherungskopie &apos;%3&apos; kann gelesen werden. Die Sitzung aus der Sic
     <message>
         <source>frame pen</source>
         <translation>Stift des Rahmens</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBarAggregation</name>
+    <message>
+        <source>change bar threshold of &apos;%1&apos;</source>
+        <translation>Balken-Schwellenwert von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change bar period of &apos;%1&apos;</source>
+        <translation>Balken-Zeitraum von &apos;%1&apos; ändern</translation>
+    </message>
+    <message>
+        <source>change bar statistic of &apos;%1&apos;</source>
+        <translation>Balken-Kennwert von &apos;%1&apos; ändern</translation>
     </message>
 </context>
 <context>

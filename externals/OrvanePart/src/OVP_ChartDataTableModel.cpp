@@ -3,6 +3,8 @@
 #include <cmath>
 #include <set>
 
+#include <QLocale>
+
 #include <Sci_AbstractBarSeriesModel.h>
 #include <Sci_AbstractCartesianChartModel.h>
 #include <Sci_AbstractLineSeriesModel.h>
@@ -105,9 +107,11 @@ QString ChartDataTableModel::displayNumber(double value, int decimalPlaces) {
 	if (std::isnan(value))
 		return QString();
 	const double magnitude = std::fabs(value);
+	QLocale locale;
+	locale.setNumberOptions(QLocale::OmitGroupSeparator);
 	if (value != 0 && (magnitude < std::pow(10.0, -decimalPlaces) || magnitude >= 1e15))
-		return QString::number(value, 'e', decimalPlaces);
-	return QString::number(value, 'f', decimalPlaces);
+		return locale.toString(value, 'e', decimalPlaces);
+	return locale.toString(value, 'f', decimalPlaces);
 }
 
 

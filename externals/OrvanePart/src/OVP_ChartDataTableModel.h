@@ -48,8 +48,9 @@ public:
 	/*! The rows and columns of the given cells (a rectangle or not), in table order, as text. */
 	QString selectionText(const QModelIndexList & cells, const ChartDataText::Format & format) const;
 
-	/*! A number as shown in the table: decimalPlaces places, exponent form below
-		10^-decimalPlaces and from 10^15 on; empty for NaN.
+	/*! A number as shown in the table, in the number format of the user's language without
+		group separators: decimalPlaces places, exponent form below 10^-decimalPlaces and from
+		10^15 on; empty for NaN.
 	*/
 	static QString displayNumber(double value, int decimalPlaces);
 

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLocale>
 #include <QProcess>
 #include <QSignalSpy>
 
@@ -70,6 +71,10 @@ TEST(ChartDataTableTest, LineSeriesShareXColumnsByValueAndTheTableFollowsTheChar
 	EXPECT_EQ(row(t, 2), QStringList({ "2", "-4", "1e-300", "", "" }));
 	EXPECT_EQ(model.data(model.index(1, 1)).toString(), "0.333333");
 	EXPECT_EQ(model.data(model.index(2, 2)).toString(), "1.000000e-300");
+	// shown in the number format of the user's language, without group separators
+	QLocale::setDefault(QLocale(QLocale::German));
+	EXPECT_EQ(OVP::ChartDataTableModel::displayNumber(-12345.678, 2).toStdString(), "-12345,68");
+	QLocale::setDefault(QLocale::c());
 	EXPECT_EQ(model.headerData(2, Qt::Vertical).toInt(), 3);
 
 	// a date axis shows the x values as dates from its zero, without unit

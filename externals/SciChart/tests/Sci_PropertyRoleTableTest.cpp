@@ -82,9 +82,7 @@ TEST(SciPropertyRoleTable, EveryRoleListedOnceWithSensibleEditor) {
 		std::set<int> editable;
 		for (const PRT::Entry & e : PRT::editableRoles(target)) {
 			EXPECT_TRUE(editable.insert(e.m_role).second) << "role " << e.m_role << " listed twice";
-			EXPECT_EQ(notEditable.count(e.m_role), 0u) << "role " << e.m_role << " also not editable";
 			EXPECT_FALSE(e.name().isEmpty());
-			EXPECT_FALSE(e.group().isEmpty());
 			if (e.m_kind == PRT::IntEditor || e.m_kind == PRT::DoubleEditor || e.m_kind == PRT::SizeEditor) {
 				EXPECT_LT(e.m_minimum, e.m_maximum) << "role " << e.m_role;
 			}
@@ -103,11 +101,8 @@ TEST(SciPropertyRoleTable, EveryRoleListedOnceWithSensibleEditor) {
 		// the walk over all roles of the target: each in exactly one of the lists
 		for (int role = PRT::firstRole(target); role < PRT::roleEnd(target); ++role)
 			EXPECT_EQ(editable.count(role) + notEditable.count(role), 1u) << "target " << t << " role " << role;
-		EXPECT_EQ(editable.size() + notEditable.size(), std::size_t(PRT::roleEnd(target) - PRT::firstRole(target)));
 	}
 	EXPECT_EQ(PRT::entry(PRT::ChartTarget, SCI::AbstractChartModel::Title), nullptr);
-	EXPECT_EQ(PRT::axisName(SCI::AbstractCartesianChartModel::LeftAxis), "y-axis");
-	EXPECT_TRUE(PRT::axisName(3).isEmpty());
 }
 
 

@@ -96,7 +96,6 @@ TEST(ZEBMessageHandler, OpenLogAppendAndFailure) {
 	EXPECT_FALSE(h.openLog(bad, false, err));
 	EXPECT_EQ(err, "Cannot open/create logfile '" + bad + "'.");
 	EXPECT_FALSE(h.logFileOpen());
-	EXPECT_STREQ(ZEB::MessageHandler::typeLabel(17), "[Invalid ]\t");
 }
 
 
@@ -105,14 +104,12 @@ TEST(ZEBMessageHandler, CurrentHandlerFallsBackToDefault) {
 	{
 		ConsoleCapture h;
 		ZEB::MessageHandler::setCurrent(&h);
-		EXPECT_EQ(ZEB::MessageHandler::current(), &h);
-		ZEB::reportWarning("via convenience");
 		{
 			ZEB::MessageIndentor indent;
-			ZEB::reportProgress("indented\n");
+			ZEB::reportWarning("indented");
 		}
 		ZEB::reportProgress("back\n");
-		EXPECT_EQ(h.m_console, "via convenience\n  indented\nback\n");
+		EXPECT_EQ(h.m_console, "  indented\nback\n");
 	}
 	EXPECT_EQ(ZEB::MessageHandler::current(), def);
 }

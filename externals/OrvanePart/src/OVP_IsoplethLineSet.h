@@ -26,8 +26,8 @@ namespace OVP {
 */
 struct IsoplethLineSet {
 	/*! Most lines and rows a table may hold. */
-	static const std::size_t MAX_LINES = 20;
-	static const std::size_t MAX_ROWS = 10000;
+	static constexpr std::size_t MAX_LINES = 20;
+	static constexpr std::size_t MAX_ROWS = 10000;
 
 	/*! Reads a table file. Temperatures must increase from row to row, humidities lie within 0
 		to 100 %, every line have a point, and a line never lie above the one before it (a

@@ -10,36 +10,21 @@
 #include <QString>
 #include <QStringList>
 
-#include <ZEB_MessageHandler.h>
-
 #include <OVP_ProjectHandler.h>
 #include <OVP_Settings.h>
 #include <OVP_UserInteraction.h>
 
+#include <OVP_ProjectTestUtils.h>
+
 namespace OVATest {
 
-/*! One message received by a MessageRecorder. */
-struct RecordedMessage {
-	std::string		m_text;
-	ZEB::MsgType	m_type;
-	std::string		m_where;
-};
-
-/*! A message handler that records every message instead of writing it; current while it lives. */
-class MessageRecorder : public ZEB::MessageHandler {
-public:
-	MessageRecorder() { ZEB::MessageHandler::setCurrent(this); }
-	~MessageRecorder() override { ZEB::MessageHandler::setCurrent(nullptr); }
-
-	void message(const std::string & msg, ZEB::MsgType type, const char * functionId, int) override {
-		m_messages.push_back(RecordedMessage{ msg, type, functionId == nullptr ? "" : functionId });
-	}
-
-	/*! Number of messages of this type, text and origin. */
-	int count(ZEB::MsgType type, const std::string & text, const std::string & where) const;
-
-	std::vector<RecordedMessage>	m_messages;
-};
+// the files, messages and scratch folders of the library tests
+using OVPTest::MessageRecorder;
+using OVPTest::RecordedMessage;
+using OVPTest::readText;
+using OVPTest::scratchDir;
+using OVPTest::writeText;
+using OVPTest::writeTimeSeries;
 
 /*! User interaction that gives one prepared answer to every save question, declines every
 	other question and records the questions and notices it was shown.
@@ -75,18 +60,6 @@ public:
 	SaveAnswer	m_answer;
 	QStringList	m_shown;
 };
-
-/*! A fresh, empty directory below the scratch directory. */
-QString scratchDir(const QString & name);
-
-/*! Writes a time series output file (one value per time point, hours, degree Celsius). */
-void writeTimeSeries(const QString & path, const std::vector<double> & time, const std::vector<double> & values,
-					 const std::string & quantity);
-
-/*! The text of a file; empty when it cannot be read. */
-QString readText(const QString & path);
-/*! Writes a text file. */
-void writeText(const QString & path, const QString & text);
 
 /*! Test fixture with the process singletons a session needs: settings in an INI file of the
 	scratch directory, the project handler answering every question without dialog, and a

@@ -104,8 +104,7 @@ TEST(OVPDataCollection, SizeTextsSwitchUnitAboveOneWholeUnit) {
 	const QLocale previous;
 	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 	const std::vector<std::pair<qint64, QString> > cases = {
-		{ 0, "0 B" }, { 1024, "1,024 B" }, { 1025, "1.00 kB" }, { 1536, "1.50 kB" },
-		{ 1048576, "1,024.00 kB" }, { 1048577, "1.00 MB" }, { 1073741824, "1,024.00 MB" },
+		{ 0, "0 B" }, { 1024, "1,024 B" }, { 1025, "1.00 kB" }, { 1048576, "1,024.00 kB" }, { 1048577, "1.00 MB" },
 		{ 1073741825, "1.00 GB" }, { 5368709120LL, "5.00 GB" } };
 	for (const auto & c : cases)
 		EXPECT_EQ(DataCollection::sizeText(c.first), c.second) << c.first;
@@ -119,8 +118,7 @@ TEST(OVPDataCollection, SizeTextsSwitchUnitAboveOneWholeUnit) {
 	header.setQuantity("Climate: outdoor temperature [C],  rain [mm/h]");
 	header.setNums({ 3, 7 });
 	EXPECT_EQ(DataCollection::dataSetNames(header), QStringList({ "outdoor temperature [C]", "rain [mm/h]" }));
-	for (const std::string quantity : { "Climate: temperature [C], rain [mm/h], wind, sun", "Climate: a, , b",
-										"a, b, c" }) {
+	for (const std::string quantity : { "Climate: temperature [C], rain [mm/h], wind, sun", "Climate: a, , b" }) {
 		header.setQuantity(quantity);
 		header.setNums({ 3, 7, 9 });
 		EXPECT_EQ(DataCollection::dataSetNames(header), QStringList({ "Column 3", "Column 7", "Column 9" })) << quantity;
@@ -153,23 +151,17 @@ TEST_F(DataManagerTableModelTest, ListsCheckedHeadersInInsertionOrder) {
 	// files that fail their check, with the message each must give
 	const std::vector<std::pair<QString, QString> > failing = {
 		{ "no_value_unit.s6o", "Value unit empty in DataIO container." },
-		{ "bad_value_unit.s6o", "Invalid/unknown value unit 'furlong' in DataIO container." },
-		{ "no_time_unit.s6o", "Time unit empty in DataIO container." },
 		{ "bad_time_unit.s6o", "Invalid/unknown time unit 'fortnight' in DataIO container." },
 		{ "metre_time.s6o", "Unit set as time unit is not convertable to seconds (not a time unit?)." },
 		{ "no_quantity.s6o", "Missing quantity description in DataIO container." },
 		{ "empty.s6o", UNREADABLE },
-		{ "text.cli", UNREADABLE },
 		{ "no_geometry.s6o", UNREADABLE },
 		{ "broken_link.s6b", UNREADABLE } };
 	writeText(d + "/no_value_unit.s6o", header("Temperature", "", "h") + "1\t20\n");
-	writeText(d + "/bad_value_unit.s6o", header("Temperature", "furlong", "h") + "1\t20\n");
-	writeText(d + "/no_time_unit.s6o", header("Temperature", "C", "") + "1\t20\n");
 	writeText(d + "/bad_time_unit.s6o", header("Temperature", "C", "fortnight") + "1\t20\n");
 	writeText(d + "/metre_time.s6o", header("Temperature", "C", "m") + "1\t20\n");
 	writeText(d + "/no_quantity.s6o", header("", "C", "h") + "1\t20\n");
 	writeText(d + "/empty.s6o", "");
-	writeText(d + "/text.cli", "Outdoor temperature\n1 2 3\n");
 	writeText(d + "/no_geometry.s6o", header("Temperature", "C", "h", "TYPE = FIELD\nSPACE_TYPE = SINGLE\n"
 											 "GEO_FILE = missing.g6a\nINDICES = 0 1\n") + "1\t1 2\n");
 	ASSERT_TRUE(QFile::link(d + "/gone.s6o", d + "/broken_link.s6b"));
@@ -207,18 +199,7 @@ TEST_F(DataManagerTableModelTest, ListsCheckedHeadersInInsertionOrder) {
 
 	const QFileInfo first(d + "/a_series.s6o");
 	EXPECT_EQ(model.index(0, DataManagerTableModel::ColFileSize).data(Qt::UserRole).toLongLong(), first.size());
-	EXPECT_EQ(model.index(0, DataManagerTableModel::ColLastChanged).data(Qt::UserRole).toDateTime(), first.lastModified());
-	EXPECT_EQ(model.index(0, DataManagerTableModel::ColPath).data().toString(), d + "/a_series.s6o");
 	EXPECT_EQ(model.index(0, DataManagerTableModel::ColColor).data(Qt::DecorationRole).value<QColor>(), QColor("#123456"));
-	EXPECT_EQ(model.flags(model.index(0, DataManagerTableModel::ColName)),
-			  Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled);
-
-	QStringList titles;
-	for (int c = 0; c < model.columnCount(); ++c)
-		titles << model.headerData(c, Qt::Horizontal).toString();
-	EXPECT_EQ(titles, QStringList({ "", "", "Name", "Quantity", "Value unit", "Time unit", "Last changed", "File size", "Path" }));
-	EXPECT_EQ(model.headerData(0, Qt::Vertical).toString(), "1");
-	EXPECT_EQ(model.headerData(5, Qt::Vertical).toString(), "6");
 
 	// each failing file: kept with its message and reported once, naming the file
 	EXPECT_EQ(model.rejectedFiles().size(), int(failing.size()));
@@ -366,9 +347,7 @@ TEST_F(DataManagerTableModelTest, ListedFileBrokenOnDisk) {
 		{ "deleted", [](const QString & p) { QFile::remove(p); }, "' no longer exists and is removed from the list." },
 		{ "emptied", [](const QString & p) { writeText(p, ""); }, QString("' is not listed: ") + UNREADABLE },
 		{ "no_unit", [](const QString & p) { writeText(p, header("Temperature", "", "h") + "1\t20\n"); },
-		  "' is not listed: Value unit empty in DataIO container." },
-		{ "broken_link", [](const QString & p) { QFile::remove(p); QFile::link(p + ".gone", p); },
-		  QString("' is not listed: ") + UNREADABLE } };
+		  "' is not listed: Value unit empty in DataIO container." } };
 	handler().newProject();
 	writeSeries(m_dataDir + "/a.s6o");
 	for (const auto & c : cases)
@@ -376,7 +355,7 @@ TEST_F(DataManagerTableModelTest, ListedFileBrokenOnDisk) {
 	DataManagerTableModel model;
 	model.addDirectory(m_dataDir);
 	model.readPendingHeaders();
-	ASSERT_EQ(model.rowCount(), 5);
+	ASSERT_EQ(model.rowCount(), 4);
 	OVP::DataSetOptions options(handler().dataManager());
 	OVP::ChartCreator creator(handler(), *m_ui);
 
@@ -449,10 +428,6 @@ TEST_F(DataManagerTableModelTest, DragsDataSetsAndSortsByRawValues) {
 	proxy.setFilterText("wind speed");
 	ASSERT_EQ(proxy.rowCount(), 1);
 	EXPECT_EQ(proxy.index(0, DataManagerTableModel::ColName).data().toString(), "climate.s6o");
-	proxy.setFilterText("small");
-	EXPECT_EQ(proxy.rowCount(), 1);
-	proxy.setFilterText(QString());
-	EXPECT_EQ(proxy.rowCount(), 3);
 }
 
 

@@ -212,20 +212,16 @@ public:
 TEST(SciChartRender, ColourGridImageHasTheColourOfTheMapAtEveryPixel) {
 	// 37 x 23 cells of uneven size; values on the stops of the maps over 0..10 (whole numbers),
 	// between them, NaN, and below and above the range
-	std::vector<double> x, y, xCentres, yCentres, values;
-	for (int i = 0; i <= 37; ++i)
-		x.push_back(i*i*0.01);
-	for (int j = 0; j <= 23; ++j)
-		y.push_back(std::sqrt(j));
+	std::vector<double> xCentres, yCentres, values;
 	for (int i = 0; i < 37; ++i)
-		xCentres.push_back(0.5*(x[i] + x[i+1]));
+		xCentres.push_back(i*i*0.01);
 	for (int j = 0; j < 23; ++j)
-		yCentres.push_back(0.5*(y[j] + y[j+1]));
+		yCentres.push_back(std::sqrt(j));
 	for (int j = 0; j < 23; ++j)
 		for (int i = 0; i < 37; ++i)
 			values.push_back((i + j) % 7 == 3 ? NaN : (i + 2*j) % 13 - 1 + ((i % 3) ? 0.0 : 0.37));
 	GridImage grid;
-	SCI::ColorGrid3DData * cells = new SCI::ColorGrid3DData(37, 23, values, x, y);
+	SCI::ColorGrid3DData * cells = new SCI::ColorGrid3DData(37, 23, values, xCentres, yCentres);
 	SCI::ColorGridInterpolation * interpolation = new SCI::ColorGridInterpolation(xCentres, yCentres, values,
 																				  cells->xEdges(), cells->yEdges());
 	grid.setData(cells);

@@ -1,8 +1,8 @@
 #include "Sci_PlotSpectrogram.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include <QFuture>
@@ -18,6 +18,7 @@
 #include <ZEB_MessageHandler.h>
 
 #include "Sci_ColorGrid3DData.h"
+#include "Sci_ColorLookupTable.h"
 
 namespace SCI {
 
@@ -33,25 +34,42 @@ int cellOf(const std::vector<double> & edges, double v) {
 }
 
 
-/*! Colours of values, remembering the last value: neighbouring pixels mostly lie in one cell. */
-class PixelColors {
-public:
-	PixelColors(const QwtColorMap & map, const QwtInterval & range) : m_map(map), m_range(range) {}
-	QRgb operator()(double v) {
-		if (std::isnan(v))
-			return 0u;
-		if (v != m_lastValue) {
-			m_lastValue = v;
-			m_lastColor = m_map.rgb(m_range, v);
-		}
-		return m_lastColor;
-	}
-private:
-	const QwtColorMap &	m_map;
-	QwtInterval			m_range;
-	double				m_lastValue = std::numeric_limits<double>::quiet_NaN();
-	QRgb				m_lastColor = 0u;
+/*! Rows per band of the image, the unit of work of the render threads. */
+const int BAND_ROWS = 32;
+
+
+/*! Neighbouring image columns that show one cell (-1: no cell). */
+struct ColumnRun {
+	int	m_first;
+	int	m_end;
+	int	m_cell;
 };
+
+
+/*! Which alpha values occur among colours. */
+struct Alphas {
+	void add(QRgb c) {
+		const unsigned int a = qAlpha(c);
+		m_notOpaque = m_notOpaque || a != 255;
+		m_translucent = m_translucent || (a != 255 && a != 0);
+	}
+	bool	m_notOpaque = false;
+	bool	m_translucent = false;
+};
+
+
+/*! The runs of equal cells in the cell index of each column. */
+std::vector<ColumnRun> columnRuns(const std::vector<int> & columnCell) {
+	std::vector<ColumnRun> runs;
+	for (std::size_t x = 0; x < columnCell.size(); ++x) {
+		const int cell = columnCell[x];
+		if (runs.empty() || runs.back().m_cell != cell)
+			runs.push_back(ColumnRun{ static_cast<int>(x), static_cast<int>(x) + 1, cell });
+		else
+			runs.back().m_end = static_cast<int>(x) + 1;
+	}
+	return runs;
+}
 
 } // namespace
 
@@ -63,6 +81,9 @@ PlotSpectrogram::PlotSpectrogram() {
 	// smooth contour lines; the image itself is not affected
 	setRenderHint(QwtPlotItem::RenderAntialiased, true);
 }
+
+
+PlotSpectrogram::~PlotSpectrogram() = default;
 
 
 void PlotSpectrogram::setValueRange(const QwtInterval & range) {
@@ -98,6 +119,20 @@ QPen PlotSpectrogram::contourPen(double level) const {
 }
 
 
+void PlotSpectrogram::itemChanged() {
+	m_colorTable.reset();
+	QwtPlotSpectrogram::itemChanged();
+}
+
+
+const ColorLookupTable & PlotSpectrogram::colorTable() const {
+	// the table refers to the map: a replaced map or range gives a new table
+	if (!m_colorTable || &m_colorTable->map() != colorMap() || !(m_colorTable->range() == m_valueRange))
+		m_colorTable.reset(new ColorLookupTable(*colorMap(), m_valueRange));
+	return *m_colorTable;
+}
+
+
 QImage PlotSpectrogram::renderImage(const QwtScaleMap & xMap, const QwtScaleMap & yMap,
 									const QRectF & area, const QSize & imageSize) const
 {
@@ -114,70 +149,91 @@ QImage PlotSpectrogram::renderImage(const QwtScaleMap & xMap, const QwtScaleMap 
 	QImage image(imageSize, QImage::Format_ARGB32);
 	const int width = image.width();
 	const int height = image.height();
-	// plot coordinates of the pixel centres of all columns, shared by all stripes
+	// plot coordinates of the pixel centres of all columns, shared by all bands
 	std::vector<double> columnX(static_cast<std::size_t>(width));
 	for (int x = 0; x < width; ++x)
 		columnX[static_cast<std::size_t>(x)] = xMap.invTransform(x + 0.5);
 
-	// plain cells are looked up by index: the cell of each column is found once
+	// plain cells are looked up by index: the cell of each column is found once, and neighbouring
+	// columns in one cell form a run of one colour
 	const ColorGrid3DData * cells = m_interpolate ? nullptr : dynamic_cast<const ColorGrid3DData *>(data());
-	std::vector<int> columnCell;
+	std::vector<ColumnRun> runs;
 	if (cells != nullptr) {
-		columnCell.resize(columnX.size());
+		std::vector<int> columnCell(columnX.size());
 		for (std::size_t x = 0; x < columnX.size(); ++x)
 			columnCell[x] = cellOf(cells->xEdges(), columnX[x]);
+		runs = columnRuns(columnCell);
 	}
 	const QwtRasterData * source = (m_interpolate && m_interpolated) ? m_interpolated.get() : data();
 
 	uchar * bits = image.bits();
 	const int bytesPerLine = image.bytesPerLine();
-	const QwtColorMap & map = *colorMap();
-	const QwtInterval range = m_valueRange;
+	const ColorLookupTable & colors = colorTable();
 
-	// renders rows first..last-1; writes nothing but these rows
-	auto renderStripe = [&](int first, int last) {
-		PixelColors colors(map, range);
+	// renders rows first..last-1; writes nothing but these rows; tells whether a pixel was not
+	// opaque and whether one was neither opaque nor transparent
+	std::atomic<bool> notOpaque(false), translucent(false);
+	auto renderRows = [&](int first, int last) {
+		Alphas alphas;
+		int previousCellRow = -1;
 		for (int y = first; y < last; ++y) {
 			QRgb * line = reinterpret_cast<QRgb *>(bits + static_cast<std::ptrdiff_t>(y)*bytesPerLine);
 			const double ty = yMap.invTransform(y + 0.5);
 			if (cells != nullptr) {
 				const int j = cellOf(cells->yEdges(), ty);
-				if (j < 0) {
+				if (j < 0)
 					std::fill(line, line + width, 0u);
-					continue;
+				else if (j == previousCellRow) {	// the row above shows the same cells
+					const QRgb * above = reinterpret_cast<const QRgb *>(bits + static_cast<std::ptrdiff_t>(y - 1)*bytesPerLine);
+					std::copy(above, above + width, line);
 				}
-				const double * rowValues = cells->values().data() + static_cast<std::size_t>(j)*cells->xGridSize();
-				for (int x = 0; x < width; ++x) {
-					const int i = columnCell[static_cast<std::size_t>(x)];
-					line[x] = i < 0 ? 0u : colors(rowValues[i]);
+				else {
+					const double * rowValues = cells->values().data() + static_cast<std::size_t>(j)*cells->xGridSize();
+					for (const ColumnRun & run : runs) {
+						const QRgb c = run.m_cell < 0 ? 0u : colors.rgb(rowValues[run.m_cell]);
+						alphas.add(c);
+						std::fill(line + run.m_first, line + run.m_end, c);
+					}
 				}
+				previousCellRow = j;
 			}
 			else {
-				for (int x = 0; x < width; ++x)
-					line[x] = colors(source->value(columnX[static_cast<std::size_t>(x)], ty));
+				for (int x = 0; x < width; ++x) {
+					const QRgb c = colors.rgb(source->value(columnX[static_cast<std::size_t>(x)], ty));
+					alphas.add(c);
+					line[x] = c;
+				}
 			}
 		}
+		if (alphas.m_notOpaque)
+			notOpaque = true;
+		if (alphas.m_translucent)
+			translucent = true;
 	};
 
+	// the calling thread and the helpers take the next free band until all are done
+	const int bands = (height + BAND_ROWS - 1)/BAND_ROWS;
+	std::atomic<int> nextBand(0);
+	auto renderBands = [&]() {
+		for (int band = nextBand++; band < bands; band = nextBand++)
+			renderRows(band*BAND_ROWS, std::min(height, (band + 1)*BAND_ROWS));
+	};
 	int threads = static_cast<int>(renderThreadCount());
 	if (threads <= 0)
 		threads = QThread::idealThreadCount();
-	threads = qBound(1, threads, height);
-	if (threads == 1) {
-		renderStripe(0, height);
-		return image;
-	}
-	QList<QFuture<void> > tasks;
-	const int rowsPerStripe = height/threads;
-	for (int t = 0; t < threads; ++t) {
-		const int first = t*rowsPerStripe;
-		const int last = (t == threads - 1) ? height : first + rowsPerStripe;
-		tasks.append(QtConcurrent::run(QThreadPool::globalInstance(), [&renderStripe, first, last]() {
-			renderStripe(first, last);
-		}));
-	}
-	for (QFuture<void> & task : tasks)
-		task.waitForFinished();
+	threads = qBound(1, threads, bands);
+	QList<QFuture<void> > helpers;
+	for (int t = 1; t < threads; ++t)
+		helpers.append(QtConcurrent::run(QThreadPool::globalInstance(), renderBands));
+	renderBands();
+	for (QFuture<void> & helper : helpers)
+		helper.waitForFinished();
+	// the same pixels in a form that is painted faster: without alpha when all are opaque,
+	// premultiplied when they are opaque or transparent
+	if (!notOpaque)
+		image.reinterpretAsFormat(QImage::Format_RGB32);
+	else if (!translucent)
+		image.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
 	return image;
 }
 

@@ -10,18 +10,22 @@
 
 namespace SCI {
 
+class ColorLookupTable;
+
 /*! The plot item of a colour grid: paints the cells of the grid (a ColorGrid3DData) in the
 	colours of a colour map over a given value range, optionally interpolated between the cell
 	centres, and draws contour lines.
 
-	The image is rendered in horizontal stripes on the global thread pool, one task per stripe
-	(renderThreadCount() tasks, 0 meaning one per core); each task writes only its own rows, and
-	the calling thread waits for all of them. Pixels whose value is NaN or that lie outside the
-	grid stay transparent.
+	The image is rendered in bands of rows by renderThreadCount() threads (0 meaning one per
+	core): the calling thread and tasks on the global thread pool take the next free band until
+	none is left, each writing only the rows of its bands. Colours come from a lookup table of
+	the colour map over the value range (ColorLookupTable), kept until the map or the range
+	changes. Pixels whose value is NaN or that lie outside the grid stay transparent.
 */
 class PlotSpectrogram : public QwtPlotSpectrogram {
 public:
 	PlotSpectrogram();
+	~PlotSpectrogram() override;
 
 	/*! The values mapped onto the colour map; values outside are drawn in the end colours. */
 	void setValueRange(const QwtInterval & range);
@@ -39,6 +43,9 @@ public:
 	/*! The pen of the contour line at a level. */
 	QPen contourPen(double level) const override;
 
+	/*! Drops the colour table, as the colour map or the value range may have changed. */
+	void itemChanged() override;
+
 protected:
 	/*! Renders the image of area in imageSize pixels (see the class description). An invalid
 		value range is reported and gives no image. */
@@ -48,11 +55,16 @@ protected:
 	QwtRasterData::ContourLines renderContourLines(const QRectF & rect, const QSize & raster) const override;
 
 private:
+	/*! The colour table of the current colour map and value range, built when missing. */
+	const ColorLookupTable & colorTable() const;
+
 	QwtInterval						m_valueRange;
 	std::unique_ptr<QwtRasterData>	m_interpolated;
 	bool							m_interpolate = false;
 	QPen							m_contourPen;
 	bool							m_contourIntervalColors = false;
+	/*! Built by the first render after a change, see colorTable(). */
+	mutable std::unique_ptr<ColorLookupTable>	m_colorTable;
 };
 
 } // namespace SCI

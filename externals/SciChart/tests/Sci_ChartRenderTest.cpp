@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <qwt_color_map.h>
 #include <qwt_date.h>
 #include <qwt_plot.h>
 #include <qwt_plot_curve.h>
@@ -19,13 +20,15 @@
 
 #include <ZEB_MessageFormat.h>
 
-#include <Sci_ColorGridSeries.h>
+#include <Sci_ColorGrid3DData.h>
+#include <Sci_ColorGridInterpolation.h>
 #include <Sci_ColorMap.h>
 #include <Sci_DataReductionCurveFitter.h>
 #include <Sci_DateScaleDraw.h>
 #include <Sci_DateScaleEngine.h>
 #include <Sci_CurveData.h>
 #include <Sci_PixelColumnReduction.h>
+#include <Sci_PlotColorMap.h>
 #include <Sci_PlotCurve.h>
 #include <Sci_PlotSpectrogram.h>
 #include <Sci_PlotVectorField.h>
@@ -199,22 +202,60 @@ TEST(SciChartRender, ColourGridCellsReachHalfWayToTheirNeighboursWithinAValidRan
 }
 
 
-TEST(SciChartRender, ColourGridImageDoesNotDependOnTheNumberOfTiles) {
-	VectorGridModel model;
-	std::vector<double> x, y;
-	for (int i = 0; i <= 37; ++i)
-		x.push_back(i*i*0.01);
-	for (int j = 0; j <= 23; ++j)
-		y.push_back(std::sqrt(j));
-	model.setGrid(x, y, 37, 23, [](unsigned int i, unsigned int j) { return std::sin(0.3*i)*std::cos(0.2*j); });
-	SCI::Chart chart;
-	chart.setModel(&model);
-	SCI::PlotSpectrogram * spectrogram = dynamic_cast<SCI::ColorGridSeries &>(*chart.series(0)).spectrogram();
-	spectrogram->setRenderThreadCount(1);
-	const QImage single = renderCanvas(chart, QSize(640, 480));
-	spectrogram->setRenderThreadCount(7);
-	const QImage tiled = renderCanvas(chart, QSize(640, 480));
-	EXPECT_EQ(single, tiled);
+/*! The colour grid item with its image rendering open to the test. */
+class GridImage : public SCI::PlotSpectrogram {
+public:
+	using SCI::PlotSpectrogram::renderImage;
+};
+
+
+TEST(SciChartRender, ColourGridImageHasTheColourOfTheMapAtEveryPixel) {
+	// 37 x 23 cells of uneven size; values on the stops of the maps over 0..10 (whole numbers),
+	// between them, NaN, and below and above the range
+	std::vector<double> xCentres, yCentres, values;
+	for (int i = 0; i < 37; ++i)
+		xCentres.push_back(i*i*0.01);
+	for (int j = 0; j < 23; ++j)
+		yCentres.push_back(std::sqrt(j));
+	for (int j = 0; j < 23; ++j)
+		for (int i = 0; i < 37; ++i)
+			values.push_back((i + j) % 7 == 3 ? NaN : (i + 2*j) % 13 - 1 + ((i % 3) ? 0.0 : 0.37));
+	GridImage grid;
+	SCI::ColorGrid3DData * cells = new SCI::ColorGrid3DData(37, 23, values, xCentres, yCentres);
+	SCI::ColorGridInterpolation * interpolation = new SCI::ColorGridInterpolation(xCentres, yCentres, values,
+																				  cells->xEdges(), cells->yEdges());
+	grid.setData(cells);
+	grid.setInterpolatedData(interpolation);
+	// the image reaches beyond the grid on three sides; its last rows show the top cells
+	QwtScaleMap xMap, yMap;
+	xMap.setScaleInterval(-1, 15);
+	xMap.setPaintInterval(0, 400);
+	yMap.setScaleInterval(-0.5, 4.5);
+	yMap.setPaintInterval(0, 300);
+	SCI::ColorMap alpha;
+	alpha.m_type = SCI::ColorMap::AlphaMap;
+
+	// on one thread and on three, for each map, range and kind of image (the colour table is
+	// rebuilt after each change): every pixel has the map's colour of the value at its centre
+	for (const QwtInterval & range : { QwtInterval(0, 10), QwtInterval(2.5, 7) })
+		for (const SCI::ColorMap & map : { SCI::ColorMap(), alpha })
+			for (bool interpolated : { false, true })
+				for (unsigned int threads : { 1u, 3u }) {
+					grid.setValueRange(range);
+					grid.setColorMap(SCI::PlotColorMap::create(map));
+					grid.setInterpolationEnabled(interpolated);
+					grid.setRenderThreadCount(threads);
+					const QImage image = grid.renderImage(xMap, yMap, QRectF(-1, -0.5, 16, 5), QSize(400, 300));
+					const QwtRasterData & source = interpolated ? static_cast<const QwtRasterData &>(*interpolation) : *cells;
+					int differing = 0;
+					for (int r = 0; r < 300; ++r)
+						for (int c = 0; c < 400; ++c) {
+							const double v = source.value(xMap.invTransform(c + 0.5), yMap.invTransform(r + 0.5));
+							differing += image.pixel(c, r) != (std::isnan(v) ? 0u : grid.colorMap()->rgb(range, v));
+						}
+					EXPECT_EQ(differing, 0) << range.minValue() << " alpha " << map.m_type << " interpolated " << interpolated
+											<< " threads " << threads;
+				}
 }
 
 

@@ -1,12 +1,19 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iomanip>
+#include <limits>
+#include <memory>
 #include <random>
 
 #include <tinyxml.h>
 
+#include <qwt_color_map.h>
+
+#include <Sci_ColorLookupTable.h>
 #include <Sci_ColorMap.h>
 #include <Sci_ColorMapFile.h>
+#include <Sci_PlotColorMap.h>
 #include <Sci_XMLValueReader.h>
 #include <Sci_XMLValueWriter.h>
 
@@ -35,11 +42,8 @@ TEST(SciColorMap, LinearMapStepsPositionsAndHsvInterpolation) {
 
 	// one step gives just the end stops
 	m.setLinearMap(QColor("#102030"), QColor("#f0e0d0"), 1);
-	ASSERT_EQ(m.m_linearColorStops.size(), 2);
-	EXPECT_EQ(m.m_linearColorStops[0].m_pos, 0.0);
-	EXPECT_EQ(m.m_linearColorStops[1].m_pos, 1.0);
-	EXPECT_EQ(m.m_linearColorStops[0].m_color, QColor("#102030"));
-	EXPECT_EQ(m.m_linearColorStops[1].m_color, QColor("#f0e0d0"));
+	EXPECT_EQ(m.m_linearColorStops, QVector<ColorMap::ColorStop>({ ColorMap::ColorStop(0, QColor("#102030")),
+																	ColorMap::ColorStop(1, QColor("#f0e0d0")) }));
 
 	// no step at all is refused and the map stays as it was
 	const ColorMap before = m;
@@ -195,5 +199,68 @@ TEST(SciColorMapFile, SaveLoadAndRefusedFiles) {
 		catch (ZEB::Exception & ex) {
 			EXPECT_EQ(std::string(ex.what()), r.second);
 		}
+	}
+}
+
+
+namespace {
+
+/*! Looks up colours of map over range in a colour table and checks them against the map's own:
+	across the range and a quarter beyond each end, at both neighbouring numbers of every change of
+	colour found in the sweep, on and next to every stop, and NaN (transparent). */
+void expectTableGivesTheMapsColours(const QwtColorMap & map, double min, double max, const ColorMap & model) {
+	const QwtInterval range(min, max);
+	const SCI::ColorLookupTable table(map, range);
+	int mismatches = 0;
+	auto check = [&](double v) {
+		if (table.rgb(v) != map.rgb(range, v) && ++mismatches <= 5)
+			ADD_FAILURE() << std::hex << table.rgb(v) << " instead of " << map.rgb(range, v) << " at "
+						  << std::setprecision(17) << v << " on " << min << ".." << max;
+	};
+	const double width = max - min;
+	double previous = min - 0.25*width;
+	for (int i = 0; i <= 100000; ++i) {
+		const double v = min - 0.25*width + 1.5e-5*width*i;
+		check(v);
+		if (map.rgb(range, v) != map.rgb(range, previous)) {
+			double a = previous, b = v;
+			for (double m = a + 0.5*(b - a); m > a && m < b; m = a + 0.5*(b - a))
+				(map.rgb(range, m) == map.rgb(range, b) ? b : a) = m;
+			check(a);
+			check(b);
+		}
+		previous = v;
+	}
+	for (const ColorMap::ColorStop & stop : model.m_linearColorStops)
+		for (double v : { std::nextafter(min + stop.m_pos*width, -HUGE_VAL), min + stop.m_pos*width,
+						  std::nextafter(min + stop.m_pos*width, HUGE_VAL) })
+			check(v);
+	EXPECT_EQ(table.rgb(std::numeric_limits<double>::quiet_NaN()), 0u);
+}
+
+} // namespace
+
+
+TEST(SciColorLookupTable, GivesExactlyTheColoursOfTheMap) {
+	// the default map; one with a jump (two stops at 0.5), a steep part, colours with alpha and
+	// 16-bit channels; a white spike narrower than a part of the table between black; the alpha map
+	ColorMap jumps;
+	jumps.m_linearColorStops = { ColorMap::ColorStop(0, Qt::black), ColorMap::ColorStop(0.5, Qt::red),
+								 ColorMap::ColorStop(0.5, Qt::green), ColorMap::ColorStop(0.5001, QColor(10, 20, 30, 40)),
+								 ColorMap::ColorStop(0.8, QColor::fromRgba64(1000, 2000, 3000)),
+								 ColorMap::ColorStop(1, Qt::white) };
+	ColorMap peak;
+	peak.m_linearColorStops = { ColorMap::ColorStop(0, Qt::black), ColorMap::ColorStop(0.5, Qt::black),
+								ColorMap::ColorStop(0.5 + 0.5/4096, Qt::white), ColorMap::ColorStop(0.5 + 1.0/4096, Qt::black),
+								ColorMap::ColorStop(1, Qt::black) };
+	ColorMap alpha;
+	alpha.m_type = ColorMap::AlphaMap;
+	alpha.m_alphaColor = QColor(30, 160, 90);
+	// ranges across zero, far from zero, tiny, and empty (left to the map)
+	const std::pair<double, double> ranges[] = { {-1.3, 2.7}, {-5, 5}, {1e6, 1e6 + 1e-3}, {0, 1e-300}, {2, 2} };
+	for (const ColorMap & model : { ColorMap(), jumps, peak, alpha }) {
+		const std::unique_ptr<QwtColorMap> map(SCI::PlotColorMap::create(model));
+		for (const auto & r : ranges)
+			expectTableGivesTheMapsColours(*map, r.first, r.second, model);
 	}
 }

@@ -8,6 +8,8 @@
 
 #include <tinyxml.h>
 
+#include <EM_ModelTwo2DIsopleth.h>
+
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_StringUtils.h>
@@ -141,6 +143,16 @@ IsoplethLineSet IsoplethLineSet::readFile(const QString & fileName) {
 		throw ZEB::Exception(ex, ZEB::MessageFormat("Cannot read isopleth lines from '%1'.").arg(fileName.toStdString()),
 							 FUNC_ID);
 	}
+}
+
+
+IsoplethLineSet IsoplethLineSet::of(const EM::ModelTwo2DIsopleth & model) {
+	IsoplethLineSet set;
+	if (!model.linesName().empty()) {
+		set.m_name = model.linesName();
+		set.m_lines = model.lines();
+	}
+	return set;
 }
 
 

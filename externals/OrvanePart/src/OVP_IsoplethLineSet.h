@@ -10,6 +10,10 @@
 
 class TiXmlElement;
 
+namespace EM {
+class ModelTwo2DIsopleth;
+}
+
 namespace OVP {
 
 /*! A named set of germination isopleth lines, for example those of one substrate class, as the
@@ -35,6 +39,8 @@ struct IsoplethLineSet {
 		the file and the line of the fault.
 	*/
 	static IsoplethLineSet readFile(const QString & fileName);
+	/*! The set a model evaluates; the default set while it uses its own lines. */
+	static IsoplethLineSet of(const EM::ModelTwo2DIsopleth & model);
 
 	/*! Appends the element IsoplethLines (attributes extractor and name) with one Line element
 		per line (attribute name, text "T RH;T RH;...") to parent.

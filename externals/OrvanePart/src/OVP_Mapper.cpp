@@ -410,10 +410,8 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 		while (text >> key >> value)
 			setup.m_modelParameters.emplace_back(key, value);
 		const EM::ModelTwo2DIsopleth * isopleth = isoplethModel(entry);
-		if (isopleth != nullptr && !isopleth->linesName().empty()) {
-			setup.m_isoplethLines.m_name = isopleth->linesName();
-			setup.m_isoplethLines.m_lines = isopleth->lines();
-		}
+		if (isopleth != nullptr)
+			setup.m_isoplethLines = IsoplethLineSet::of(*isopleth);
 	}
 	return setup;
 }
@@ -971,12 +969,9 @@ void Mapper::writeIsoplethLines(TiXmlElement * chartModel) const {
 	for (unsigned int i = 0; i < extractorCount(); ++i) {
 		const ExtractorEntry & entry = isSeriesChart() ? m_2DExtractors[i] : m_3DExtractor;
 		const EM::ModelTwo2DIsopleth * isopleth = entry.m_extractor ? isoplethModel(entry) : nullptr;
-		if (isopleth == nullptr || isopleth->linesName().empty())
-			continue;
-		IsoplethLineSet set;
-		set.m_name = isopleth->linesName();
-		set.m_lines = isopleth->lines();
-		set.writeXML(chartModel, i);
+		const IsoplethLineSet set = isopleth == nullptr ? IsoplethLineSet() : IsoplethLineSet::of(*isopleth);
+		if (!set.isDefault())
+			set.writeXML(chartModel, i);
 	}
 }
 

@@ -16,7 +16,7 @@ namespace DATAIO {
 	would end the program. Reads of the mapping therefore happen while a Guard lives on the
 	reading thread: the guard's signal handler puts zero pages in place of the lost ones and marks
 	the mapping as cut, so that the reader sees NUL bytes, which no line of a text file holds, and
-	reports the cut file once it is done. A mapping that was cut stays so until it is mapped anew.
+	can tell a cut file from a broken line. The pages before the lost one stay as they are.
 */
 class MappedFile {
 public:

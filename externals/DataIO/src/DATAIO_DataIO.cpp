@@ -1,8 +1,8 @@
 #include "DATAIO_DataIO.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <atomic>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -1028,6 +1028,7 @@ void DataIO::parseAllAsciiValues(const char * funcId) {
 					parsed[t] = ok ? 1 : 0;
 				}
 				catch (std::exception &) {
+					// left unloaded: data() reports it
 				}
 			}
 			m_text.release(m_lineStart[first], last < rows ? m_lineStart[last] : m_consumedEnd);

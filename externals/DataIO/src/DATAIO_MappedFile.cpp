@@ -139,14 +139,16 @@ bool MappedFile::replaceLostPages(const void * address) const {
 }
 
 
-MappedFile::Guard::Guard(const MappedFile & file) {
+MappedFile::Guard::Guard(const MappedFile & file) :
+	m_previous(MappedFileSignals::t_guarded)
+{
 	MappedFileSignals::install();
 	MappedFileSignals::t_guarded = &file;
 }
 
 
 MappedFile::Guard::~Guard() {
-	MappedFileSignals::t_guarded = nullptr;
+	MappedFileSignals::t_guarded = m_previous;
 }
 
 } // namespace DATAIO

@@ -47,7 +47,8 @@ public:
 	void release(std::uint64_t begin, std::uint64_t end) const;
 
 	/*! Makes reading the mapping safe on the thread that creates it, for as long as it lives;
-		guards do not nest.
+		a guard created meanwhile on the same thread (a progress callback reading another file)
+		takes over until it ends.
 	*/
 	class Guard {
 	public:
@@ -55,6 +56,8 @@ public:
 		~Guard();
 		Guard(const Guard &) = delete;
 		Guard & operator=(const Guard &) = delete;
+	private:
+		const MappedFile *	m_previous;
 	};
 
 private:

@@ -22,7 +22,6 @@ struct MappedFileSignals {
 	static void install() {
 		static std::once_flag once;
 		std::call_once(once, [] {
-			s_pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 			struct sigaction action;
 			std::memset(&action, 0, sizeof(action));
 			action.sa_sigaction = &handler;
@@ -51,7 +50,7 @@ struct MappedFileSignals {
 };
 
 struct sigaction MappedFileSignals::s_previous;
-std::uintptr_t MappedFileSignals::s_pageSize = 4096;
+std::uintptr_t MappedFileSignals::s_pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 thread_local const MappedFile * MappedFileSignals::t_guarded = nullptr;
 
 

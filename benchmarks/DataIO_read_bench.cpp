@@ -1,6 +1,6 @@
 // libs: DataIO SampleData
 // Reading speed of simulation output files with DATAIO::DataIO: header and time point scan of
-// ASCII and binary files, parsing all values of an ASCII file (dataVector), the time series of
+// ASCII and binary files, all values of an ASCII and a binary file (dataVector), the time series of
 // one element gathered from every time point of a binary file, and the refresh of a growing
 // file after 1 % more records arrived.
 //
@@ -80,25 +80,50 @@ bool guarded(benchmark::State & state, F f) {
 }
 
 
-// read(): header and the list of time points; ASCII lines are kept unparsed, binary values are
-// skipped.
+/*! Private memory of the process in MiB: Private_Clean + Private_Dirty of /proc/self/smaps_rollup
+	(pages mapped by this process alone, anonymous or from files). */
+double privateMiB() {
+	std::ifstream in("/proc/self/smaps_rollup");
+	std::string key;
+	double kB = 0;
+	double sum = 0;
+	while (in >> key) {
+		if ((key == "Private_Clean:" || key == "Private_Dirty:") && in >> kB)
+			sum += kB;
+		in.ignore(1000, '\n');
+	}
+	return sum/1024;
+}
+
+
+// read(): header and the list of time points; ASCII lines stay in the file, binary values are
+// skipped. Counter held_MiB: private memory the container holds after read().
 void BM_HeaderAndTimePoints(benchmark::State & state, bool binary) {
 	const std::string & file = binary ? BenchFiles::instance().m_binary : BenchFiles::instance().m_ascii;
+	double held = 0;
 	for (auto _ : state) {
+		state.PauseTiming();
+		const double before = privateMiB();
+		state.ResumeTiming();
 		DATAIO::DataIO dio;
 		if (!guarded(state, [&] { dio.read(file); }))
 			return;
 		benchmark::DoNotOptimize(dio.timePoints().data());
+		state.PauseTiming();
+		held = std::max(held, privateMiB() - before);
+		state.ResumeTiming();
 	}
 	state.SetBytesProcessed(state.iterations()*fileSize(file));
+	state.counters["held_MiB"] = held;
 }
 BENCHMARK_CAPTURE(BM_HeaderAndTimePoints, ascii, false)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(BM_HeaderAndTimePoints, binary, true)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 
-// dataVector() of an ASCII file that has been read: parsing all values. Bytes: the data section.
-void BM_AsciiDataVector(benchmark::State & state) {
-	const std::string & file = BenchFiles::instance().m_ascii;
+// dataVector() of a file that has been read: parsing all values of the ASCII file, reading all
+// values of the binary one. Bytes: the data section.
+void BM_DataVector(benchmark::State & state, bool binary) {
+	const std::string & file = binary ? BenchFiles::instance().m_binary : BenchFiles::instance().m_ascii;
 	std::int64_t bytes = 0;
 	for (auto _ : state) {
 		state.PauseTiming();
@@ -111,12 +136,13 @@ void BM_AsciiDataVector(benchmark::State & state) {
 			if (!guarded(state, [&] { benchmark::DoNotOptimize(dio.dataVector()); }))
 				return;
 			state.PauseTiming();
-		}	// freeing the values is not part of parsing
+		}	// freeing the values is not part of reading them
 		state.ResumeTiming();
 	}
 	state.SetBytesProcessed(bytes);
 }
-BENCHMARK(BM_AsciiDataVector)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(BM_DataVector, ascii, false)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(BM_DataVector, binary, true)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 
 // read() and dataVector() together: from the file to all values in memory, what a CSV reader

@@ -1,10 +1,18 @@
 #include "DATAIO_DataIO.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <system_error>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/uio.h>
+#include <unistd.h>
 
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
@@ -49,9 +57,23 @@ namespace {
 const std::size_t PRE_V6_TITLE_LENGTH = 40;
 /*! Number of bytes before the end of the last record that refresh() compares. */
 const std::uint64_t TAIL_SIGNATURE_SIZE = 64;
-/*! Size of the blocks in which binary and ASCII data sections are read. */
+/*! Size of the blocks in which binary data sections are read. */
 const std::uint64_t BINARY_BLOCK_SIZE = std::uint64_t(4) << 20;
-const std::size_t ASCII_BLOCK_SIZE = std::size_t(4) << 20;
+/*! Binary records from this size on are read with their values straight into place. */
+const std::uint64_t SCATTER_MIN_RECORD_SIZE = 4096;
+/*! Most parts of one scattered read (the usual IOV_MAX). */
+const std::size_t MAX_READ_PARTS = 1024;
+/*! Bytes of an ASCII data section between two progress notifications. */
+const std::uint64_t ASCII_PROGRESS_STEP = std::uint64_t(4) << 20;
+/*! Bytes of a mapped ASCII file scanned before the process lets go of their pages. */
+const std::uint64_t ASCII_RELEASE_STEP = std::uint64_t(32) << 20;
+/*! Bytes of ASCII values parsed as one piece of work, and the least that is parsed on several
+	threads.
+*/
+const std::uint64_t PARSE_CHUNK_SIZE = std::uint64_t(4) << 20;
+const std::uint64_t PARALLEL_PARSE_MIN_SIZE = std::uint64_t(16) << 20;
+/*! Most threads that parse ASCII values. */
+const unsigned int MAX_PARSE_THREADS = 16;
 /*! Size of the first block of an ASCII header, which is usually a few hundred bytes long. */
 const std::size_t HEADER_BLOCK_SIZE = std::size_t(64) << 10;
 /*! Verbosity level at which a held-back last line of a growing file is reported again. */
@@ -74,6 +96,64 @@ bool openFile(const std::string & filename, std::ifstream & in, std::uint64_t & 
 	size = static_cast<std::uint64_t>(end);
 	return true;
 }
+
+/*! A file opened for reading with the system's calls, closed with the object; m_fd < 0 when it
+	could not be opened.
+*/
+struct ReadOnlyFile {
+	explicit ReadOnlyFile(const std::string & filename) : m_fd(::open(filename.c_str(), O_RDONLY | O_CLOEXEC)) {}
+	~ReadOnlyFile() {
+		if (m_fd >= 0)
+			::close(m_fd);
+	}
+	ReadOnlyFile(const ReadOnlyFile &) = delete;
+	ReadOnlyFile & operator=(const ReadOnlyFile &) = delete;
+
+	/*! Reads up to size bytes from file position pos; returns the bytes read, fewer only at the
+		end of the file or on an error.
+	*/
+	std::uint64_t read(char * buffer, std::size_t size, std::uint64_t pos) const {
+		std::uint64_t done = 0;
+		while (done < size) {
+			const ssize_t got = ::pread(m_fd, buffer + done, size - static_cast<std::size_t>(done),
+										static_cast<off_t>(pos + done));
+			if (got < 0 && errno == EINTR)
+				continue;
+			if (got <= 0)
+				break;
+			done += static_cast<std::uint64_t>(got);
+		}
+		return done;
+	}
+
+	/*! Reads into the parts one after the other from file position pos; returns the bytes read,
+		fewer only at the end of the file or on an error. The parts are used up.
+	*/
+	std::uint64_t read(std::vector<iovec> & parts, std::uint64_t pos) const {
+		std::uint64_t done = 0;
+		std::size_t first = 0;
+		while (first < parts.size()) {
+			const ssize_t got = ::preadv(m_fd, parts.data() + first, static_cast<int>(parts.size() - first),
+										 static_cast<off_t>(pos + done));
+			if (got < 0 && errno == EINTR)
+				continue;
+			if (got <= 0)
+				break;
+			done += static_cast<std::uint64_t>(got);
+			// a short read leaves the rest of the parts to the next call
+			std::size_t left = static_cast<std::size_t>(got);
+			while (first < parts.size() && left >= parts[first].iov_len)
+				left -= parts[first++].iov_len;
+			if (left > 0) {
+				parts[first].iov_base = static_cast<char*>(parts[first].iov_base) + left;
+				parts[first].iov_len -= left;
+			}
+		}
+		return done;
+	}
+
+	int m_fd;
+};
 
 /*! A line for an error message, cut to a readable length. */
 std::string quoted(const char * begin, const char * end) {
@@ -560,36 +640,21 @@ void DataIO::readASCIIData(ZEB::NotificationHandler * notification, LastLine las
 	const bool hadOpenLine = m_hasOpenLine;
 	try {
 		try {
-			std::ifstream in(m_filename, std::ios::binary);
-			if (!in)
-				throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(m_filename), FUNC_ID);
-			LineReader reader(in, m_filename, m_consumedEnd, m_fileSize, m_linesConsumed + 1, m_maxLineLength,
-							  ASCII_BLOCK_SIZE, notification);
-			// after a few lines, estimate how many follow and reserve the per-line bookkeeping once
-			std::size_t lines = 0;
-			const std::uint64_t toRead = m_fileSize > m_consumedEnd ? m_fileSize - m_consumedEnd : 0;
-			std::uint64_t lineStart = m_consumedEnd;
-			const char * begin;
-			const char * end;
-			while (reader.next(begin, end)) {
-				if (!reader.lastTerminated()) {
-					if (addLastLine(reader, begin, end, lineStart, lastLine))
-						lineStart = reader.consumed();
-					break;
-				}
-				addValueLine(reader, begin, end);
-				lineStart = reader.consumed();
-				if (lines < LINES_BEFORE_ESTIMATE && ++lines == LINES_BEFORE_ESTIMATE) {
-					const std::uint64_t bytes = lineStart - m_consumedEnd;
-					if (toRead > bytes) {
-						const std::size_t estimate = static_cast<std::size_t>((toRead - bytes)/(bytes/lines + 1)*21/20);
-						m_timePoints.reserve(m_timePoints.size() + estimate);
-						m_asciiDataLines.reserveLines(estimate);
-					}
-				}
+			// the lines are read in place from a mapping of the file as it is now
+			if (m_text.size() != m_fileSize || m_text.isCut())
+				m_text.map(m_filename, m_fileSize);
+			MappedFile::Guard guard(m_text);
+			try {
+				scanASCIILines(notification, lastLine);
 			}
-			m_linesConsumed = reader.lineNumber() - (reader.lastTerminated() ? 0 : 1);
-			m_consumedEnd = lineStart;
+			catch (ZEB::Exception &) {
+				// the NUL bytes in place of lost pages are no fault of the file's text
+				if (m_text.isCut())
+					throwCutFile(FUNC_ID);
+				throw;
+			}
+			if (m_text.isCut())
+				throwCutFile(FUNC_ID);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, "Error reading file with FileReader.", FUNC_ID);
@@ -597,22 +662,62 @@ void DataIO::readASCIIData(ZEB::NotificationHandler * notification, LastLine las
 	}
 	catch (ZEB::Exception & ex) {
 		m_timePoints.resize(before);
-		m_asciiDataLines.truncate(before);
+		m_lineStart.resize(before);
 		m_hasOpenLine = hadOpenLine;
 		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
 	}
 	catch (std::exception & ex) {
 		m_timePoints.resize(before);
-		m_asciiDataLines.truncate(before);
+		m_lineStart.resize(before);
 		m_hasOpenLine = hadOpenLine;
 		throw ZEB::Exception(ex, "Error reading ASCII data.", FUNC_ID);
 	}
 	if (notification != nullptr)
 		notification->notify(1.0);
-	// the last block keeps its unused tail: pages never written cost no memory, and a refresh
-	// of a growing file appends there instead of moving the whole block
 	m_values.resize(m_timePoints.size());
 	m_tailSignature = tailBytes(m_consumedEnd);
+}
+
+
+void DataIO::scanASCIILines(ZEB::NotificationHandler * notification, LastLine lastLine) {
+	LineReader reader(m_text.data(), m_filename, m_consumedEnd, m_fileSize, m_linesConsumed + 1, m_maxLineLength);
+	// after a few lines, estimate how many follow and reserve the per-line bookkeeping once
+	std::size_t lines = 0;
+	const std::uint64_t toRead = m_fileSize > m_consumedEnd ? m_fileSize - m_consumedEnd : 0;
+	std::uint64_t lineStart = m_consumedEnd;
+	std::uint64_t released = m_consumedEnd;
+	std::uint64_t nextProgress = m_consumedEnd + ASCII_PROGRESS_STEP;
+	const char * begin;
+	const char * end;
+	while (reader.next(begin, end)) {
+		if (!reader.lastTerminated()) {
+			if (addLastLine(reader, begin, end, lineStart, lastLine))
+				lineStart = reader.consumed();
+			break;
+		}
+		addValueLine(reader, begin, end);
+		lineStart = reader.consumed();
+		if (lines < LINES_BEFORE_ESTIMATE && ++lines == LINES_BEFORE_ESTIMATE) {
+			const std::uint64_t bytes = lineStart - m_consumedEnd;
+			if (toRead > bytes) {
+				const std::size_t estimate = static_cast<std::size_t>((toRead - bytes)/(bytes/lines + 1)*21/20);
+				m_timePoints.reserve(m_timePoints.size() + estimate);
+				m_lineStart.reserve(m_lineStart.size() + estimate);
+			}
+		}
+		// the pages read stay in the file cache, but not in this process
+		if (lineStart - released >= ASCII_RELEASE_STEP) {
+			m_text.release(released, lineStart);
+			released = lineStart;
+		}
+		if (notification != nullptr && lineStart >= nextProgress) {
+			notification->notify(static_cast<double>(lineStart)/static_cast<double>(m_fileSize));
+			nextProgress = lineStart + ASCII_PROGRESS_STEP;
+		}
+	}
+	m_text.release(released, m_fileSize);
+	m_linesConsumed = reader.lineNumber() - (reader.lastTerminated() ? 0 : 1);
+	m_consumedEnd = lineStart;
 }
 
 
@@ -655,7 +760,7 @@ bool DataIO::addLastLine(const LineReader & reader, const char * begin, const ch
 
 void DataIO::dropOpenLine() {
 	const std::size_t t = m_timePoints.size() - 1;
-	m_asciiDataLines.removeLast(m_values.isLoaded(t));
+	m_lineStart.pop_back();
 	m_values.resize(t);
 	m_timePoints.pop_back();
 	m_consumedEnd = m_openLineStart;
@@ -682,7 +787,7 @@ void DataIO::addValueLine(const LineReader & reader, const char * begin, const c
 	}
 	while (tokenEnd != end && Tokenizer::isSeparator(*tokenEnd))
 		++tokenEnd;
-	m_asciiDataLines.append(tokenEnd, end);
+	m_lineStart.push_back(static_cast<std::uint64_t>(tokenEnd - m_text.data()));
 	m_timePoints.push_back(t);
 }
 
@@ -805,24 +910,18 @@ const double * DataIO::data(unsigned int timeIndex) {
 
 	try {
 		if (m_source == SRC_ASCII) {
-			const char * begin;
-			const char * end;
-			m_asciiDataLines.line(t, begin, end);
-			try {
-				ZEB::string2valueVector(begin, end, m_parseBuffer);
+			double * row = rowForWriting(t, FUNC_ID);
+			if (!parseRow(t, row)) {
+				// the general parser accepts every number and tells what is wrong
+				if (!parseLine(t, m_parseBuffer))
+					throwCutFile(FUNC_ID);
+				if (m_parseBuffer.size() != m_nValues)
+					throw ZEB::Exception(ZEB::MessageFormat("Not enough values for time index %1 in output file, "
+						"only got %2 values, but needed %3.").arg(timeIndex).arg(static_cast<unsigned long>(m_parseBuffer.size()))
+						.arg(m_nValues), FUNC_ID);
+				std::copy(m_parseBuffer.begin(), m_parseBuffer.end(), row);
 			}
-			catch (ZEB::Exception & ex) {
-				throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid values for time index %1 in output file.")
-									 .arg(timeIndex), FUNC_ID);
-			}
-			if (m_parseBuffer.size() != m_nValues)
-				throw ZEB::Exception(ZEB::MessageFormat("Not enough values for time index %1 in output file, "
-					"only got %2 values, but needed %3.").arg(timeIndex).arg(static_cast<unsigned long>(m_parseBuffer.size()))
-					.arg(m_nValues), FUNC_ID);
-			if (m_nValues != 0)
-				std::memcpy(rowForWriting(t, FUNC_ID), m_parseBuffer.data(), m_nValues*sizeof(double));
 			m_values.setLoaded(t);
-			m_asciiDataLines.release(t);
 		}
 		else if (m_source == SRC_BINARY) {
 			std::ifstream in(m_filename, std::ios::binary);
@@ -844,6 +943,123 @@ const double * DataIO::data(unsigned int timeIndex) {
 }
 
 
+bool DataIO::parseRow(std::size_t t, double * row) const {
+	MappedFile::Guard guard(m_text);
+	const char * p = m_text.data() + m_lineStart[t];
+	const char * const bound = m_text.data() + (t + 1 < m_lineStart.size() ? m_lineStart[t + 1] : m_consumedEnd);
+	// the separators and the line end of ZEB::string2valueVector on the line up to its "\n"
+	auto isSeparator = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
+	std::size_t count = 0;
+	while (true) {
+		while (p != bound && isSeparator(*p))
+			++p;
+		if (p == bound || *p == '\n')
+			break;
+		if (count == m_nValues)
+			return false;	// too many values
+		const char * stop = ZEB::parseDoubleFastPrefix(p, bound, row[count]);
+		if (stop == nullptr || (stop != bound && *stop != '\n' && !isSeparator(*stop)))
+			return false;
+		++count;
+		p = stop;
+	}
+	// a page lost while the file is mapped reads as NUL bytes, which no number holds
+	return count == m_nValues;
+}
+
+
+bool DataIO::parseLine(std::size_t t, std::vector<double> & values) const {
+	FUNCID(DataIO::data);
+	MappedFile::Guard guard(m_text);
+	const std::uint64_t start = m_lineStart[t];
+	// the line ends before the values of the next time point, or where the data section read ends
+	const std::uint64_t bound = t + 1 < m_lineStart.size() ? m_lineStart[t + 1] : m_consumedEnd;
+	const char * begin = m_text.data() + start;
+	const char * end = static_cast<const char*>(std::memchr(begin, '\n', static_cast<std::size_t>(bound - start)));
+	if (end == nullptr)
+		end = m_text.data() + bound;
+	if (end != begin && end[-1] == '\r')
+		--end;
+	try {
+		ZEB::string2valueVector(begin, end, values);
+	}
+	catch (ZEB::Exception & ex) {
+		// the end of a file cut short reads as NUL bytes, within the last page as well
+		std::error_code ec;
+		const std::uint64_t size = std::filesystem::file_size(m_filename, ec);
+		if (m_text.isCut() || (!ec && size < m_consumedEnd))
+			return false;
+		throw ZEB::Exception(ex, ZEB::MessageFormat("Invalid values for time index %1 in output file.")
+							 .arg(static_cast<unsigned long>(t)), FUNC_ID);
+	}
+	return true;
+}
+
+
+void DataIO::parseAllAsciiValues(const char * funcId) {
+	const std::size_t rows = m_timePoints.size();
+	const std::size_t n = m_nValues;
+	if (n == 0 || rows == 0)
+		return;
+	double * const values = rowForWriting(0, funcId);
+	const std::uint64_t bytes = m_consumedEnd - m_lineStart.front();
+	const std::size_t rowsPerChunk = static_cast<std::size_t>(std::max<std::uint64_t>(1, PARSE_CHUNK_SIZE*rows/(bytes + 1)));
+	std::atomic<std::size_t> nextRow(0);
+	std::vector<char> parsed(rows, 0);	// one byte per row: the threads write disjoint ones
+	// each thread takes the next chunk of rows until none is left; a row that does not parse is
+	// left alone, the caller loads it with data(), which reports the failure
+	auto work = [&]() {
+		std::vector<double> buffer;
+		while (true) {
+			const std::size_t first = nextRow.fetch_add(rowsPerChunk);
+			if (first >= rows)
+				return;
+			const std::size_t last = std::min(rows, first + rowsPerChunk);
+			for (std::size_t t = first; t < last; ++t) {
+				if (m_values.isLoaded(t))
+					continue;
+				double * row = values + t*n;
+				try {
+					bool ok = parseRow(t, row);
+					if (!ok && parseLine(t, buffer) && buffer.size() == n) {
+						std::copy(buffer.begin(), buffer.end(), row);
+						ok = true;
+					}
+					parsed[t] = ok ? 1 : 0;
+				}
+				catch (std::exception &) {
+					// left unloaded: data() reports it
+				}
+			}
+			m_text.release(m_lineStart[first], last < rows ? m_lineStart[last] : m_consumedEnd);
+		}
+	};
+	unsigned int threads = 1;
+	if (bytes >= PARALLEL_PARSE_MIN_SIZE)
+		threads = std::max(1u, std::min(std::thread::hardware_concurrency(), MAX_PARSE_THREADS));
+	std::vector<std::thread> helpers;
+	try {
+		for (unsigned int i = 1; i < threads; ++i)
+			helpers.emplace_back(work);
+	}
+	catch (std::system_error &) {
+		// no more threads to be had: those started and this one do the work
+	}
+	work();
+	for (std::thread & helper : helpers)
+		helper.join();
+	for (std::size_t t = 0; t < rows; ++t)
+		if (parsed[t] != 0)
+			m_values.setLoaded(t);
+}
+
+
+void DataIO::throwCutFile(const char * funcId) const {
+	throw ZEB::Exception(ZEB::MessageFormat("File '%1' became shorter after it was read; refresh it to read it "
+		"again.").arg(m_filename), funcId);
+}
+
+
 double * DataIO::rowForWriting(std::size_t t, const char * funcId) {
 	try {
 		return m_values.rowForWriting(t);
@@ -856,31 +1072,56 @@ double * DataIO::rowForWriting(std::size_t t, const char * funcId) {
 
 
 void DataIO::loadAllBinaryValues(const char * funcId) {
-	std::ifstream in(m_filename, std::ios::binary);
-	if (!in)
+	ReadOnlyFile file(m_filename);
+	if (file.m_fd < 0)
 		return;	// data() reports the failure for each time point
 	const std::size_t n = m_nValues;
+	const std::size_t rows = m_timePoints.size();
 	const std::uint64_t recordSize = (static_cast<std::uint64_t>(n) + 1)*8;
-	const std::size_t recordsPerBlock = static_cast<std::size_t>(std::max<std::uint64_t>(1, BINARY_BLOCK_SIZE/recordSize));
-	std::vector<char> block(static_cast<std::size_t>(recordsPerBlock*recordSize));
+	if (recordSize < SCATTER_MIN_RECORD_SIZE) {
+		// short records: blocks of them, whose values are copied out
+		const std::size_t recordsPerBlock = static_cast<std::size_t>(BINARY_BLOCK_SIZE/recordSize);
+		std::vector<char> block(static_cast<std::size_t>(recordsPerBlock*recordSize));
+		std::size_t t = 0;
+		while (t < rows) {
+			if (m_values.isLoaded(t)) {
+				++t;
+				continue;
+			}
+			const std::size_t records = static_cast<std::size_t>(file.read(block.data(), block.size(),
+				m_dataSectionOffset + t*recordSize)/recordSize);
+			if (records == 0)
+				return;	// an incomplete last record: data() reports it
+			for (std::size_t r = 0; r < records && t < rows; ++r, ++t) {
+				if (m_values.isLoaded(t))
+					continue;
+				std::memcpy(rowForWriting(t, funcId), block.data() + r*recordSize + 8, n*sizeof(double));
+				m_values.setLoaded(t);
+			}
+		}
+		return;
+	}
+	// long records: the values of each go straight into their row, the time points into a
+	// scratch slot, so that the value buffer is written once, by the system
+	double * const values = rowForWriting(0, funcId);
+	double timePoint;
+	std::vector<iovec> parts;
 	std::size_t t = 0;
-	while (t < m_timePoints.size()) {
+	while (t < rows) {
 		if (m_values.isLoaded(t)) {
 			++t;
 			continue;
 		}
-		in.clear();
-		in.seekg(static_cast<std::streamoff>(m_dataSectionOffset + t*recordSize));
-		in.read(block.data(), static_cast<std::streamsize>(block.size()));
-		const std::size_t records = static_cast<std::size_t>(static_cast<std::uint64_t>(in.gcount())/recordSize);
+		parts.clear();
+		for (std::size_t r = t; r < rows && !m_values.isLoaded(r) && parts.size() + 2 <= MAX_READ_PARTS; ++r) {
+			parts.push_back(iovec{ &timePoint, sizeof(timePoint) });
+			parts.push_back(iovec{ values + r*n, n*sizeof(double) });
+		}
+		const std::size_t records = static_cast<std::size_t>(file.read(parts, m_dataSectionOffset + t*recordSize)/recordSize);
 		if (records == 0)
 			return;	// an incomplete last record: data() reports it
-		for (std::size_t r = 0; r < records && t < m_timePoints.size(); ++r, ++t) {
-			if (m_values.isLoaded(t))
-				continue;
-			std::memcpy(rowForWriting(t, funcId), block.data() + r*recordSize + 8, n*sizeof(double));
+		for (std::size_t r = 0; r < records; ++r, ++t)
 			m_values.setLoaded(t);
-		}
 	}
 }
 
@@ -895,6 +1136,9 @@ const double * DataIO::dataVector() {
 				"time points found.").arg(m_timePoints[t]).arg(m_timePoints[t - 1]), FUNC_ID);
 	if (m_source == SRC_BINARY && !m_values.allLoaded())
 		loadAllBinaryValues(FUNC_ID);
+	if (m_source == SRC_ASCII && !m_values.allLoaded())
+		parseAllAsciiValues(FUNC_ID);
+	// what is still missing failed above; data() tells why
 	for (std::size_t t = 0; t < m_timePoints.size(); ++t) {
 		if (m_values.isLoaded(t))
 			continue;
@@ -918,7 +1162,8 @@ void DataIO::setData(const std::vector<double> & timePoints, const std::vector<s
 	for (const std::vector<double> & v : values)
 		if (v.size() != n)
 			throw ZEB::Exception("Size mismatch between individual vectors in values vector.", FUNC_ID);
-	m_asciiDataLines.clear();
+	m_text.unmap();
+	m_lineStart = std::vector<std::uint64_t>();
 	m_timePoints = timePoints;
 	m_nValues = static_cast<unsigned int>(n);
 	m_values.reset(n);
@@ -936,7 +1181,8 @@ void DataIO::setData(std::vector<double> && timePoints, std::size_t valuesPerTim
 	FUNCID(DataIO::setData);
 	if (values.size() != timePoints.size()*valuesPerTimePoint)
 		throw ZEB::Exception("Size mismatch between values and timePoints vectors.", FUNC_ID);
-	m_asciiDataLines.clear();
+	m_text.unmap();
+	m_lineStart = std::vector<std::uint64_t>();
 	m_timePoints = std::move(timePoints);
 	m_nValues = static_cast<unsigned int>(valuesPerTimePoint);
 	m_values.reset(valuesPerTimePoint);
@@ -966,7 +1212,8 @@ void DataIO::deleteData(unsigned int idxFrom, unsigned int idxTo) {
 					"removing time points.").arg(static_cast<unsigned long>(t)), FUNC_ID);
 			}
 		}
-		m_asciiDataLines.clear();
+		m_text.unmap();
+		m_lineStart = std::vector<std::uint64_t>();
 		m_source = SRC_MEMORY;
 	}
 	m_values.erase(idxFrom, static_cast<std::size_t>(idxTo) + 1);

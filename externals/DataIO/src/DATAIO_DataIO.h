@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "DATAIO_AsciiLineStore.h"
+#include "DATAIO_MappedFile.h"
 #include "DATAIO_ValueStore.h"
 
 namespace ZEB {
@@ -33,6 +33,12 @@ class LineReader;
 	is held back (and the log says so) until a refresh finds the file unchanged and the line
 	holding all its values, or an explicit refresh takes it; should the file grow after that, the
 	line is read again.
+
+	An ASCII file is mapped into memory and only the position of each time point's values is
+	kept; data() parses them from the mapping when first asked for, dataVector() parses all of
+	them on several threads. A file cut short after it was read gives a clear error (and
+	refresh() reads it anew); one that is rewritten in place may give other values until the next
+	refresh() notices the change, as a binary file does.
 
 	A container is used by one thread at a time: even data() changes it.
 */
@@ -292,7 +298,7 @@ private:
 	/*! Where the values of time points not yet loaded come from. */
 	enum Source {
 		SRC_MEMORY,		///< all values are in memory
-		SRC_ASCII,		///< unparsed lines in m_asciiDataLines
+		SRC_ASCII,		///< lines of the mapped file, at m_lineStart
 		SRC_BINARY		///< records in the file
 	};
 
@@ -310,6 +316,8 @@ private:
 	void readBinaryHeaderPreV6(std::istream & in);
 	/*! Reads the ASCII data lines from the end of the last read on. */
 	void readASCIIData(ZEB::NotificationHandler * notification, LastLine lastLine);
+	/*! The line loop of readASCIIData() over the mapped file. */
+	void scanASCIILines(ZEB::NotificationHandler * notification, LastLine lastLine);
 	/*! Takes or holds back (and reports) the reader's current line [begin, end), which begins at
 		file position start and has no line end. True when it was taken.
 	*/
@@ -319,8 +327,26 @@ private:
 	void dropOpenLine();
 	/*! Reads the binary time points of the complete records not yet listed. */
 	void readBinaryData(ZEB::NotificationHandler * notification);
-	/*! Takes one ASCII data line (the reader's current line): its time point and the unparsed rest. */
+	/*! Takes one ASCII data line (the reader's current line): its time point and the position of
+		the rest.
+	*/
 	void addValueLine(const LineReader & reader, const char * begin, const char * end);
+	/*! Parses the values of ASCII time point t from the mapped file straight into row, when its
+		line holds exactly nValues() numbers in the usual notation; false otherwise (parseLine()
+		then tells what is wrong).
+	*/
+	bool parseRow(std::size_t t, double * row) const;
+	/*! Parses the values of ASCII time point t from the mapped file into values, with the general
+		number parser. False when the file became shorter since it was read; a line that does not
+		parse throws ZEB::Exception.
+	*/
+	bool parseLine(std::size_t t, std::vector<double> & values) const;
+	/*! Parses the values of all ASCII time points not loaded yet, on several threads when there
+		are many; lines that fail are left for data() to report.
+	*/
+	void parseAllAsciiValues(const char * funcId);
+	/*! Throws the message for a file that became shorter since it was read. */
+	[[noreturn]] void throwCutFile(const char * funcId) const;
 	/*! Storage for the values of time point t; a failed allocation throws with funcId. */
 	double * rowForWriting(std::size_t t, const char * funcId);
 	/*! Loads all binary values that are missing with one sequential pass over the file; records
@@ -359,8 +385,11 @@ private:
 	unsigned int				m_nValues = 0;
 	/*! Values per time point, loaded ones marked. */
 	ValueStore					m_values;
-	/*! Unparsed rest of each ASCII data line, released when parsed. */
-	AsciiLineStore				m_asciiDataLines;
+	/*! The ASCII file mapped into memory, and the file position of the values of each time point
+		(the rest of its line after the time point).
+	*/
+	MappedFile					m_text;
+	std::vector<std::uint64_t>	m_lineStart;
 	std::uint64_t				m_fileSize = 0;
 	DataFormat					m_dataFormat = NUM_DF;
 	std::unique_ptr<GeoFile>	m_geometry;

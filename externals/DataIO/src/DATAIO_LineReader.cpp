@@ -13,7 +13,7 @@ namespace DATAIO {
 LineReader::LineReader(std::istream & in, const std::string & filename, std::uint64_t start, std::uint64_t end,
 					   std::uint64_t firstLine, std::size_t maxLength, std::size_t blockSize,
 					   ZEB::NotificationHandler * notification, char lineEnd) :
-	m_in(in),
+	m_in(&in),
 	m_filename(filename),
 	m_end(end),
 	m_maxLength(maxLength),
@@ -26,22 +26,41 @@ LineReader::LineReader(std::istream & in, const std::string & filename, std::uin
 	// a short section needs no full block; longer lines grow the buffer
 	const std::uint64_t section = end > start ? end - start : 0;
 	m_capacity = static_cast<std::size_t>(std::max<std::uint64_t>(1, std::min<std::uint64_t>(blockSize, section)));
-	m_buffer.reset(new char[m_capacity]);
-	m_in.clear();
-	m_in.seekg(static_cast<std::streamoff>(start));
+	m_storage.reset(new char[m_capacity]);
+	m_buffer = m_storage.get();
+	m_in->clear();
+	m_in->seekg(static_cast<std::streamoff>(start));
+}
+
+
+LineReader::LineReader(const char * text, const std::string & filename, std::uint64_t start, std::uint64_t end,
+					   std::uint64_t firstLine, std::size_t maxLength) :
+	m_in(nullptr),
+	m_filename(filename),
+	m_end(end),
+	m_maxLength(maxLength),
+	m_notification(nullptr),
+	m_lineEnd('\n'),
+	m_buffer(text + start),
+	m_filled(end > start ? static_cast<std::size_t>(end - start) : 0),
+	m_bufferStart(start),
+	m_atEnd(true),
+	m_consumed(start),
+	m_lineNumber(firstLine - 1)
+{
 }
 
 
 bool LineReader::next(const char *& begin, const char *& end) {
 	while (true) {
-		const char * start = m_buffer.get() + m_pos;
+		const char * start = m_buffer + m_pos;
 		const std::size_t available = m_filled - m_pos;
-		const char * nl = available == 0 ? nullptr : static_cast<const char*>(std::memchr(start, m_lineEnd, available));
+		// a line end beyond the longest line allowed is not looked for
+		const std::size_t window = available > m_maxLength ? m_maxLength + 1 : available;
+		const char * nl = window == 0 ? nullptr : static_cast<const char*>(std::memchr(start, m_lineEnd, window));
 		if (nl != nullptr) {
 			const std::size_t length = static_cast<std::size_t>(nl - start);
 			++m_lineNumber;
-			if (length > m_maxLength)
-				throwTooLong(m_lineNumber);
 			m_pos += length + 1;
 			m_consumed += length + 1;
 			m_terminated = true;
@@ -57,8 +76,8 @@ bool LineReader::next(const char *& begin, const char *& end) {
 			// the section ends within a line
 			++m_lineNumber;
 			m_terminated = false;
-			begin = m_buffer.get() + m_pos;
-			end = m_buffer.get() + m_filled;
+			begin = m_buffer + m_pos;
+			end = m_buffer + m_filled;
 			if (end[-1] == '\r')
 				--end;
 			m_consumed += m_filled - m_pos;
@@ -84,7 +103,7 @@ bool LineReader::fill() {
 	// keep the bytes not handed out yet at the front; a line longer than the buffer grows it
 	const std::size_t kept = m_filled - m_pos;
 	if (m_pos > 0) {
-		std::memmove(m_buffer.get(), m_buffer.get() + m_pos, kept);
+		std::memmove(m_storage.get(), m_buffer + m_pos, kept);
 		m_bufferStart += m_pos;
 		m_pos = 0;
 		m_filled = kept;
@@ -92,8 +111,9 @@ bool LineReader::fill() {
 	if (m_filled == m_capacity) {
 		const std::size_t capacity = std::min(std::max<std::size_t>(2*m_capacity, 4096), m_maxLength + 1);
 		std::unique_ptr<char[]> grown(new char[capacity]);
-		std::memcpy(grown.get(), m_buffer.get(), m_filled);
-		m_buffer = std::move(grown);
+		std::memcpy(grown.get(), m_buffer, m_filled);
+		m_storage = std::move(grown);
+		m_buffer = m_storage.get();
 		m_capacity = capacity;
 	}
 	const std::uint64_t pos = m_bufferStart + m_filled;
@@ -102,10 +122,10 @@ bool LineReader::fill() {
 		m_atEnd = true;
 		return false;
 	}
-	m_in.read(m_buffer.get() + m_filled, static_cast<std::streamsize>(want));
-	if (m_in.bad())
+	m_in->read(m_storage.get() + m_filled, static_cast<std::streamsize>(want));
+	if (m_in->bad())
 		throw ZEB::Exception(ZEB::MessageFormat("Error reading file '%1'").arg(m_filename), FUNC_ID);
-	const std::size_t got = static_cast<std::size_t>(m_in.gcount());
+	const std::size_t got = static_cast<std::size_t>(m_in->gcount());
 	if (got < want)
 		m_atEnd = true;	// the file became shorter while reading
 	m_filled += got;

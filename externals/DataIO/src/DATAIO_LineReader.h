@@ -13,10 +13,11 @@ class NotificationHandler;
 
 namespace DATAIO {
 
-/*! Reads the text lines of a file section [start, end) through one block buffer and hands them
-	out as character ranges, without "\n" and without a "\r" before it, so that callers parse them
-	in place. Files whose lines end in "\r" alone are read with "\r" as line end. It counts lines and bytes, so that the caller knows the line numbers and the file
-	position at which the next section begins.
+/*! Reads the text lines of a file section [start, end) through one block buffer, or in place from
+	a file mapped into memory, and hands them out as character ranges, without "\n" and without a
+	"\r" before it, so that callers parse them in place. Files whose lines end in "\r" alone are
+	read with "\r" as line end. It counts lines and bytes, so that the caller knows the line
+	numbers and the file position at which the next section begins.
 
 	A line may hold at most maxLength bytes (its line end not counted): a longer one fails, naming
 	the file and the line, before more than that is held in memory. The last line of the section
@@ -37,6 +38,11 @@ public:
 	LineReader(std::istream & in, const std::string & filename, std::uint64_t start, std::uint64_t end,
 			   std::uint64_t firstLine, std::size_t maxLength, std::size_t blockSize,
 			   ZEB::NotificationHandler * notification = nullptr, char lineEnd = '\n');
+	/*! Reads the section [start, end) of a file held in memory, text pointing to its byte 0
+		(the lines handed out point into it); the other arguments as above.
+	*/
+	LineReader(const char * text, const std::string & filename, std::uint64_t start, std::uint64_t end,
+			   std::uint64_t firstLine, std::size_t maxLength);
 
 	/*! The next line [begin, end); false when the section is exhausted. Throws ZEB::Exception
 		when the line is longer than allowed or the file cannot be read.
@@ -60,15 +66,16 @@ private:
 	/*! Throws the message for a line longer than m_maxLength, numbered lineNumber. */
 	[[noreturn]] void throwTooLong(std::uint64_t lineNumber) const;
 
-	std::istream &				m_in;
+	std::istream *				m_in;				///< null for text in memory
 	std::string					m_filename;
 	std::uint64_t				m_end;
 	std::size_t					m_maxLength;
 	ZEB::NotificationHandler *	m_notification;
 	char						m_lineEnd;
 
-	std::unique_ptr<char[]>		m_buffer;			///< not zeroed: only read bytes are used
-	std::size_t					m_capacity;
+	std::unique_ptr<char[]>		m_storage;			///< the block buffer, not zeroed: only read bytes are used
+	const char *				m_buffer;			///< m_storage, or the text in memory
+	std::size_t					m_capacity = 0;
 	std::size_t					m_pos = 0;			///< start of the bytes not handed out yet
 	std::size_t					m_filled = 0;		///< bytes in m_buffer
 	std::uint64_t				m_bufferStart;		///< file position of m_buffer[0]

@@ -57,32 +57,60 @@ TEST(DataIOData, AsciiValuesAreParsedLazilyAndCheckedPerTimePoint) {
 
 
 TEST(DataIOData, BinaryRecordCutShortIsNotListed) {
-	DataIO dio = sampleContainer(true, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 3, 4);
-	const std::string fname = scratchFile("cut.d6b");
-	DATAIO::DataIOWriter::write(fname, dio);
-	const std::string good = readBytes(fname);
-	// cut within the values, all values missing, cut within the time point
-	for (std::size_t missing : { std::size_t(1), std::size_t(24), std::size_t(3*8 + 1) }) {
-		writeBytes(fname, good.substr(0, good.size() - missing));
+	// short records are read in blocks, long ones (600 values) straight into place
+	for (unsigned int n : { 3u, 600u }) {
+		SCOPED_TRACE(n);
+		DataIO dio = sampleContainer(true, false, DataIO::T_FIELD, DataIO::ST_SINGLE, n, 4);
+		const std::string fname = scratchFile("cut.d6b");
+		DATAIO::DataIOWriter::write(fname, dio);
+		const std::string good = readBytes(fname);
+		// cut within the values, all values missing, cut within the time point
+		for (std::size_t missing : { std::size_t(1), std::size_t(8*n), std::size_t(8*n + 1) }) {
+			writeBytes(fname, good.substr(0, good.size() - missing));
+			DataIO back;
+			back.read(fname);
+			ASSERT_EQ(back.timePoints().size(), 3u);
+			const double * all = back.dataVector();
+			EXPECT_EQ(all[2*n + n - 1], dio.data(2)[n - 1]);
+		}
+		// a file cut after it was read: the values fail, naming the file and the time index
+		writeBytes(fname, good);
 		DataIO back;
 		back.read(fname);
-		ASSERT_EQ(back.timePoints().size(), 3u);
-		const double * all = back.dataVector();
-		EXPECT_EQ(all[2*3 + 2], dio.data(2)[2]);
+		writeBytes(fname, good.substr(0, good.size() - 8));
+		try {
+			back.data(3);
+			FAIL();
+		}
+		catch (ZEB::Exception & ex) {
+			EXPECT_TRUE(hasRecord(ex, "Error reading data for this time index.", "[DataIO::data]")) << ex.msgWithOrigin();
+			EXPECT_TRUE(hasRecord(ex, "Cannot read the values of time index 3 from file '" + fname + "'.", "[DataIO::data]"));
+		}
+		EXPECT_THROW(back.dataVector(), ZEB::Exception);
 	}
-	// a file cut after it was read: the values fail, naming the file and the time index
-	writeBytes(fname, good);
+}
+
+
+TEST(DataIOData, AsciiFileCutShortAfterReadingFailsClearlyUntilReadAgain) {
+	// the values are parsed from the file itself: lines whose pages were cut off, wholly or in
+	// part, give a clear error instead of ending the program; the first lines still load
+	DataIO dio = sampleContainer(false, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 600, 8);
+	const std::string fname = scratchFile("cut.d6o");
+	DATAIO::DataIOWriter::write(fname, dio);
+	const std::string good = readBytes(fname);
 	DataIO back;
 	back.read(fname);
-	writeBytes(fname, good.substr(0, good.size() - 8));
-	try {
-		back.data(3);
-		FAIL();
-	}
-	catch (ZEB::Exception & ex) {
-		EXPECT_TRUE(hasRecord(ex, "Error reading data for this time index.", "[DataIO::data]")) << ex.msgWithOrigin();
-		EXPECT_TRUE(hasRecord(ex, "Cannot read the values of time index 3 from file '" + fname + "'.", "[DataIO::data]"));
-	}
+	const std::size_t lineLength = (good.size() - back.dataSectionOffset())/8;
+	ASSERT_GT(lineLength, 3*4096u);
+	writeBytes(fname, good.substr(0, back.dataSectionOffset() + 2*lineLength + lineLength/2));
+	const std::string cut = "File '" + fname + "' became shorter after it was read; refresh it to read it again.";
+	EXPECT_THROW_MSG(back.data(6), cut);
+	EXPECT_THROW_MSG(back.data(2), cut);
+	EXPECT_EQ(back.data(0)[599], dio.data(0)[599]);
+	EXPECT_THROW_MSG(back.dataVector(), cut);
+	EXPECT_EQ(back.refresh(), DataIO::RR_RELOADED);
+	EXPECT_EQ(back.timePoints().size(), 2u);
+	EXPECT_EQ(back.dataVector()[2*600 - 1], dio.data(1)[599]);
 }
 
 

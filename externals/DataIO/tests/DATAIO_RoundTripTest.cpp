@@ -93,6 +93,63 @@ TEST(DataIORoundTrip, EveryVariantGivesBackHeaderTimePointsAndValuesBitForBit) {
 }
 
 
+TEST(DataIORoundTrip, LargeFilesGiveBackEveryValueWhenLoadedAllAtOnce) {
+	// large enough for dataVector() to parse an ASCII file on several threads and to read binary
+	// records straight into place; some time points are loaded before. In the ASCII file one line
+	// holds numbers only the general parser takes, two later lines are broken: dataVector() names
+	// the first of them and loads all others.
+	const unsigned int n = 1000;
+	const std::size_t count = 900;
+	for (bool binary : { false, true }) {
+		SCOPED_TRACE(binary ? "binary" : "ASCII");
+		DataIO original = sampleContainer(binary, false, DataIO::T_FIELD, DataIO::ST_SINGLE, n, count);
+		const std::string fname = scratchFile("large.out");
+		DATAIO::DataIOWriter::write(fname, original);
+		std::vector<double> expected(original.dataVector(), original.dataVector() + count*n);
+		if (!binary) {
+			std::string bytes = readBytes(fname);
+			std::vector<std::size_t> lineStarts;	// of the last count lines
+			for (std::size_t p = bytes.size() - 1; lineStarts.size() < count; --p)
+				if (bytes[p - 1] == '\n')
+					lineStarts.insert(lineStarts.begin(), p);
+			auto valueStart = [&](std::size_t t, std::size_t i) {	// position of value i of time point t
+				std::size_t p = lineStarts[t];
+				for (std::size_t k = 0; k <= i; ++k)
+					p = bytes.find('\t', p) + 1;
+				return p;
+			};
+			bytes.insert(bytes.find('\n', lineStarts[800]), "\t7");
+			bytes.insert(valueStart(700, 5), "x");
+			bytes.replace(valueStart(300, 0), valueStart(300, 2) - 1 - valueStart(300, 0), "+5\t1E+0");
+			expected[300*n] = 5;
+			expected[300*n + 1] = 1;
+			writeBytes(fname, bytes);
+		}
+		DataIO back;
+		back.read(fname);
+		back.data(10);
+		back.data(count - 1);
+		if (binary)
+			back.dataVector();
+		else
+			EXPECT_THROW_MSG(back.dataVector(), "Error retrieving values for time index 700.");
+		for (std::size_t t = 0; t < count; ++t) {
+			if (!binary && (t == 700 || t == 800)) {
+				EXPECT_FALSE(back.isLoaded(static_cast<unsigned int>(t)));
+				continue;
+			}
+			ASSERT_TRUE(back.isLoaded(static_cast<unsigned int>(t))) << t;
+			const double * v = back.data(static_cast<unsigned int>(t));
+			for (unsigned int i = 0; i < n; ++i)
+				ASSERT_TRUE(sameValue(v[i], expected[t*n + i])) << "time point " << t << " value " << i;
+		}
+		if (!binary)
+			EXPECT_THROW_MSG(back.data(800), "Not enough values for time index 800 in output file, only got 1001 "
+							 "values, but needed 1000.");
+	}
+}
+
+
 TEST(DataIORoundTrip, SpecialValues) {
 	DataIO dio = sampleContainer(false, false, DataIO::T_FIELD, DataIO::ST_SINGLE, 3, 0);
 	const double inf = std::numeric_limits<double>::infinity();

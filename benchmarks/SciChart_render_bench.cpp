@@ -28,6 +28,7 @@
 #include <Sci_ColorGridSeries.h>
 #include <Sci_ColorMap.h>
 #include <Sci_PlotColorMap.h>
+#include <Sci_PixelColumnReduction.h>
 #include <Sci_PlotSpectrogram.h>
 
 #include "Bench_GuiMain.h"
@@ -166,6 +167,26 @@ void BM_LongCurve(benchmark::State & state) {
 	state.SetLabel(std::to_string(state.range(0)) + " points");
 }
 BENCHMARK(BM_LongCurve)->Arg(1000000)->Arg(10000000)->Unit(benchmark::kMillisecond);
+
+
+/*! The pass of BM_LongCurve that thins the curve to at most four points per pixel column, alone:
+	the rest of the redraw is the stroke of the thinned line and the chart around it.
+*/
+void BM_LongCurvePass(benchmark::State & state) {
+	NoisySeriesModel model(static_cast<int>(state.range(0)));
+	const int n = static_cast<int>(model.size(0));
+	QwtScaleMap xMap, yMap;
+	xMap.setPaintInterval(0, 1600);
+	xMap.setScaleInterval(0, n - 1);
+	yMap.setPaintInterval(1000, 0);
+	yMap.setScaleInterval(-15, 15);
+	SCI::PixelRaster raster;
+	raster.m_round = true;
+	for (auto _ : state)
+		benchmark::DoNotOptimize(SCI::pixelColumnPolyline(model.xValues(0), model.yValues(0), 0, n - 1, xMap, yMap, raster));
+	state.SetLabel(std::to_string(state.range(0)) + " points");
+}
+BENCHMARK(BM_LongCurvePass)->Arg(1000000)->Arg(10000000)->Unit(benchmark::kMillisecond);
 
 
 void BM_ColorGrid(benchmark::State & state) {

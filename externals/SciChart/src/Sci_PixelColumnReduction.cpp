@@ -129,4 +129,52 @@ QPolygonF pixelColumnPolyline(const double * x, const double * y, int from, int 
 	return out;
 }
 
+
+PolylinePieces columnSpanPieces(const QPolygonF & polyline) {
+	PolylinePieces pieces;
+	const int n = polyline.size();
+	if (n == 0)
+		return pieces;
+	pieces.m_points.reserve(n + 2);
+	// the current piece ends with point i at the top of the loop
+	pieces.m_starts.append(0);
+	pieces.m_points.append(polyline[0]);
+	int i = 0;
+	while (i < n) {
+		// the run of points i..j-1 of one x coordinate
+		const double x = polyline[i].x();
+		double low = polyline[i].y(), high = low;
+		int j = i + 1;
+		for (; j < n && polyline[j].x() == x; ++j) {
+			low = std::min(low, polyline[j].y());
+			high = std::max(high, polyline[j].y());
+		}
+		if (j - i >= 3) {
+			// the current piece ends at the run's first point, which the vertical line covers
+			// when the piece holds nothing else
+			if (pieces.m_points.size() - pieces.m_starts.last() < 2)
+				pieces.m_points.removeLast();
+			else
+				pieces.m_starts.append(pieces.m_points.size());
+			pieces.m_points.append(QPointF(x, low));
+			pieces.m_points.append(QPointF(x, high));
+			pieces.m_starts.append(pieces.m_points.size());
+			pieces.m_points.append(polyline[j - 1]);
+		}
+		else {
+			for (int k = i + 1; k < j; ++k)
+				pieces.m_points.append(polyline[k]);
+		}
+		if (j < n)
+			pieces.m_points.append(polyline[j]);
+		i = j;
+	}
+	// a last piece of one point is covered by the vertical line before it
+	if (n > 1 && pieces.m_points.size() - pieces.m_starts.last() < 2) {
+		pieces.m_points.removeLast();
+		pieces.m_starts.removeLast();
+	}
+	return pieces;
+}
+
 } // namespace SCI

@@ -2,6 +2,7 @@
 #define Sci_PixelColumnReductionH
 
 #include <QPolygonF>
+#include <QVector>
 
 class QwtScaleMap;
 
@@ -27,6 +28,22 @@ struct PixelRaster {
 */
 QPolygonF pixelColumnPolyline(const double * x, const double * y, int from, int to,
 							  const QwtScaleMap & xMap, const QwtScaleMap & yMap, const PixelRaster & raster);
+
+/*! A polyline cut into pieces that cover the same points: piece k holds the points
+	m_points[m_starts[k]] up to the next piece's start.
+*/
+struct PolylinePieces {
+	QPolygonF		m_points;
+	QVector<int>	m_starts;
+};
+
+/*! The polyline in pieces that cover the same points, where each run of three or more consecutive
+	points of one x coordinate becomes a piece of its own, one vertical line from the run's lowest
+	to its highest point: a thinned noisy curve goes up and down its columns, and drawn so each
+	part of a column is painted once instead of two or three times. Runs of fewer points stay in
+	the pieces around them, so a curve of one point per column stays one piece.
+*/
+PolylinePieces columnSpanPieces(const QPolygonF & polyline);
 
 } // namespace SCI
 

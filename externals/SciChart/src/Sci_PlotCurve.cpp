@@ -142,7 +142,16 @@ bool PlotCurve::drawColumnLines(QPainter * painter, const QwtScaleMap & xMap, co
 		const qreal pw = qMax(qreal(1), painter->pen().widthF());
 		polyline = QwtClipper::clipPolygonF(canvasRect.adjusted(-pw, -pw, pw, pw), polyline, false);
 	}
-	QwtPainter::drawPolyline(painter, polyline);
+	// a pen of at most one pixel has no joins to keep, so a dense column is drawn as one line
+	if (!thinned && raster.m_round && painter->pen().widthF()*raster.m_scale <= 1) {
+		const PolylinePieces pieces = columnSpanPieces(polyline);
+		for (int k = 0; k < pieces.m_starts.size(); ++k) {
+			const int end = k + 1 < pieces.m_starts.size() ? pieces.m_starts[k + 1] : pieces.m_points.size();
+			painter->drawPolyline(pieces.m_points.constData() + pieces.m_starts[k], end - pieces.m_starts[k]);
+		}
+	}
+	else
+		QwtPainter::drawPolyline(painter, polyline);
 	return true;
 }
 

@@ -386,6 +386,16 @@ TEST(SciChartLongCurves, PixelColumnDrawingGivesThePictureOfEveryPoint) {
 	EXPECT_EQ(keptLowest, lowest);
 	EXPECT_EQ(keptHighest, highest);
 
+	// drawn in pieces: a run up and down one column becomes its vertical span, a sparse polyline
+	// stays whole
+	const QPolygonF zigzag({{0, 0}, {1, 5}, {1, 1}, {1, 3}, {2, 2}});
+	const SCI::PolylinePieces pieces = SCI::columnSpanPieces(zigzag);
+	EXPECT_EQ(pieces.m_points, QPolygonF({{0, 0}, {1, 5}, {1, 1}, {1, 5}, {1, 3}, {2, 2}}));
+	EXPECT_EQ(pieces.m_starts, QVector<int>({0, 2, 4}));
+	const QPolygonF sparse({{0, 0}, {1, 5}, {2, 2}});
+	EXPECT_EQ(SCI::columnSpanPieces(sparse).m_points, sparse);
+	EXPECT_EQ(SCI::columnSpanPieces(sparse).m_starts, QVector<int>({0}));
+
 	// drawn into an image with pens of one and three pixels, antialiased or not, compared with the
 	// plotting library's own curve through every point: without antialiasing the same pixels, but
 	// for a few where pen joins and caps differ; in any case every pixel that one picture touches

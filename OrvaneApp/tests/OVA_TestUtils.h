@@ -21,45 +21,11 @@ namespace OVATest {
 // the files, messages and scratch folders of the library tests
 using OVPTest::MessageRecorder;
 using OVPTest::RecordedMessage;
+using OVPTest::TestUserInteraction;
 using OVPTest::readText;
 using OVPTest::scratchDir;
 using OVPTest::writeText;
 using OVPTest::writeTimeSeries;
-
-/*! User interaction that gives one prepared answer to every save question, declines every
-	other question and records the questions and notices it was shown.
-*/
-class AnsweringUserInteraction : public OVP::UserInteraction {
-public:
-	explicit AnsweringUserInteraction(SaveAnswer answer) : m_answer(answer) {}
-
-	SaveAnswer askSaveDiscardCancel(QWidget *, const QString &, const QString & text) override {
-		m_shown.append(text);
-		return m_answer;
-	}
-	void showCritical(QWidget *, const QString & title, const QString & text) override {
-		m_shown.append(title + ": " + text);
-	}
-	bool askRestoreFromBackup(QWidget *, const QString &, const QString & text) override {
-		m_shown.append(text);
-		return false;
-	}
-	bool askConfirmation(QWidget *, const QString &, const QString & text) override {
-		m_shown.append(text);
-		return false;
-	}
-	QString saveFileName(QWidget *, const QString &, const QString &, const QString &) override { return QString(); }
-	QString askDataFolder(QWidget *, const QString &, const QString & text, const QString &) override {
-		m_shown.append(text);
-		return QString();
-	}
-	QString existingDirectory(QWidget *, const QString &, const QString &) override { return QString(); }
-	QString askText(QWidget *, const QString &, const QString &) override { return QString(); }
-	int chooseItem(QWidget *, const QString &, const QString &, const QStringList &) override { return -1; }
-
-	SaveAnswer	m_answer;
-	QStringList	m_shown;
-};
 
 /*! Test fixture with the process singletons a session needs: settings in an INI file of the
 	scratch directory, the project handler answering every question without dialog, and a

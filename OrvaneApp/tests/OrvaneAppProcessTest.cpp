@@ -3,12 +3,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QScreen>
-#include <QXmlStreamReader>
 
 #include "OVA_TestUtils.h"
 
@@ -66,37 +63,6 @@ protected:
 	QString m_session;
 };
 
-/*! The size of an SVG document: width and height attributes in millimetres and the view box. */
-void svgSize(const QString & fileName, QSizeF & sizeMM, QRectF & viewBox) {
-	QFile f(fileName);
-	ASSERT_TRUE(f.open(QIODevice::ReadOnly)) << fileName.toStdString();
-	QXmlStreamReader xml(&f);
-	while (!xml.atEnd() && !(xml.isStartElement() && xml.name() == QLatin1String("svg")))
-		xml.readNext();
-	ASSERT_TRUE(xml.isStartElement());
-	const QXmlStreamAttributes attr = xml.attributes();
-	ASSERT_TRUE(attr.value("width").endsWith(QLatin1String("mm")));
-	sizeMM = QSizeF(attr.value("width").chopped(2).toDouble(), attr.value("height").chopped(2).toDouble());
-	const QStringList box = attr.value("viewBox").toString().split(' ');
-	ASSERT_EQ(box.size(), 4);
-	viewBox = QRectF(box[0].toDouble(), box[1].toDouble(), box[2].toDouble(), box[3].toDouble());
-}
-
-/*! The page size of a one-page PDF file in points. */
-QSizeF pdfPageSize(const QString & fileName) {
-	QFile f(fileName);
-	if (!f.open(QIODevice::ReadOnly))
-		return QSizeF();
-	// binary data: the whole content, also after the first zero byte
-	const QByteArray bytes = f.readAll();
-	const QString content = QString::fromLatin1(bytes.constData(), bytes.size());
-	const QRegularExpressionMatch m = QRegularExpression("/MediaBox\\s*\\[\\s*0\\s+0\\s+([0-9.]+)\\s+([0-9.]+)\\s*\\]")
-									  .match(content);
-	if (!m.hasMatch())
-		return QSizeF();
-	return QSizeF(m.captured(1).toDouble(), m.captured(2).toDouble());
-}
-
 } // namespace
 
 
@@ -141,35 +107,17 @@ TEST_F(ProgramTest, ScriptedExportWritesEveryValidRequestAndSkipsInvalidIndices)
 	EXPECT_FALSE(QFileInfo::exists(out + "/c3.png"));
 	EXPECT_TRUE(run.m_log.contains("Invalid mapper index 2, number of mappers in session = 2")) << run.m_log.toStdString();
 	EXPECT_FALSE(run.m_log.contains("ignored.o2"));
-
-	// vector graphics get the size that the pixels have on the screen
-	const double dpi = QGuiApplication::primaryScreen()->logicalDotsPerInch();
-	QSizeF sizeMM;
-	QRectF viewBox;
-	svgSize(out + "/c2.svg", sizeMM, viewBox);
-	EXPECT_NEAR(sizeMM.width(), 640/dpi*25.4, 0.5);
-	EXPECT_NEAR(sizeMM.height(), 480/dpi*25.4, 0.5);
-	EXPECT_NEAR(viewBox.width()/viewBox.height(), 640.0/480, 0.01);
-
-	const QSizeF page = pdfPageSize(out + "/c4.pdf");
-	EXPECT_NEAR(page.width(), 400/dpi*72, 1.0);
-	EXPECT_NEAR(page.height(), 300/dpi*72, 1.0);
+	// the vector formats are written (their sizes are the chart library's)
+	EXPECT_TRUE(QFileInfo(out + "/c2.svg").size() > 0 && QFileInfo(out + "/c4.pdf").size() > 0);
 }
 
 
-// A malformed request (the messages of each field are tested with the parser), a spec file with
-// bad lines or none at all: every problem is logged with its origin and nothing is exported.
-TEST_F(ProgramTest, MalformedRequestsAreLoggedAndNothingIsExported) {
+// A spec file with malformed requests (the messages of each field are tested with the parser) and
+// an empty line: every bad line is logged with its origin and nothing is exported.
+TEST_F(ProgramTest, MalformedSpecLinesAreLoggedAndNothingIsExported) {
 	const QString dir = OVATest::scratchDir("program-badspec");
 	writeSession(dir);
 	const QString home = OVATest::scratchDir("program-badspec-home");
-	const QString request = "1:800X600:" + dir + "/a.png";
-	const RunResult single = runProgram(home, { m_session, "--no-splash=true", "--generate-chart=" + request });
-	EXPECT_EQ(single.m_exitCode, 0);
-	const QRegularExpression line("\\[Error   \\]\t\\[MainView::ChartExportProperties::parse\\] *\tInvalid dimensions in "
-								  "argument '" + QRegularExpression::escape(request) + "' to option --generate-chart\n");
-	EXPECT_TRUE(line.match(single.m_log).hasMatch()) << single.m_log.toStdString();
-
 	const QString requestFile = dir + "/requests.txt";
 	OVATest::writeText(requestFile, QString("1:800x600:%1/good.png\n1:800X600:%1/b.png\n\n2:100x100:%1/good2.png\n").arg(dir));
 	const RunResult run = runProgram(home, { m_session, "--no-splash=true", "--generate-charts=" + requestFile });
@@ -178,39 +126,25 @@ TEST_F(ProgramTest, MalformedRequestsAreLoggedAndNothingIsExported) {
 									 + QRegularExpression::escape(requestFile) + ".\n");
 	EXPECT_EQ(run.m_log.count(invalid), 2) << run.m_log.toStdString();
 	EXPECT_EQ(QDir(dir).entryList({ "*.png" }, QDir::Files), QStringList());
-
-	const RunResult missing = runProgram(home, { m_session, "--no-splash=true", "--generate-charts=" + dir + "/none.txt" });
-	EXPECT_EQ(missing.m_exitCode, 0);
-	EXPECT_TRUE(missing.m_log.contains(QString("Cannot read export spec file %1/none.txt.").arg(dir)))
-			<< missing.m_log.toStdString();
 }
 
 
-TEST(OrvaneAppProgram, LogIsRewrittenEachRunAndStoredLanguageIsNotInstalledAgain) {
+TEST(OrvaneAppProgram, LogIsRewrittenEachRunMissingFilesAreToldAndStoredLanguageNotInstalledAgain) {
 	const QString home = OVATest::scratchDir("program-lang");
 
-	// first run: "de" differs from the stored default "en" and is installed (and stored)
-	const RunResult first = runProgram(home, { "--lang=de", "--no-splash=true", "--generate-chart=4:10x10:x.png" });
+	// first run: "de" differs from the stored default "en" and is installed (and stored); for a
+	// missing session file (its message is the main window's test's) an empty session is used; the
+	// splash screen does not keep the program from ending
+	const RunResult first = runProgram(home, { home + "/none.o2", "--lang=de", "--generate-chart=4:10x10:x.png" });
 	EXPECT_EQ(first.m_exitCode, 0);
 	EXPECT_TRUE(first.m_log.contains("Installing translator for language: 'de'.")) << first.m_log.toStdString();
 	EXPECT_TRUE(first.m_log.contains("Invalid mapper index 3, number of mappers in session = 0"));
 
-	// second run: "de" is the stored language now, nothing is installed
-	const RunResult second = runProgram(home, { "--lang=de", "--no-splash=true", "--generate-chart=6:10x10:x.png" });
+	// second run: "de" is the stored language now, nothing is installed; a missing spec file is told
+	const RunResult second = runProgram(home, { "--lang=de", "--no-splash=true", "--generate-charts=" + home + "/none.txt" });
 	EXPECT_EQ(second.m_exitCode, 0);
 	EXPECT_FALSE(second.m_log.contains("Installing translator")) << second.m_log.toStdString();
-	EXPECT_TRUE(second.m_log.contains("Invalid mapper index 5, number of mappers in session = 0"));
+	EXPECT_TRUE(second.m_log.contains(QString("Cannot read export spec file %1/none.txt.").arg(home)));
 	// a new log per run
 	EXPECT_FALSE(second.m_log.contains("Invalid mapper index 3"));
-}
-
-
-TEST(OrvaneAppProgram, MissingSessionFileIsReportedAndAnEmptySessionUsed) {
-	const QString home = OVATest::scratchDir("program-missing");
-	// also shows the splash screen, which must not keep the program from ending
-	const RunResult run = runProgram(home, { home + "/none.o2", "--generate-chart=1:10x10:x.png" });
-	EXPECT_EQ(run.m_exitCode, 0);
-	EXPECT_TRUE(run.m_log.contains(QString("Session file '%1/none.o2' cannot be accessed or does not exist.").arg(home)))
-			<< run.m_log.toStdString();
-	EXPECT_TRUE(run.m_log.contains("Invalid mapper index 0, number of mappers in session = 0"));
 }

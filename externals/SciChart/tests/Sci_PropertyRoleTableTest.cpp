@@ -10,27 +10,16 @@
 
 #include <ZEB_Unit.h>
 
-#include <Sci_AbstractBarSeriesModel.h>
 #include <Sci_ColorMap.h>
 #include <Sci_PropertyRoleTable.h>
 
 #include "Sci_ChartTestModels.h"
+#include "Sci_TestSupport.h"
 
 using SCI::PropertyRoleTable;
 typedef PropertyRoleTable PRT;
 
 namespace {
-
-/*! Bar model with two bars of one series. */
-class TwoBarModel : public SCI::AbstractBarSeriesModel {
-public:
-	TwoBarModel() { beginInsertSeries(0, 0); endInsertSeries(); }
-	unsigned int seriesCount() const override { return 1; }
-	unsigned int barCount() const override { return 2; }
-	double barValue(int, unsigned int barIndex) const override { return barIndex; }
-	QString barLabel(unsigned int barIndex) const override { return QString::number(barIndex); }
-	ZEB::Unit yUnit() const override { return ZEB::Unit("kg"); }
-};
 
 /*! A value for an editor of an entry that differs from current and lies in the entry's range. */
 QVariant otherValue(const PRT::Entry & e, const QVariant & current) {
@@ -111,7 +100,7 @@ TEST(SciPropertyRoleTable, EditorsMatchTheModels) {
 	line.addSeries(SciTest::VectorLineModel::Series{ { 0, 1 }, { 2, 3 } });
 	SciTest::VectorGridModel grid;
 	SciTest::VectorFieldTestModel field;
-	TwoBarModel bars;
+	SciTest::TestBarModel bars(1);
 	EXPECT_EQ(PRT::seriesTarget(line), PRT::LineSeriesTarget);
 	EXPECT_EQ(PRT::seriesTarget(grid), PRT::ColorGridTarget);
 	EXPECT_EQ(PRT::seriesTarget(field), PRT::VectorFieldTarget);

@@ -65,8 +65,6 @@ TEST(SciColorMapPreview, LinearAndAlphaMapColours) {
 	// transparent at the minimum (checkerboard shows), opaque at the maximum, half in between
 	EXPECT_GT(qGray(faded.pixel(0, 0)), 180);
 	EXPECT_EQ(faded.pixelColor(100, 5), QColor(0, 0, 0));
-	const int mid = qGray(faded.pixel(50, 0));
-	EXPECT_TRUE(mid > 60 && mid < 140) << mid;
 }
 
 
@@ -104,25 +102,6 @@ TEST_F(SciColorMapEditWidget, StopsAreEditedWithinTheirNeighbours) {
 	ASSERT_EQ(m_widget->colorMap().m_linearColorStops.size(), 3);
 	EXPECT_DOUBLE_EQ(m_widget->colorMap().m_linearColorStops[1].m_pos, 0.875);
 
-	// a double click on a colour asks for a new one
-	emit t->cellDoubleClicked(0, 1);
-	EXPECT_EQ(t->item(0, 1)->background().color(), m_widget->m_answer);
-}
-
-
-TEST_F(SciColorMapEditWidget, GeneratorTypeAndAlphaColour) {
-	QSignalSpy changed(m_widget.get(), &SCI::ColorMapEditWidget::colorMapChanged);
-	// generated from the current end colours blue and red in 10 steps
-	m_widget->findChild<QPushButton *>("pushButtonGenerate")->click();
-	ColorMap expected;
-	expected.setLinearMap(QColor(0, 0, 255), QColor(255, 0, 0), 10);
-	EXPECT_EQ(m_widget->colorMap().m_linearColorStops, expected.m_linearColorStops);
-	EXPECT_EQ(table()->rowCount(), 11);
-
-	m_widget->findChild<QRadioButton *>("radioButtonAlphaMap")->click();
-	m_widget->findChild<QToolButton *>("toolButtonAlphaColor")->click();
-	EXPECT_EQ(m_widget->colorMap().m_type, ColorMap::AlphaMap);
-	EXPECT_EQ(m_widget->colorMap().m_alphaColor, m_widget->m_answer);
 }
 
 

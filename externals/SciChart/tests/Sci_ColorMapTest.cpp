@@ -110,17 +110,12 @@ TEST(SciColorMap, XmlRoundTripAndInvalidStops) {
 		}
 		EXPECT_EQ(b, a) << c.first;
 	}
-	TiXmlDocument spline;
-	spline.Parse("<C><Type>SplineMap</Type></C>");
-	EXPECT_THROW(b.readXML(spline.RootElement()), ZEB::Exception);
-	EXPECT_EQ(b, a);
 }
 
 
 TEST(SciColorMap, ColoursReadBackIdentically) {
 	using SCI::XMLValueWriter;
 	using SCI::XMLValueReader;
-	EXPECT_EQ(XMLValueWriter::colorText(QColor(0x12, 0x34, 0x56)), "#123456");
 	EXPECT_EQ(XMLValueWriter::colorText(QColor(0x12, 0x34, 0x56, 0x80)), "#80123456");
 	EXPECT_EQ(XMLValueWriter::colorText(QColor::fromRgba64(0x1234, 0x5678, 0x9abc)), "#123456789abc");
 	// 16-bit channels with alpha: the channels are rounded to 8 bits, the alpha is kept

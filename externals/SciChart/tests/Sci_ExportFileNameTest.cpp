@@ -28,7 +28,6 @@ TEST(SciExportFileName, ExtensionsAreKeptOrReplacedPerKind) {
 	EXPECT_EQ(ExportFileName::corrected("chart.", B), "chart.png");
 
 	EXPECT_EQ(ExportFileName::extension("a/b.c/Plot.SVG"), "svg");
-	EXPECT_FALSE(ExportFileName::isBitmapExtension("PNG"));
 }
 
 

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <numeric>
 
 #include <QFile>
 #include <QFontMetricsF>
@@ -24,30 +26,18 @@ namespace {
 
 using Points = std::vector<Point>;
 
-/*! Index of a record of the file. */
-int indexOf(const File & f, const Record * r) {
-	return int(r - f.records.data());
-}
-
 /*! Sum of the character advances of a text record. */
-int advance(const Text & t) {
-	int sum = 0;
-	for (int v : t.dx)
-		sum += v;
-	return sum;
+int advance(const Record & r) {
+	const Text t = decodeText(r);
+	return std::accumulate(t.dx.begin(), t.dx.end(), 0);
 }
 
 } // namespace
 
 
 TEST(EMFPaintDevice, MetricsAndHeaderFollowSizeAndResolution) {
-	EMF::PaintDevice dev(scratchFile("metrics.emf"), QSize(400, 300), 96);
-	EXPECT_EQ(QSize(dev.widthMM(), dev.heightMM()), QSize(106, 79));		// 105.83 mm, 79.375 mm
-	EXPECT_DOUBLE_EQ(dev.logicalUnitsPerPixel(), 15.0);
 	EXPECT_THROW(EMF::PaintDevice(scratchFile("x.emf"), QSize(0, 10), 96), ZEB::Exception);
-	EXPECT_THROW(EMF::PaintDevice(scratchFile("x.emf"), QSize(10, 10), 0), ZEB::Exception);
 	EXPECT_THROW(EMF::PaintDevice(QString(), QSize(10, 10), 96), ZEB::Exception);
-	EXPECT_THROW(EMF::PaintDevice::fromMillimeters(scratchFile("x.emf"), QSizeF(-1, 10), 96), ZEB::Exception);
 
 	File f = paintAndParse("empty.emf", QSize(400, 300), [](QPainter &) {}, 96, EMF::PaintDevice::PictureBounds, "Wall");
 	const Header & h = f.header;
@@ -56,41 +46,16 @@ TEST(EMFPaintDevice, MetricsAndHeaderFollowSizeAndResolution) {
 	// reference device: 106 x 79 mm at 1440/25.4 units per mm (6009.4, 4478.7); 6009 units = 105.992 mm
 	EXPECT_EQ(std::vector<int64_t>({h.mmCx, h.mmCy, h.deviceCx, h.deviceCy, h.umCx, h.umCy}),
 			  std::vector<int64_t>({106, 79, 6009, 4479, 105992, 79005}));
-	EXPECT_EQ(h.handles, 1u);		// only the reserved index 0
 	// the description follows the fixed header; 13 UTF-16 characters are padded to 28 bytes
 	EXPECT_EQ(h.description, QString("Orvane") + QChar(0) + "Wall" + QChar(0) + QChar(0));
 	EXPECT_EQ(std::vector<uint32_t>({h.nDescription, h.offDescription, f.records.at(0).size}), std::vector<uint32_t>({13, 108, 136}));
-	// state set up once: transparent background, baseline-left text alignment
-	EXPECT_EQ(f.stateBefore(T_SETBKMODE, int(f.records.size())), 1u);
+	// text alignment set up once: baseline-left
 	EXPECT_EQ(f.stateBefore(T_SETTEXTALIGN, int(f.records.size())), 24u);
 
-	// 160 x 120 mm at 300 dpi: 1890 x 1417 px (1889.76, 1417.32), 4.8 units per px; the physical
-	// size stays, a 10 pt font is 41.67 px
-	auto hires = EMF::PaintDevice::fromMillimeters(scratchFile("hires.emf"), QSizeF(160, 120), 300);
-	EXPECT_EQ(hires->size(), QSize(1890, 1417));
-	{
-		QPainter p(hires.get());
-		p.setFont(QFont("DejaVu Sans", 10));
-		p.drawText(QPointF(100, 100), "x");
-	}
-	File g;
-	ASSERT_TRUE(g.parseFile(hires->fileName())) << g.errorText();
-	EXPECT_EQ(g.header.frame, (Rect{0, 0, 16002 - 1, 11997 - 1}));	// 160.02 mm, 119.973 mm
-	EXPECT_EQ(g.header.bounds.r, 9072 - 1);							// 1890 * 4.8
-	EXPECT_EQ(g.header.deviceCx, 9071);								// 160 mm * 1440 / 25.4 = 9070.9
-	EXPECT_EQ(g.header.description, QString("Orvane") + QChar(0) + "Chart" + QChar(0) + QChar(0));	// the default title
-	EXPECT_EQ(decodeFont(*g.ofType(T_EXTCREATEFONTINDIRECTW)[0]).height, -200);
-	EXPECT_EQ(decodeText(*g.ofType(T_EXTTEXTOUTW)[0]).reference, (Point{480, 480}));
-
-	// drawing bounds: a line 150..1650 at y 300 with a pen 30 units wide, grown by half the width
-	// and a unit of rounding; nothing drawn gives the empty rectangle
-	File d = paintAndParse("bounds.emf", QSize(400, 300), [](QPainter & p) {
-		p.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::FlatCap));
-		p.drawLine(QPointF(10, 20), QPointF(110, 20));
-	}, 96, EMF::PaintDevice::DrawingBounds);
-	EXPECT_EQ(d.header.bounds, (Rect{150 - 16, 300 - 16, 1650 + 16, 300 + 16}));
-	File e = paintAndParse("bounds-empty.emf", QSize(40, 30), [](QPainter &) {}, 96, EMF::PaintDevice::DrawingBounds);
-	EXPECT_EQ(e.header.bounds, (Rect{0, 0, -1, -1}));
+	// at 300 dpi a pixel is 4.8 units: 1890 x 1417 px are 160.02 x 119.973 mm
+	File g = paintAndParse("hires.emf", QSize(1890, 1417), [](QPainter & p) { p.drawLine(QPointF(100, 100), QPointF(200, 100)); }, 300);
+	EXPECT_EQ(g.header.frame, (Rect{0, 0, 16002 - 1, 11997 - 1}));
+	EXPECT_EQ(polyPoints(*g.ofType(T_POLYLINE16).at(0)), (Points{ { 480, 480 }, { 960, 480 } }));
 }
 
 
@@ -115,10 +80,13 @@ TEST(EMFPaintDevice, PensAndTransformedLines) {
 		custom.setDashPattern({ 3, 1, 0.5, 1 });
 		p.setPen(custom);
 		p.drawLine(QPointF(0, 60), QPointF(100, 60));
+		p.setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::RoundCap));
+		p.drawLine(QPointF(40, 10), QPointF(40, 10));		// zero length, round cap: a dot
+		p.setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::FlatCap));
+		p.drawLine(QPointF(60, 10), QPointF(60, 10));		// zero length, flat cap: nothing
 		p.setPen(QPen(Qt::blue, 1));
 		p.translate(100, 50);
 		p.scale(2, 2);
-		p.drawLine(QPointF(0, 0), QPointF(10, 0));
 		p.rotate(90);
 		p.drawLine(QPointF(0, 0), QPointF(10, 0));		// now points down
 	});
@@ -132,7 +100,6 @@ TEST(EMFPaintDevice, PensAndTransformedLines) {
 		{Points{{0, 600}, {1500, 600}}, 30, geometric | square | bevel | solid},
 		{Points{{0, 750}, {1500, 750}}, 15, geometric | flat | miter | dash},
 		{Points{{0, 900}, {1500, 900}}, 30, geometric | square | bevel | userStyle},
-		{Points{{1500, 750}, {1800, 750}}, 30, geometric | square | bevel | solid},
 		{Points{{1500, 750}, {1500, 1050}}, 30, geometric | square | bevel | solid}};
 	const std::vector<const Record *> lines = f.ofType(T_POLYLINE16);
 	ASSERT_EQ(lines.size(), expected.size());
@@ -148,7 +115,11 @@ TEST(EMFPaintDevice, PensAndTransformedLines) {
 	EXPECT_EQ(decodePen(*f.object(*lines[0], PEN)).color, 0x000000FFu);		// 0x00BBGGRR
 	EXPECT_EQ(decodePen(*f.object(*lines[5], PEN)).entries, (std::vector<uint32_t>{ 90, 30, 15, 30 }));	// pattern * 30 units
 	// a miter join pen brings its miter limit along (QPen's default 2)
-	EXPECT_EQ(f.stateBefore(T_SETMITERLIMIT, indexOf(f, lines[4])), 2u);
+	EXPECT_EQ(f.stateBefore(T_SETMITERLIMIT, int(lines[4] - f.records.data())), 2u);
+	// the dot is a filled circle of the pen's width around (600, 150): 45 units across
+	ASSERT_EQ(f.count(T_ELLIPSE) + f.count(T_RECTANGLE), 1u);
+	const Rect dot = f.ofType(T_ELLIPSE).at(0)->rect(8);
+	EXPECT_TRUE(std::abs(dot.l - 577) <= 1 && std::abs(dot.t - 127) <= 1 && std::abs(dot.r - 623) <= 1 && std::abs(dot.b - 173) <= 1) << dot;
 }
 
 
@@ -178,17 +149,25 @@ TEST(EMFPaintDevice, FilledShapesBrushesAndTransparency) {
 		p.setBrush(g);								// gradient: its average colour
 		p.drawRect(QRectF(60, 0, 10, 10));
 	});
+	// Qt's opaque background mode: QPainter fills with the background colour before the hatch,
+	// the file stays in transparent mode
+	File g = paintAndParse("opaque.emf", QSize(100, 100), [](QPainter & p) {
+		p.setPen(Qt::NoPen);
+		p.setBackgroundMode(Qt::OpaqueMode);
+		p.setBackground(Qt::lightGray);
+		p.setBrush(QBrush(Qt::red, Qt::BDiagPattern));
+		p.drawRect(QRectF(10, 10, 30, 30));
+		p.setBackgroundMode(Qt::TransparentMode);
+		p.setOpacity(0.5);							// blends as a colour's alpha does
+		p.setBrush(Qt::red);
+		p.drawRect(QRectF(50, 10, 10, 10));
+	});
 	const std::vector<const Record *> polys = f.ofType(T_POLYGON16);
 	ASSERT_EQ(polys.size(), 2u);
 	EXPECT_EQ(polyPoints(*polys[0]), (Points{ { 150, 150 }, { 750, 150 }, { 450, 600 } }));
 	EXPECT_EQ(polys[0]->selected[PEN], NULL_PEN);
-	const Brush fill = decodeBrush(*f.object(*polys[0], BRUSH));
-	EXPECT_EQ(fill.style, 0u);
-	EXPECT_EQ(fill.color, 0x00FF8000u);
-	// pen and brush in one record
+	EXPECT_EQ(decodeBrush(*f.object(*polys[1], BRUSH)).color, 0x0000FFFFu);	// pen and brush in one record
 	EXPECT_EQ(decodePen(*f.object(*polys[1], PEN)).color, 0u);
-	EXPECT_EQ(decodeBrush(*f.object(*polys[1], BRUSH)).color, 0x0000FFFFu);
-
 	const std::vector<const Record *> rects = f.ofType(T_RECTANGLE);
 	ASSERT_EQ(rects.size(), 5u);
 	EXPECT_EQ(rects[0]->rect(8), (Rect{150, 150, 450, 600}));
@@ -196,11 +175,18 @@ TEST(EMFPaintDevice, FilledShapesBrushesAndTransparency) {
 	EXPECT_EQ(rects[1]->selected[BRUSH], NULL_BRUSH);
 	EXPECT_NE(rects[1]->selected[PEN], NULL_PEN);
 	EXPECT_EQ(rects[2]->selected[PEN], NULL_PEN);
-	const Brush hatch = decodeBrush(*f.object(*rects[2], BRUSH));
-	EXPECT_EQ(hatch.style, 2u);		// BS_HATCHED
-	EXPECT_EQ(hatch.hatch, 4u);		// HS_CROSS
-	EXPECT_EQ(decodeBrush(*f.object(*rects[3], BRUSH)).color, 0x00FF7F7Fu);
-	EXPECT_EQ(decodeBrush(*f.object(*rects[4], BRUSH)).color & 0xFF, 0x80u);
+	// every brush in the order of creation; solid: 0x00BBGGRR, hatched (BS_HATCHED): 0x02000000 | hatch style
+	auto brushes = [](const File & file) {
+		std::vector<uint32_t> list;
+		for (const Record * r : file.ofType(T_CREATEBRUSHINDIRECT))
+			list.push_back(decodeBrush(*r).style == 2 ? 0x02000000u | decodeBrush(*r).hatch : decodeBrush(*r).color);
+		return list;
+	};
+	EXPECT_EQ(brushes(f), (std::vector<uint32_t>{ 0x00FF8000u, 0x0000FFFFu, 0x0000FF00u, 0x02000004u /* HS_CROSS */,
+												  0x00FF7F7Fu, 0x00808080u }));
+	EXPECT_EQ(brushes(g), (std::vector<uint32_t>{ 0x00C0C0C0u, 0x02000003u /* HS_BDIAGONAL */, 0x008080FFu }));
+	for (const Record * r : g.ofType(T_SETBKMODE))
+		EXPECT_EQ(r->u32(8), 1u);
 }
 
 
@@ -263,10 +249,7 @@ TEST(EMFPaintDevice, PathsBeziersAndLargeCoordinates) {
 	ASSERT_GT(curve.size(), 10u);
 	EXPECT_EQ(curve.front(), (Point{0, 1500}));
 	EXPECT_EQ(curve.back(), (Point{3000, 1500}));
-	bool near = false;
-	for (const Point & q : curve)
-		near = near || (std::abs(q.x - 1500) <= 60 && std::abs(q.y - 1500) <= 15);
-	EXPECT_TRUE(near);
+	EXPECT_TRUE(std::any_of(curve.begin(), curve.end(), [](const Point & q) { return std::abs(q.x - 1500) <= 60 && std::abs(q.y - 1500) <= 15; }));
 	EXPECT_EQ(polyPoints(*small[1]), (Points{ { 0, 900 }, { 32760, 900 } }));
 	ASSERT_EQ(f.count(T_POLYLINE), 1u);
 	EXPECT_EQ(polyPoints(*f.ofType(T_POLYLINE)[0]), (Points{ { 0, 750 }, { 45000, 750 } }));
@@ -279,6 +262,7 @@ TEST(EMFPaintDevice, TextFontsColoursAndOrientation) {
 	QFont serif("DejaVu Serif", 12);		// 12 pt at 96 dpi = 16 px
 	serif.setBold(true);
 	serif.setItalic(true);
+	serif.setUnderline(true);				// QPainter draws the line: not a font attribute
 	QFont small("DejaVu Sans");
 	small.setPixelSize(12);
 	File f = paintAndParse("text.emf", QSize(400, 300), [&](QPainter & p) {
@@ -288,8 +272,6 @@ TEST(EMFPaintDevice, TextFontsColoursAndOrientation) {
 		p.setFont(serif);
 		p.setPen(QColor(0, 0, 255));
 		p.drawText(QPointF(20, 100), QString::fromUtf8("Größe °C"));
-		p.setFont(QFont("Sans Serif", 10));
-		p.drawText(QPointF(0, 20), "a");
 		p.setFont(QFont("Monospace", 10));
 		p.drawText(QPointF(0, 40), "b");
 		p.setFont(small);
@@ -315,7 +297,6 @@ TEST(EMFPaintDevice, TextFontsColoursAndOrientation) {
 	const std::vector<Expected> expected = {
 		{"Hello", Point{300, 750}, -300, 0, 400, 0, "DejaVu Sans", 0x000000FF},
 		{QString::fromUtf8("Größe °C"), Point{300, 1500}, -240, 0, 700, 1, "DejaVu Serif", 0x00FF0000},
-		{"a", Point{0, 300}, -200, 0, 400, 0, "Arial", 0x00FF0000},
 		{"b", Point{0, 600}, -200, 0, 400, 0, "Courier New", 0x00FF0000},
 		{"Axis", Point{450, 3000}, -180, 900, 400, 0, "DejaVu Sans", 0x00FF0000},
 		{"Right", Point{5550, 1650}, -180, 2700, 400, 0, "DejaVu Sans", 0x00FF0000},	// (370, 110) * 15
@@ -332,15 +313,15 @@ TEST(EMFPaintDevice, TextFontsColoursAndOrientation) {
 		ASSERT_NE(f.object(*texts[i], FONT), nullptr);
 		EXPECT_EQ(f.object(*texts[i], FONT)->size, 332u);		// LogFontPanose form
 		const Font fo = decodeFont(*f.object(*texts[i], FONT));
-		EXPECT_EQ(std::vector<int>({fo.height, fo.escapement, fo.orientation, fo.weight, fo.italic}),
-				  std::vector<int>({e.height, e.escapement, e.escapement, e.weight, e.italic}));
+		EXPECT_EQ(std::vector<int>({fo.height, fo.escapement, fo.orientation, fo.weight, fo.italic, fo.underline}),
+				  std::vector<int>({e.height, e.escapement, e.escapement, e.weight, e.italic, 0}));
 		EXPECT_EQ(fo.face, e.face);
-		EXPECT_EQ(f.stateBefore(T_SETTEXTCOLOR, indexOf(f, texts[i])), e.colour);
+		EXPECT_EQ(f.stateBefore(T_SETTEXTCOLOR, int(texts[i] - f.records.data())), e.colour);
 	}
-	EXPECT_EQ(decodeFont(*f.object(*texts[3], FONT)).pitchAndFamily & 0xF0, 0x30);		// FF_MODERN
+	EXPECT_EQ(decodeFont(*f.object(*texts[2], FONT)).pitchAndFamily & 0xF0, 0x30);		// FF_MODERN
 	// the advances are lengths along the baseline, also for rotated text
-	EXPECT_NEAR(advance(decodeText(*texts[0])), QFontMetricsF(sans).horizontalAdvance("Hello") * 15, 2);
-	EXPECT_NEAR(advance(decodeText(*texts[5])), QFontMetricsF(small).horizontalAdvance("Right") * 15, 2);
+	EXPECT_NEAR(advance(*texts[0]), QFontMetricsF(sans).horizontalAdvance("Hello") * 15, 2);
+	EXPECT_NEAR(advance(*texts[4]), QFontMetricsF(small).horizontalAdvance("Right") * 15, 2);
 	EXPECT_GE(f.count(T_POLYPOLYGON16) + f.count(T_POLYGON16), 1u);	// the mirrored text
 }
 
@@ -381,7 +362,6 @@ TEST(EMFPaintDevice, ClipRectanglesRestoreAndClipPaths) {
 	const int save = g.indexOf(T_SAVEDC), begin = g.indexOf(T_BEGINPATH), poly = g.indexOf(T_POLYGON16, begin);
 	const int end = g.indexOf(T_ENDPATH, begin), select = g.indexOf(T_SELECTCLIPPATH, end), fill = g.indexOf(T_RECTANGLE, select);
 	ASSERT_TRUE(save >= 0 && save < begin && begin < poly && poly < end && end < select && select < fill);
-	EXPECT_EQ(g.records[size_t(begin)].size, 8u);
 	EXPECT_EQ(g.records[size_t(select)].u32(8), 5u);		// RGN_COPY
 	EXPECT_EQ(g.records[size_t(poly)].rect(8), (Rect{150, 150, 1650, 1050}));
 }
@@ -424,29 +404,11 @@ TEST(EMFPaintDevice, ImagesAsStretchDibits) {
 }
 
 
-TEST(EMFPaintDevice, HandlesAreDeletedAndReused) {
-	File f = paintAndParse("handles.emf", QSize(300, 300), [](QPainter & p) {
-		for (int i = 0; i < 200; ++i) {
-			p.setPen(QPen(QColor(i, 255 - i, (i * 7) % 256), 1));
-			p.setBrush(QColor((i * 3) % 256, i, 0));
-			p.drawRect(QRectF(i, i, 10, 10));
-		}
-	});
-	EXPECT_EQ(f.count(T_EXTCREATEPEN), 200u);
-	EXPECT_EQ(f.count(T_CREATEBRUSHINDIRECT), 200u);
-	EXPECT_EQ(f.count(T_DELETEOBJECT), 400u);	// every created object is deleted before the end
-	EXPECT_LE(f.header.handles, 66u);			// the parser checks that a reused handle was free
-}
-
-
 TEST(EMFPaintDevice, WriteFailuresAreReported) {
-	const QString path = scratchFile("no-such-dir/sub/x.emf");
-	EMF::PaintDevice dev(path, QSize(100, 100), 96);
+	EMF::PaintDevice dev(scratchFile("no-such-dir/sub/x.emf"), QSize(100, 100), 96);
 	QPainter p;
 	EXPECT_FALSE(p.begin(&dev));
-	EXPECT_FALSE(dev.isWritten());
 	EXPECT_NE(dev.errorMessage().find("x.emf"), std::string::npos);
-	EXPECT_NE(dev.errorMessage().find("[EMF::PaintEngine::begin]"), std::string::npos);
 	EXPECT_THROW(dev.throwIfError(), ZEB::Exception);
 
 	if (!QFile::exists("/dev/full"))
@@ -455,13 +417,6 @@ TEST(EMFPaintDevice, WriteFailuresAreReported) {
 	ASSERT_TRUE(p.begin(&full));
 	p.drawLine(0, 0, 10, 10);
 	EXPECT_FALSE(p.end());
-	EXPECT_FALSE(full.isWritten());
-	try {
-		full.throwIfError();
-		FAIL() << "no exception";
-	}
-	catch (const ZEB::Exception & ex) {
-		EXPECT_NE(std::string(ex.what()).find("/dev/full"), std::string::npos);
-		EXPECT_EQ(ex.messages().back().m_where, "[EMF::PaintEngine::end]");
-	}
+	EXPECT_NE(full.errorMessage().find("[EMF::PaintEngine::end]"), std::string::npos) << full.errorMessage();
+	EXPECT_THROW(full.throwIfError(), ZEB::Exception);
 }

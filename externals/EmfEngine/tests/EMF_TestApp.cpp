@@ -6,7 +6,7 @@
 
 namespace {
 
-/*! Creates the QApplication that fonts and Qwt widgets need, headless (the test environment chooses the platform). */
+/*! Creates the QApplication that fonts need, headless (the test environment chooses the platform). */
 class QtEnvironment : public ::testing::Environment {
 	void SetUp() override { m_app.reset(new QApplication(m_argc, m_argv)); }
 	void TearDown() override { m_app.reset(); }

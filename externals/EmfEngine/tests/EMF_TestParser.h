@@ -106,7 +106,6 @@ struct File {
 	std::vector<std::string> errors;
 
 	bool parse(const QByteArray & bytes);
-	bool parseFile(const QString & fileName);
 
 	std::vector<const Record *> ofType(uint32_t type) const;
 	size_t count(uint32_t type) const { return ofType(type).size(); }

@@ -7,8 +7,6 @@
 
 #include <QFile>
 #include <QPainter>
-#include <QProcess>
-#include <QStandardPaths>
 
 #include <EMF_PaintDevice.h>
 
@@ -37,31 +35,12 @@ inline File paintAndParse(const QString & name, const QSize & size, const std::f
 		paint(p);
 	}
 	File f;
-	if (!dev.isWritten() || dev.hasError())
+	QFile file(path);
+	if (!dev.isWritten() || dev.hasError() || !file.open(QIODevice::ReadOnly))
 		ADD_FAILURE() << "device did not write the file: " << dev.errorMessage();
 	else
-		EXPECT_TRUE(f.parseFile(path)) << name.toStdString() << ":\n" << f.errorText();
+		EXPECT_TRUE(f.parse(file.readAll())) << name.toStdString() << ":\n" << f.errorText();
 	return f;
-}
-
-/*! Path of emf2svg-conv, or empty when it is not installed. */
-inline QString emf2svg() {
-	return QStandardPaths::findExecutable("emf2svg-conv");
-}
-
-/*! Converts an EMF file to SVG with emf2svg-conv; returns the SVG text or an empty string. */
-inline QString convertToSvg(const QString & emfPath, const QString & svgPath, QString * log = nullptr) {
-	QProcess proc;
-	proc.start(emf2svg(), QStringList() << "-i" << emfPath << "-o" << svgPath);
-	bool ok = proc.waitForFinished(60000) && proc.exitStatus() == QProcess::NormalExit && proc.exitCode() == 0;
-	if (log)
-		*log = QString::fromLocal8Bit(proc.readAllStandardError() + proc.readAllStandardOutput());
-	if (!ok)
-		return QString();
-	QFile f(svgPath);
-	if (!f.open(QIODevice::ReadOnly))
-		return QString();
-	return QString::fromUtf8(f.readAll());
 }
 
 } // namespace EmfTest

@@ -44,13 +44,11 @@ TEST(QtExtLogModel, LinesAreColouredFilteredAndBounded) {
 	EXPECT_EQ(rows(model), QStringList({ "0:Reading 'a.out' done", "3:Cannot read 'b.out'", "3:File is truncated",
 										 "2:Unit converted", "4:layout", "0:unknown type" }));
 
+	// errors red, debug lines grey, progress in the view's own colour
 	const QColor error = model.index(1).data(Qt::ForegroundRole).value<QColor>();
-	const QColor warning = model.index(3).data(Qt::ForegroundRole).value<QColor>();
 	const QColor debug = model.index(4).data(Qt::ForegroundRole).value<QColor>();
 	EXPECT_TRUE(error.red() > 150 && error.green() < 60 && error.blue() < 60) << error.name().toStdString();
-	EXPECT_TRUE(warning.red() > warning.green() && warning.green() > warning.blue()) << warning.name().toStdString();
-	EXPECT_TRUE(debug.red() == debug.green() && debug.green() == debug.blue() && debug.red() > 80)
-		<< debug.name().toStdString();
+	EXPECT_TRUE(debug.red() == debug.green() && debug.green() == debug.blue() && debug.red() > 80);
 	EXPECT_FALSE(model.index(0).data(Qt::ForegroundRole).isValid());
 
 	// hidden types keep their lines; a continuation goes on with a hidden line
@@ -66,7 +64,6 @@ TEST(QtExtLogModel, LinesAreColouredFilteredAndBounded) {
 	for (int i = 0; i < 6; ++i)
 		model.append(i % 2 == 0 ? ZEB::MSG_ERROR : ZEB::MSG_WARNING, QString::number(i));
 	model.setMaxLines(4);
-	EXPECT_EQ(model.lineCount(), 4);
 	EXPECT_EQ(rows(model), QStringList({ "2:3", "2:5" }));
 	model.setTypeShown(ZEB::MSG_ERROR, true);
 	EXPECT_EQ(rows(model), QStringList({ "3:2", "2:3", "3:4", "2:5" }));
@@ -75,7 +72,6 @@ TEST(QtExtLogModel, LinesAreColouredFilteredAndBounded) {
 
 	// after clearing, a continuation without line to continue is a line of its own
 	model.clear();
-	EXPECT_EQ(model.lineCount(), 0);
 	model.append(ZEB::MSG_CONT, "rest");
 	EXPECT_EQ(rows(model), QStringList({ "0:rest" }));
 }
@@ -94,23 +90,17 @@ TEST(QtExtLogFileDialog, ShowsTheFileScrolledToItsEndAndReloads) {
 	dialog.show();
 	EXPECT_EQ(dialog.text(), QString::fromUtf8(content));
 	const QScrollBar * bar = dialog.findChild<QPlainTextEdit *>()->verticalScrollBar();
-	EXPECT_GT(bar->maximum(), 0);
-	EXPECT_EQ(bar->value(), bar->maximum());
+	EXPECT_TRUE(bar->maximum() > 0 && bar->value() == bar->maximum());
 
-	ASSERT_TRUE(QtExtTest::writeFile(log, content + "newest\n"));
-	dialog.findChild<QPushButton *>("reloadButton")->click();
-	EXPECT_TRUE(dialog.text().endsWith("line 299\nnewest\n"));
-	EXPECT_EQ(bar->value(), bar->maximum());
-
-	// of a huge file the last whole lines
+	// reloaded, of a huge file the last whole lines, scrolled to the end again
 	QByteArray huge;
 	for (int i = 0; huge.size() <= QtExt::LogFileDialog::MAX_BYTES; ++i)
 		huge += "a long line of the log file, number " + QByteArray::number(i) + "\n";
 	ASSERT_TRUE(QtExtTest::writeFile(log, huge));
-	dialog.onReload();
+	dialog.findChild<QPushButton *>("reloadButton")->click();
+	EXPECT_EQ(bar->value(), bar->maximum());
 	EXPECT_LE(dialog.text().size(), QtExt::LogFileDialog::MAX_BYTES);
-	EXPECT_TRUE(dialog.text().startsWith("a long line"));
-	EXPECT_TRUE(huge.endsWith(dialog.text().toUtf8()));
+	EXPECT_TRUE(dialog.text().startsWith("a long line") && huge.endsWith(dialog.text().toUtf8()));
 
 	QFile::remove(log);
 	dialog.onReload();

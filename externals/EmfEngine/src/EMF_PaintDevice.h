@@ -40,18 +40,6 @@ class PaintEngine;
 */
 class PaintDevice : public QPaintDevice {
 public:
-	/*! What the header's Bounds field describes. */
-	enum BoundsMode {
-		/*! The whole picture (0, 0, width-1, height-1) in logical units, the default. Readers that
-			size the picture by its bounds (e.g. emf2svg) then show the full requested size.
-		*/
-		PictureBounds,
-		/*! The smallest rectangle around what was drawn (inside the picture and the clip);
-			(0, 0, -1, -1) when nothing was drawn.
-		*/
-		DrawingBounds
-	};
-
 	/*! Creates a device for the given file.
 		\param fileName Target file; created or overwritten when painting begins.
 		\param sizePx Picture size in pixels, both sides at least 1.
@@ -67,12 +55,6 @@ public:
 
 	PaintDevice(const PaintDevice &) = delete;
 	PaintDevice & operator=(const PaintDevice &) = delete;
-
-	/*! A device for a physical size in millimetres at the given resolution; the pixel size is
-		rounded to whole pixels (at least 1).
-	*/
-	static std::unique_ptr<PaintDevice> fromMillimeters(const QString & fileName, const QSizeF & sizeMM,
-														double dpi = 96.0);
 
 	QPaintEngine * paintEngine() const override;
 
@@ -94,10 +76,6 @@ public:
 	double logicalUnitsPerInch() const { return m_unitsPerInch; }
 	/*! Logical EMF units per device pixel. */
 	double logicalUnitsPerPixel() const;
-
-	/*! Chooses what the header's Bounds describe (default PictureBounds). */
-	void setBoundsMode(BoundsMode mode) { m_boundsMode = mode; }
-	BoundsMode boundsMode() const { return m_boundsMode; }
 
 	/*! Sets the picture name stored in the header's description ("Orvane\0<title>\0\0"). */
 	void setTitle(const QString & title) { m_title = title; }
@@ -128,7 +106,6 @@ private:
 	double							m_dpi;
 	double							m_unitsPerInch = 1440;
 	QString							m_title = QStringLiteral("Chart");
-	BoundsMode						m_boundsMode = PictureBounds;
 	ZEB::Exception					m_error;
 	bool							m_written = false;
 	QByteArray						m_data;

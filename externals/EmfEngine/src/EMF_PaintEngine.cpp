@@ -422,7 +422,6 @@ public:
 
 	std::map<QByteArray, Object> m_objects;
 	uint64_t		m_useCounter = 0;
-	RectL			m_ink;
 
 	void reset();
 	void writeInitialState();
@@ -454,7 +453,6 @@ public:
 		return Pt{ toInt(q.x()), toInt(q.y()) };
 	}
 	Poly mapPolygon(const QPolygonF & poly, const QTransform & t) const;
-	void addInk(const RectL & r, int32_t grow);
 
 	// records
 	void writePoly(uint32_t type16, uint32_t type32, const Poly & p);
@@ -492,7 +490,6 @@ void PaintEngine::Private::reset() {
 	m_clipSaved = false;
 	m_objects.clear();
 	m_useCounter = 0;
-	m_ink = RectL();
 }
 
 
@@ -826,23 +823,6 @@ Poly PaintEngine::Private::mapPolygon(const QPolygonF & poly, const QTransform &
 }
 
 
-void PaintEngine::Private::addInk(const RectL & r0, int32_t grow) {
-	if (r0.isEmpty())
-		return;
-	RectL r(r0.left - grow, r0.top - grow, r0.right + grow, r0.bottom + grow);
-	if (m_emittedClip.kind != Clip::None) {
-		QRectF cb = m_emittedClip.bounds();
-		if (cb.isEmpty())
-			return;
-		r.left = std::max(r.left, toInt(std::floor(cb.left() * m_S)));
-		r.top = std::max(r.top, toInt(std::floor(cb.top() * m_S)));
-		r.right = std::min(r.right, toInt(std::ceil(cb.right() * m_S)));
-		r.bottom = std::min(r.bottom, toInt(std::ceil(cb.bottom() * m_S)));
-	}
-	m_ink.unite(r);
-}
-
-
 void PaintEngine::Private::writePoly(uint32_t type16, uint32_t type32, const Poly & p) {
 	const bool small = fits16(p);
 	m_w.beginRecord(small ? type16 : type32);
@@ -953,7 +933,6 @@ void PaintEngine::Private::drawShapes(std::vector<Poly> polys, const std::vector
 			writePoly(EMR_POLYGON16, EMR_POLYGON, fillPolys.front());
 		else if (!fillPolys.empty())
 			writePolyPoly(EMR_POLYPOLYGON16, EMR_POLYPOLYGON, fillPolys);
-		addInk(ink, int32_t(pen.width / 2 + 1));
 		return;
 	}
 	if (brush.visible && !fillPolys.empty()) {
@@ -962,7 +941,6 @@ void PaintEngine::Private::drawShapes(std::vector<Poly> polys, const std::vector
 			writePoly(EMR_POLYGON16, EMR_POLYGON, fillPolys.front());
 		else
 			writePolyPoly(EMR_POLYPOLYGON16, EMR_POLYPOLYGON, fillPolys);
-		addInk(ink, 0);
 	}
 	if (pen.visible) {
 		if (!closedPolys.empty()) {
@@ -979,7 +957,6 @@ void PaintEngine::Private::drawShapes(std::vector<Poly> polys, const std::vector
 			else
 				writePolyPoly(EMR_POLYPOLYLINE16, EMR_POLYPOLYLINE, openPolys);
 		}
-		addInk(ink, int32_t(pen.width / 2 + 1));
 	}
 }
 
@@ -1024,7 +1001,6 @@ void PaintEngine::Private::drawDots(const std::vector<QPointF> & points) {
 		QPointF q = m_full.map(p);
 		RectL box(toInt(q.x() - half), toInt(q.y() - half), toInt(q.x() + half), toInt(q.y() + half));
 		writeBox(round ? EMR_ELLIPSE : EMR_RECTANGLE, box);
-		addInk(box, 0);
 	}
 	m_pen = savedPen;
 	m_brush = savedBrush;
@@ -1177,7 +1153,6 @@ void PaintEngine::Private::writeAlignedImage(const QRectF & r, const QImage & im
 		m_w.writeBytes(row.constData(), row.size());
 	}
 	m_w.endRecord();
-	addInk(bounds, 0);
 }
 
 
@@ -1231,18 +1206,8 @@ bool PaintEngine::end() {
 	const int32_t W = toInt(dev->size().width() * S);
 	const int32_t H = toInt(dev->size().height() * S);
 	HeaderInfo info;
-	info.bounds = d->m_ink;
-	if (dev->boundsMode() == PaintDevice::PictureBounds)
-		info.bounds = RectL(0, 0, W - 1, H - 1);
-	// keep the bounds inside the picture; nothing drawn gives the empty rectangle (0,0,-1,-1)
-	else if (!info.bounds.isEmpty()) {
-		info.bounds.left = std::max(info.bounds.left, 0);
-		info.bounds.top = std::max(info.bounds.top, 0);
-		info.bounds.right = std::min(info.bounds.right, W - 1);
-		info.bounds.bottom = std::min(info.bounds.bottom, H - 1);
-		if (info.bounds.isEmpty())
-			info.bounds = RectL();
-	}
+	// the whole picture: readers that size the picture by its bounds show the requested size
+	info.bounds = RectL(0, 0, W - 1, H - 1);
 	info.frame = RectL(0, 0, std::max(0, toInt(mm.width() * 100) - 1), std::max(0, toInt(mm.height() * 100) - 1));
 	info.millimetersCx = std::max(1, toInt(mm.width()));
 	info.millimetersCy = std::max(1, toInt(mm.height()));
@@ -1397,7 +1362,6 @@ void PaintEngine::drawBox(const QRectF & rect, std::uint32_t recordType,
 			  toInt(std::max(a.x(), b.x())), toInt(std::max(a.y(), b.y())));
 	d->prepare(pen, brush);
 	d->writeBox(recordType, box);
-	d->addInk(box, pen.visible ? int32_t(pen.width / 2 + 1) : 0);
 }
 
 
@@ -1556,7 +1520,6 @@ void PaintEngine::drawTextItem(const QPointF & p, const QTextItem & textItem) {
 	for (int32_t v : dx)
 		w.writeI32(v);
 	w.endRecord();
-	d->addInk(bounds, 0);
 }
 
 } // namespace EMF

@@ -39,7 +39,7 @@ TEST(EMFPaintDevice, MetricsAndHeaderFollowSizeAndResolution) {
 	EXPECT_THROW(EMF::PaintDevice(scratchFile("x.emf"), QSize(0, 10), 96), ZEB::Exception);
 	EXPECT_THROW(EMF::PaintDevice(QString(), QSize(10, 10), 96), ZEB::Exception);
 
-	File f = paintAndParse("empty.emf", QSize(400, 300), [](QPainter &) {}, 96, EMF::PaintDevice::PictureBounds, "Wall");
+	File f = paintAndParse("empty.emf", QSize(400, 300), [](QPainter &) {}, 96, "Wall");
 	const Header & h = f.header;
 	EXPECT_EQ(h.bounds, (Rect{0, 0, 5999, 4499}));	// whole picture: 400 x 300 px * 15
 	EXPECT_EQ(h.frame, (Rect{0, 0, 10582, 7937}));	// 0.01 mm, inclusive: 105.833 mm, 79.375 mm

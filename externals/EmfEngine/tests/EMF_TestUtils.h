@@ -22,12 +22,10 @@ inline QString scratchFile(const QString & name) {
 /*! Paints with the given function on a device of the given size and parses the result; a file
 	that is not written or breaks a rule of the format fails the test. */
 inline File paintAndParse(const QString & name, const QSize & size, const std::function<void(QPainter &)> & paint,
-						  double dpi = 96.0, EMF::PaintDevice::BoundsMode mode = EMF::PaintDevice::PictureBounds,
-						  const QString & title = QString())
+						  double dpi = 96.0, const QString & title = QString())
 {
 	const QString path = scratchFile(name);
 	EMF::PaintDevice dev(path, size, dpi);
-	dev.setBoundsMode(mode);
 	if (!title.isEmpty())
 		dev.setTitle(title);
 	{

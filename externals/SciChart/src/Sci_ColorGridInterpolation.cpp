@@ -8,16 +8,30 @@
 
 namespace SCI {
 
+namespace {
+
+/*! Smallest to largest value ignoring NaN; invalid when there is none. */
+QwtInterval valueRange(const std::vector<double> & values) {
+	const double zMin = ArrayTools::minimum(values.data(), static_cast<unsigned int>(values.size()));
+	const double zMax = ArrayTools::maximum(values.data(), static_cast<unsigned int>(values.size()));
+	return std::isnan(zMin) ? QwtInterval() : QwtInterval(zMin, zMax);
+}
+
+} // namespace
+
+
 ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 											   const std::vector<double> & values,
 											   const std::vector<double> & xEdges, const std::vector<double> & yEdges) :
-	ColorGridInterpolation(xCentres, yCentres, std::make_shared<const std::vector<double> >(values), xEdges, yEdges)
+	ColorGridInterpolation(xCentres, yCentres, std::make_shared<const std::vector<double> >(values),
+						   valueRange(values), xEdges, yEdges)
 {
 }
 
 
 ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 											   std::shared_ptr<const std::vector<double> > values,
+											   const QwtInterval & valueRange,
 											   const std::vector<double> & xEdges, const std::vector<double> & yEdges) :
 	m_xCentres(xCentres),
 	m_yCentres(yCentres),
@@ -30,10 +44,8 @@ ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCent
 	Q_ASSERT(m_values->size() == m_xCentres.size()*m_yCentres.size());
 	setInterval(Qt::XAxis, QwtInterval(m_xMin, m_xMax));
 	setInterval(Qt::YAxis, QwtInterval(m_yMin, m_yMax));
-	const double zMin = ArrayTools::minimum(m_values->data(), static_cast<unsigned int>(m_values->size()));
-	const double zMax = ArrayTools::maximum(m_values->data(), static_cast<unsigned int>(m_values->size()));
-	if (!std::isnan(zMin))
-		setInterval(Qt::ZAxis, QwtInterval(zMin, zMax));
+	if (valueRange.isValid())
+		setInterval(Qt::ZAxis, valueRange);
 }
 
 

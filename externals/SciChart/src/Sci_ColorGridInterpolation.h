@@ -23,9 +23,11 @@ public:
 	ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 						   const std::vector<double> & values,
 						   const std::vector<double> & xEdges, const std::vector<double> & yEdges);
-	/*! The same over values shared with the cell data (ColorGrid3DData::sharedValues()). */
+	/*! The same over values shared with the cell data (ColorGrid3DData::sharedValues()), whose
+		value range (invalid when all values are NaN) is given.
+	*/
 	ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
-						   std::shared_ptr<const std::vector<double> > values,
+						   std::shared_ptr<const std::vector<double> > values, const QwtInterval & valueRange,
 						   const std::vector<double> & xEdges, const std::vector<double> & yEdges);
 
 	/*! Interpolated value at (x, y), NaN outside the grid. */

@@ -92,7 +92,7 @@ void ColorGridSeries::setData(const std::vector<double> & xGrid, const std::vect
 		throw ZEB::Exception(ex, "Invalid colour grid coordinates.", FUNC_ID);
 	}
 	ColorGridInterpolation * interpolation = new ColorGridInterpolation(cellCentres(xGrid, nx), cellCentres(yGrid, ny),
-																		cells->sharedValues(),
+																		cells->sharedValues(), cells->interval(Qt::ZAxis),
 																		cells->xEdges(), cells->yEdges());
 	spectrogram()->setData(cells.release());
 	spectrogram()->setInterpolatedData(interpolation);

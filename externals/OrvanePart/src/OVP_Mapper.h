@@ -213,7 +213,8 @@ public:
 	/*! Extracts the data of a mapper read with ExtractWhenNeeded, once: every extractor is
 		updated (failures reported as by any update) and the chart model announces the changed
 		series. Called by everything that shows or reads the chart's data: the plot (chart(),
-		also for the data table and exports), the property pages, a change of the data sets.
+		also for the data table and exports), the property pages, a change of the data sets,
+		and the series models before they hand out values.
 	*/
 	void extractPendingData();
 	/*! Writes the extractors and the chart model into the Mapper element; data file paths are

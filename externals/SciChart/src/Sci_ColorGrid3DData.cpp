@@ -40,10 +40,9 @@ ColorGrid3DData::ColorGrid3DData(unsigned int xGridSize, unsigned int yGridSize,
 
 	setInterval(Qt::XAxis, QwtInterval(m_xEdges.front(), m_xEdges.back()));
 	setInterval(Qt::YAxis, QwtInterval(m_yEdges.front(), m_yEdges.back()));
-	const double zMin = ArrayTools::minimum(m_values->data(), static_cast<unsigned int>(m_values->size()));
-	const double zMax = ArrayTools::maximum(m_values->data(), static_cast<unsigned int>(m_values->size()));
-	if (!std::isnan(zMin))
-		setInterval(Qt::ZAxis, QwtInterval(zMin, zMax));
+	const QwtInterval z = ArrayTools::range(m_values->data(), static_cast<unsigned int>(m_values->size()));
+	if (z.isValid())
+		setInterval(Qt::ZAxis, z);
 }
 
 

@@ -8,23 +8,11 @@
 
 namespace SCI {
 
-namespace {
-
-/*! Smallest to largest value ignoring NaN; invalid when there is none. */
-QwtInterval valueRange(const std::vector<double> & values) {
-	const double zMin = ArrayTools::minimum(values.data(), static_cast<unsigned int>(values.size()));
-	const double zMax = ArrayTools::maximum(values.data(), static_cast<unsigned int>(values.size()));
-	return std::isnan(zMin) ? QwtInterval() : QwtInterval(zMin, zMax);
-}
-
-} // namespace
-
-
 ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 											   const std::vector<double> & values,
 											   const std::vector<double> & xEdges, const std::vector<double> & yEdges) :
 	ColorGridInterpolation(xCentres, yCentres, std::make_shared<const std::vector<double> >(values),
-						   valueRange(values), xEdges, yEdges)
+						   ArrayTools::range(values.data(), static_cast<unsigned int>(values.size())), xEdges, yEdges)
 {
 }
 

@@ -65,8 +65,8 @@ const std::uint64_t SCATTER_MIN_RECORD_SIZE = 4096;
 const std::size_t MAX_READ_PARTS = 1024;
 /*! Bytes of an ASCII data section between two progress notifications. */
 const std::uint64_t ASCII_PROGRESS_STEP = std::uint64_t(4) << 20;
-/*! Bytes of a mapped ASCII file scanned before the process lets go of their pages. */
-const std::uint64_t ASCII_RELEASE_STEP = std::uint64_t(32) << 20;
+/*! Bytes of a mapped file scanned before the process lets go of their pages. */
+const std::uint64_t MAPPED_RELEASE_STEP = std::uint64_t(32) << 20;
 /*! Bytes of ASCII values parsed as one piece of work, and the least that is parsed on several
 	threads.
 */
@@ -697,7 +697,7 @@ void DataIO::scanASCIILines(ZEB::NotificationHandler * notification, LastLine la
 			}
 		}
 		// the pages read stay in the file cache, but not in this process
-		if (lineStart - released >= ASCII_RELEASE_STEP) {
+		if (lineStart - released >= MAPPED_RELEASE_STEP) {
 			m_text.release(released, lineStart);
 			released = lineStart;
 		}
@@ -785,56 +785,49 @@ void DataIO::addValueLine(const LineReader & reader, const char * begin, const c
 
 void DataIO::readBinaryData(ZEB::NotificationHandler * notification) {
 	FUNCID(DataIO::readBinaryData);
-	std::ifstream in(m_filename, std::ios::binary);
-	if (!in)
-		throw ZEB::Exception(ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(m_filename), FUNC_ID),
-							 "Error on reading binary data from file.", FUNC_ID);
 	const std::uint64_t recordSize = (static_cast<std::uint64_t>(m_nValues) + 1)*8;
 	const std::size_t before = m_timePoints.size();
-	std::uint64_t pos = m_dataSectionOffset + before*recordSize;
+	const std::uint64_t first = m_dataSectionOffset + before*recordSize;
 	// complete records only: a record still being written is listed once its values are there
-	const std::uint64_t available = m_fileSize > pos ? m_fileSize - pos : 0;
+	const std::uint64_t available = m_fileSize > first ? m_fileSize - first : 0;
 	const std::uint64_t count = available/recordSize;
-	m_timePoints.reserve(m_timePoints.size() + static_cast<std::size_t>(count));
-
-	const std::uint64_t recordsPerBlock = std::max<std::uint64_t>(1, BINARY_BLOCK_SIZE/recordSize);
-	std::vector<char> block(recordSize <= BINARY_BLOCK_SIZE ? static_cast<std::size_t>(recordsPerBlock*recordSize) : 8);
-	std::uint64_t done = 0;
-	while (done < count && in.good()) {
-		if (notification != nullptr && m_fileSize > 0)
-			notification->notify(static_cast<double>(pos)/static_cast<double>(m_fileSize));
-		in.seekg(static_cast<std::streamoff>(pos));
-		if (recordSize <= BINARY_BLOCK_SIZE) {
-			// several records per read; only the time point of each is taken
-			const std::uint64_t want = std::min<std::uint64_t>(block.size(), m_fileSize - pos);
-			in.read(block.data(), static_cast<std::streamsize>(want));
-			if (in.bad()) {
-				m_timePoints.resize(before);
-				throw ZEB::Exception("Error on read binary data.", FUNC_ID);
-			}
-			const std::uint64_t got = static_cast<std::uint64_t>(in.gcount());
-			const std::uint64_t doneBefore = done;
-			for (std::uint64_t off = 0; off + recordSize <= got && done < count; off += recordSize, ++done) {
-				double t;
-				std::memcpy(&t, block.data() + off, sizeof(t));
-				m_timePoints.push_back(t);
-			}
-			pos += got - got % recordSize;
-			if (got < want || done == doneBefore)
-				break;	// the file became shorter while reading
+	if (count > 0) {
+		// the time point of each record is read in place from a mapping of the file: the values
+		// are neither copied nor, for records longer than a page, read at all
+		MappedFile file;
+		try {
+			file.map(m_filename, first + count*recordSize);
 		}
-		else {
-			double t;
-			if (!in.read(reinterpret_cast<char*>(&t), sizeof(t))) {
-				if (in.bad()) {
-					m_timePoints.resize(before);
-					throw ZEB::Exception("Error on read binary data.", FUNC_ID);
+		catch (ZEB::Exception & ex) {
+			throw ZEB::Exception(ex, "Error on reading binary data from file.", FUNC_ID);
+		}
+		m_timePoints.reserve(before + static_cast<std::size_t>(count));
+		{
+			MappedFile::Guard guard(file);
+			std::uint64_t released = first;
+			std::uint64_t nextProgress = first;
+			for (std::uint64_t pos = first; pos < first + count*recordSize; pos += recordSize) {
+				if (notification != nullptr && pos >= nextProgress) {
+					notification->notify(static_cast<double>(pos)/static_cast<double>(m_fileSize));
+					nextProgress = pos + BINARY_BLOCK_SIZE;
 				}
-				break;	// the file became shorter while reading
+				double t;
+				std::memcpy(&t, file.data() + pos, sizeof(t));
+				m_timePoints.push_back(t);
+				// the pages read stay in the file cache, but not in this process
+				if (pos - released >= MAPPED_RELEASE_STEP) {
+					file.release(released, pos);
+					released = pos;
+				}
 			}
-			m_timePoints.push_back(t);
-			++done;
-			pos += recordSize;
+		}
+		// a file cut while it was read gave zeros in place of what it lost (a whole lost page
+		// through the guard, the rest of its last page as it is): only records still whole count
+		std::error_code error;
+		const std::uint64_t size = std::filesystem::file_size(m_filename, error);
+		if (file.isCut() || error || size < first + count*recordSize) {
+			const std::uint64_t whole = error || size < first ? 0 : (size - first)/recordSize;
+			m_timePoints.resize(before + static_cast<std::size_t>(std::min(whole, count)));
 		}
 	}
 	if (notification != nullptr)

@@ -1,6 +1,8 @@
 #include "EM_Extractor3DFromFieldBase.h"
 
 #include <limits>
+#include <utility>
+#include <vector>
 
 #include <ZEB_Exception.h>
 
@@ -68,13 +70,15 @@ void Extractor3DFromFieldBase::extract() {
 		m_x.m_unit = unitFromDataIO(dataIO.timeUnit(), FUNC_ID);
 		m_xCellCount = time.size();
 		m_values.m_data.assign(m_xCellCount*m_yCellCount, nan);
-		for (std::size_t j = 0; j < m_yCellCount; ++j) {
-			if (columns[j] < 0)
-				continue;
-			const double * v = values + columns[j];
-			double * row = &m_values.m_data[j*m_xCellCount];
-			for (std::size_t t = 0; t < m_xCellCount; ++t)
-				row[t] = v[t*stride];
+		// time point by time point: each record is read once, in order, and spread over the rows
+		std::vector<std::pair<std::size_t, double *> > rows;
+		for (std::size_t j = 0; j < m_yCellCount; ++j)
+			if (columns[j] >= 0)
+				rows.emplace_back(static_cast<std::size_t>(columns[j]), &m_values.m_data[j*m_xCellCount]);
+		for (std::size_t t = 0; t < m_xCellCount; ++t) {
+			const double * record = values + t*stride;
+			for (const std::pair<std::size_t, double *> & row : rows)
+				row.second[t] = record[row.first];
 		}
 		return;
 	}

@@ -1,5 +1,7 @@
 #include "EM_Extractor3DOutputBase.h"
 
+#include <utility>
+
 #include <DATAIO_DataIO.h>
 
 #include <ZEB_Exception.h>
@@ -60,11 +62,11 @@ void Extractor3DOutputBase::clearOutput() {
 void Extractor3DOutputBase::convertUnits() {
 	FUNCID(Extractor3DOutputBase::convertUnits);
 	// a failed conversion raises the message of the part that failed
-	const auto convert = [FUNC_ID](const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result,
+	const auto convert = [FUNC_ID](ZEB::UnitVector source, const ZEB::Unit & target, ZEB::UnitVector & result,
 								   const char * message)
 	{
 		try {
-			convertedCopy(source, target, result);
+			convertedCopy(std::move(source), target, result);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, message, FUNC_ID);
@@ -75,7 +77,9 @@ void Extractor3DOutputBase::convertUnits() {
 				"Error converting x-unit: no valid unit conversion found between source and target units.\n");
 		convert(m_y, targetYUnit(), m_yOutput,
 				"Error converting y-unit: no valid unit conversion found between source and target units.\n");
-		convert(m_values, targetValueUnit(), m_valuesOutput,
+		// the values are taken over, not copied: a grid over a long time span holds millions;
+		// the next update extracts them anew
+		convert(std::move(m_values), targetValueUnit(), m_valuesOutput,
 				"Error converting value unit: no valid unit conversion found between source and target units.\n");
 	}
 	catch (ZEB::Exception &) {

@@ -28,7 +28,8 @@ public:
 	/*! Axis 0: x, 1: y, 2: values, units as the container gives them. */
 	ZEB::Unit axisUnitFromDataIO(unsigned int axis) const override;
 	void clearOutput() override;
-	/*! Copies the extracted data and converts x, y and values to the target units. */
+	/*! Copies the extracted coordinates, takes over the extracted values (m_values is empty
+		afterwards) and converts x, y and values to the target units. */
 	void convertUnits() override;
 	/*! The common checks, then "Target y-coordinate unit not set.". */
 	bool canUpdate() override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <DATAIO_DataIO.h>
 #include <DATAIO_GeoFile.h>
@@ -296,8 +297,8 @@ void ExtractorBase::extractIntoClearedOutput(const std::function<void()> & extra
 }
 
 
-void ExtractorBase::convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result) {
-	result = source;
+void ExtractorBase::convertedCopy(ZEB::UnitVector source, const ZEB::Unit & target, ZEB::UnitVector & result) {
+	result = std::move(source);
 	if (result.empty() || result.m_unit == target)
 		result.m_unit = target;
 	else

@@ -233,11 +233,12 @@ protected:
 		accessing data from DataIO." with the given function id.
 	*/
 	void extractIntoClearedOutput(const std::function<void()> & extract, const char * functionId);
-	/*! Copies extracted data into result and converts the copy to the target unit; an empty
-		vector only takes the unit, and data already in the target unit are copied unchanged, bit
-		for bit. Throws ZEB::Exception when the units do not convert.
+	/*! Puts extracted data into result and converts it to the target unit; an empty vector only
+		takes the unit, and data already in the target unit stay unchanged, bit for bit. A source
+		handed over with std::move() is taken over instead of copied. Throws ZEB::Exception when
+		the units do not convert.
 	*/
-	static void convertedCopy(const ZEB::UnitVector & source, const ZEB::Unit & target, ZEB::UnitVector & result);
+	static void convertedCopy(ZEB::UnitVector source, const ZEB::Unit & target, ZEB::UnitVector & result);
 
 	/*! The manipulators, applied in list order. */
 	std::vector<std::unique_ptr<ManipulatorBase> >	m_manipulators;

@@ -304,6 +304,8 @@ void Mapper::addExtractor(const std::vector<DataSet> & dataSets, const std::stri
 		throw ZEB::Exception("Invalid extractor definition in mapper. Cannot add 2D extractor to 3D mapper.", FUNC_ID);
 	if (dataSets.empty())
 		throw ZEB::Exception("No data set selected.", FUNC_ID);
+	// a bar chart checks the new series against the periods of the others
+	extractPendingData();
 
 	// 1. the data format must be that of the data sets in the chart
 	const DATAIO::DataIO::DataFormat mapperFormat = m_2DExtractors.front().m_dataFormat;
@@ -418,6 +420,7 @@ DataSetSetup Mapper::dataSetSetup(unsigned int index) const {
 
 
 void Mapper::setDataSetSetup(unsigned int index, const DataSetSetup & setup) {
+	extractPendingData();
 	applyDataSetSetup(prepareDataSetSetup(index, setup));
 }
 
@@ -681,7 +684,9 @@ bool Mapper::onLeftAxis(unsigned int index) const {
 }
 
 
-void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap) {
+void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap,
+					 Extraction extraction)
+{
 	FUNCID(Mapper::readXML);
 	bool chartModelRead = false;
 	// the chart type tells whether the one extractor of a model makes a chart of the model's plane,
@@ -769,7 +774,19 @@ void Mapper::readXML(const TiXmlElement * element, const QString & projectDir, c
 		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
 			m_2DExtractors[i].m_title = barModel.barSymbolInfo(static_cast<int>(i)).m_titleText;
 	}
-	applyAxisUnits();
+	setTargetUnitsFromAxes();
+	if (extraction == ExtractNow)
+		updateAllEntries();
+	else
+		m_dataPending = true;
+}
+
+
+void Mapper::extractPendingData() {
+	if (!m_dataPending)
+		return;
+	m_dataPending = false;
+	updateAllEntries();
 }
 
 
@@ -1167,6 +1184,7 @@ unsigned int Mapper::extractorCount() const {
 
 SCI::Chart * Mapper::chart() {
 	if (m_chart.isNull() && m_chartModel) {
+		extractPendingData();
 		m_chart = new SCI::Chart;
 		m_chart->setModel(m_chartModel.get());
 	}
@@ -1205,7 +1223,8 @@ void Mapper::refresh(DATAIO::DataIO::RefreshMode mode) {
 		if (refreshEntry(m_2DExtractors[i], mode))
 			changed.push_back(i);
 	const bool fieldChanged = m_3DExtractor.m_extractor && refreshEntry(m_3DExtractor, mode);
-	if (changed.empty() && !fieldChanged)
+	// data still to be extracted is taken from the refreshed files when it is needed
+	if ((changed.empty() && !fieldChanged) || m_dataPending)
 		return;
 	m_chartModel->beginChangeModel();
 	for (unsigned int i : changed)
@@ -1236,15 +1255,30 @@ void Mapper::updateSingleEntry() {
 void Mapper::applyAxisUnits() {
 	if (!m_chartModel)
 		return;
-	m_chartModel->beginChangeModel();
+	setTargetUnitsFromAxes();
+	m_dataPending = false;
+	updateAllEntries();
+}
+
+
+void Mapper::setTargetUnitsFromAxes() {
 	if (isSeriesChart()) {
-		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i) {
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
 			setTargetUnitsFromAxes(m_2DExtractors[i], onLeftAxis(i));
-			update2DExtractor(i);
-		}
 	}
 	else if (m_3DExtractor.m_extractor) {
 		setTargetUnitsFromAxes(m_3DExtractor, true);
+	}
+}
+
+
+void Mapper::updateAllEntries() {
+	m_chartModel->beginChangeModel();
+	if (isSeriesChart()) {
+		for (unsigned int i = 0; i < m_2DExtractors.size(); ++i)
+			update2DExtractor(i);
+	}
+	else if (m_3DExtractor.m_extractor) {
 		updateSingleEntry();
 	}
 	m_chartModel->endChangeModel();

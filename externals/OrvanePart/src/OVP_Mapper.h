@@ -194,10 +194,29 @@ public:
 	*/
 	std::vector<ZEB::Unit> axisUnitChoices(int axisPosition) const;
 
+	/*! When the extractors of a mapper read from a Mapper element take their data from the files. */
+	enum Extraction {
+		ExtractNow,			///< at once, while the element is read
+		ExtractWhenNeeded	///< when the chart's data is first needed (extractPendingData())
+	};
+
 	/*! Reads the content of a Mapper element: extractors and chart model. Data file paths are
-		resolved against projectDir and then re-pointed by remap. Throws ZEB::Exception.
+		resolved against projectDir and then re-pointed by remap. The files are opened and the
+		target units set while reading; with ExtractWhenNeeded the extraction itself waits for
+		extractPendingData(), so that a session opens without extracting the data of charts no
+		one looks at. Throws ZEB::Exception.
 	*/
-	void readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap = DataPathRemap());
+	void readXML(const TiXmlElement * element, const QString & projectDir, const DataPathRemap & remap = DataPathRemap(),
+				 Extraction extraction = ExtractNow);
+	/*! True while the data of a mapper read with ExtractWhenNeeded has not been extracted yet. */
+	bool dataPending() const { return m_dataPending; }
+	/*! Extracts the data of a mapper read with ExtractWhenNeeded, once: every extractor is
+		updated (failures reported as by any update) and the chart model announces the changed
+		series. Called by everything that shows or reads the chart's data: the plot (chart(),
+		also for the data table and exports), the property pages, a change of the data sets,
+		and the series models before they hand out values.
+	*/
+	void extractPendingData();
 	/*! Writes the extractors and the chart model into the Mapper element; data file paths are
 		written relative to projectDir where possible; writeAll makes the chart model write all
 		properties, also those at their defaults.
@@ -277,8 +296,9 @@ public:
 	/*! Re-reads what changed in the files of the extractors and updates every extractor whose
 		data changed or that still waits for data; the chart model announces each changed
 		series. A file that cannot be refreshed is reported and its extractor keeps its data.
-		The mode is handed on to the data manager (DataManager::refresh()). Does nothing while
-		the data manager is reading a file.
+		The mode is handed on to the data manager (DataManager::refresh()). While the data is
+		pending (readXML()), only the files are refreshed. Does nothing while the data manager
+		is reading a file.
 	*/
 	void refresh(DATAIO::DataIO::RefreshMode mode = DATAIO::DataIO::RM_FOLLOW);
 	/*! Updates one 2D extractor now (after a change of cut, manipulator or model parameter) and
@@ -363,6 +383,10 @@ private:
 		chart's series as changed.
 	*/
 	void updateSingleEntry();
+	/*! Takes the axis units of the chart model as target units of all extractors. */
+	void setTargetUnitsFromAxes();
+	/*! Updates all extractors; the chart model announces the changed series. */
+	void updateAllEntries();
 	/*! Sets the axis units and default titles of a new chart from its first extractor. */
 	void setupNewChart();
 	/*! Sets the target units of an entry from the chart axes (2D series: the axis of the series). */
@@ -380,6 +404,8 @@ private:
 	/*! Entry of the one extractor of the other charts (colour grid, vector field, isopleth, WTA). */
 	ExtractorEntry						m_3DExtractor;
 	std::unique_ptr<SCI::AbstractCartesianChartModel>	m_chartModel;
+	/*! The extractors wait for extractPendingData() (read with ExtractWhenNeeded). */
+	bool								m_dataPending = false;
 	/*! The plot; guarded, because a view that re-parented it may have deleted it. */
 	QPointer<SCI::Chart>				m_chart;
 };

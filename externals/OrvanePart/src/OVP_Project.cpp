@@ -99,7 +99,7 @@ void Project::readMappers(const TiXmlElement * element, const QString & projectD
 		try {
 			const char * name = e->Attribute("name");
 			mapper->setName(name == nullptr ? QString() : QString::fromUtf8(name));
-			mapper->readXML(e, projectDir, remap);
+			mapper->readXML(e, projectDir, remap, Mapper::ExtractWhenNeeded);
 		}
 		catch (ZEB::Exception & ex) {
 			throw ZEB::Exception(ex, ZEB::MessageFormat("Error reading Mapper definition #%1.").arg(mapperNumber), FUNC_ID);

@@ -33,7 +33,8 @@ public:
 	Project & operator=(const Project &) = delete;
 
 	/*! Reads a project file into this (empty) project. Mappers re-create their extractors
-		from the data files, opened through dataManager. The data file paths, and the top-level
+		from the data files, opened through dataManager; each chart's data is extracted when it
+		is first needed (Mapper::ExtractWhenNeeded). The data file paths, and the top-level
 		directories as repointDirectories() says, are re-pointed by remap. Every failure is
 		thrown as ZEB::Exception "Error reading session file %1" with the cause chained.
 	*/

@@ -24,6 +24,8 @@ PropertyPageList::PropertyPageList(Mapper & mapper, QObject * parent) :
 	m_mapper(mapper)
 {
 	Q_ASSERT(mapper.chartModel() != nullptr);
+	// the pages show and change what the chart shows
+	mapper.extractPendingData();
 	rebuild();
 	SCI::AbstractCartesianChartModel * model = mapper.chartModel();
 	for (auto signal : { &SCI::AbstractChartModel::seriesInserted, &SCI::AbstractChartModel::seriesRemoved })

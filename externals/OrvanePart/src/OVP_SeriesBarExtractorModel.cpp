@@ -284,6 +284,8 @@ bool SeriesBarExtractorModel::hasCalendar() const {
 
 void SeriesBarExtractorModel::updateBars() const {
 	FUNCID(SeriesBarExtractorModel::updateBars);
+	// the extraction announces the changed series, which computes the bars
+	m_mapper->extractPendingData();
 	if (m_barsValid)
 		return;
 	m_barsValid = true;

@@ -107,7 +107,9 @@ private:
 	const Mapper::ExtractorEntry * entry(int seriesIndex) const;
 	/*! True when the series have a calendar (a start year). */
 	bool hasCalendar() const;
-	/*! Computes the bars of all series unless they are up to date. */
+	/*! Computes the bars of all series unless they are up to date; extracts the mapper's data
+		first when it is still pending.
+	*/
 	void updateBars() const;
 
 	Mapper *						m_mapper;

@@ -136,6 +136,7 @@ void SeriesClimatePlaneModel::clearCachedData() {
 
 
 const EM::ModelTwo2DBase * SeriesClimatePlaneModel::model() const {
+	m_mapper->extractPendingData();
 	const EM::Extractor2DFromTwo2D * extractor =
 			dynamic_cast<const EM::Extractor2DFromTwo2D *>(m_mapper->extractor3D().m_extractor.get());
 	return extractor == nullptr ? nullptr : &extractor->model();
@@ -206,12 +207,13 @@ void SeriesClimatePlaneModel::initStyle(int seriesIndex, const QString & title, 
 
 void SeriesClimatePlaneModel::ensurePoints() const {
 	FUNCID(SeriesClimatePlaneModel::ensurePoints);
+	// first, for data still pending: its extraction announces changed series, which invalidates the points
+	const EM::ModelTwo2DBase * m = model();
 	if (m_pointsValid)
 		return;
 	m_pointsValid = true;
 	m_x.clear();
 	m_y.clear();
-	const EM::ModelTwo2DBase * m = model();
 	if (m == nullptr)
 		return;
 	const ZEB::Unit xTarget = xUnit(0);

@@ -87,7 +87,9 @@ protected:
 	*/
 	virtual QString legendTitle(int seriesIndex, const QString & title) const = 0;
 
-	/*! The model of the mapper's extractor; null while it has none. */
+	/*! The model of the mapper's extractor, its results computed first when the mapper's data
+		is still pending; null while it has none.
+	*/
 	const EM::ModelTwo2DBase * model() const;
 	/*! The mapper that owns the model. */
 	const Mapper & mapper() const { return *m_mapper; }

@@ -103,6 +103,7 @@ const Output * SeriesGridExtractorModel<ChartModel, Output>::output(int seriesIn
 	Q_ASSERT(seriesIndex >= 0 && seriesIndex < static_cast<int>(seriesCount()));
 	if (seriesIndex != 0 || !m_mapper->extractor3D().m_extractor)
 		return nullptr;
+	m_mapper->extractPendingData();
 	return static_cast<const Output *>(m_mapper->extractor3D().m_extractor.get());
 }
 

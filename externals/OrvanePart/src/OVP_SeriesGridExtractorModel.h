@@ -45,7 +45,9 @@ protected:
 	/*! The model of the mapper that owns it. */
 	explicit SeriesGridExtractorModel(Mapper * mapper);
 
-	/*! The output of series 0; null for a bad index or without extractor. */
+	/*! The output of series 0, extracted first when the mapper's data is still pending; null
+		for a bad index or without extractor.
+	*/
 	const Output * output(int seriesIndex) const;
 
 	Mapper *	m_mapper;

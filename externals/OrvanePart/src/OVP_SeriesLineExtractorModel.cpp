@@ -27,35 +27,32 @@ unsigned int SeriesLineExtractorModel::seriesCount() const {
 
 
 unsigned int SeriesLineExtractorModel::size(int seriesIndex) const {
-	const Mapper::ExtractorEntry * e = entry(seriesIndex);
-	if (e == nullptr)
-		return 0;
-	const EM::Extractor2DOutputBase & output = e->output2D();
-	return static_cast<unsigned int>(std::min(output.x().size(), output.y().size()));
+	const EM::Extractor2DOutputBase * o = output(seriesIndex);
+	return o == nullptr ? 0 : static_cast<unsigned int>(std::min(o->x().size(), o->y().size()));
 }
 
 
 const double * SeriesLineExtractorModel::xValues(int seriesIndex) const {
-	const Mapper::ExtractorEntry * e = entry(seriesIndex);
-	return e == nullptr ? nullptr : e->output2D().x().m_data.data();
+	const EM::Extractor2DOutputBase * o = output(seriesIndex);
+	return o == nullptr ? nullptr : o->x().m_data.data();
 }
 
 
 const double * SeriesLineExtractorModel::yValues(int seriesIndex) const {
-	const Mapper::ExtractorEntry * e = entry(seriesIndex);
-	return e == nullptr ? nullptr : e->output2D().y().m_data.data();
+	const EM::Extractor2DOutputBase * o = output(seriesIndex);
+	return o == nullptr ? nullptr : o->y().m_data.data();
 }
 
 
 ZEB::Unit SeriesLineExtractorModel::xUnit(int seriesIndex) const {
-	const Mapper::ExtractorEntry * e = entry(seriesIndex);
-	return e == nullptr ? ZEB::Unit() : e->output2D().x().m_unit;
+	const EM::Extractor2DOutputBase * o = output(seriesIndex);
+	return o == nullptr ? ZEB::Unit() : o->x().m_unit;
 }
 
 
 ZEB::Unit SeriesLineExtractorModel::yUnit(int seriesIndex) const {
-	const Mapper::ExtractorEntry * e = entry(seriesIndex);
-	return e == nullptr ? ZEB::Unit() : e->output2D().y().m_unit;
+	const EM::Extractor2DOutputBase * o = output(seriesIndex);
+	return o == nullptr ? ZEB::Unit() : o->y().m_unit;
 }
 
 
@@ -200,6 +197,13 @@ const Mapper::ExtractorEntry * SeriesLineExtractorModel::entry(int seriesIndex) 
 	if (seriesIndex < 0 || static_cast<unsigned int>(seriesIndex) >= m_mapper->extractors2D().size())
 		return nullptr;
 	return &m_mapper->extractors2D()[static_cast<std::size_t>(seriesIndex)];
+}
+
+
+const EM::Extractor2DOutputBase * SeriesLineExtractorModel::output(int seriesIndex) const {
+	m_mapper->extractPendingData();
+	const Mapper::ExtractorEntry * e = entry(seriesIndex);
+	return e == nullptr ? nullptr : &e->output2D();
 }
 
 } // namespace OVP

@@ -74,6 +74,10 @@ private:
 		mapper's list, and gives null for a bad index when assertions are off.
 	*/
 	const Mapper::ExtractorEntry * entry(int seriesIndex) const;
+	/*! The output of a series, extracted first when the mapper's data is still pending; null
+		for a bad index.
+	*/
+	const EM::Extractor2DOutputBase * output(int seriesIndex) const;
 
 	Mapper *	m_mapper;
 };

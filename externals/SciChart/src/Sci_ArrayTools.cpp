@@ -36,4 +36,10 @@ double ArrayTools::maximum(const double * values, unsigned int n) {
 	return m;
 }
 
+
+QwtInterval ArrayTools::range(const double * values, unsigned int n) {
+	const double low = minimum(values, n);
+	return std::isnan(low) ? QwtInterval() : QwtInterval(low, maximum(values, n));
+}
+
 } // namespace SCI

@@ -3,6 +3,8 @@
 
 #include <QVector>
 
+#include <qwt_interval.h>
+
 namespace SCI {
 
 /*! Helpers for the value arrays that series models hand to the plot. */
@@ -14,6 +16,8 @@ public:
 	static double minimum(const double * values, unsigned int n);
 	/*! Largest of n values ignoring NaN; NaN when there is none. */
 	static double maximum(const double * values, unsigned int n);
+	/*! Smallest to largest of n values ignoring NaN; an invalid interval when there is none. */
+	static QwtInterval range(const double * values, unsigned int n);
 };
 
 } // namespace SCI

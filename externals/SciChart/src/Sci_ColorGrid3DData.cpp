@@ -13,29 +13,36 @@ namespace SCI {
 
 ColorGrid3DData::ColorGrid3DData(unsigned int xGridSize, unsigned int yGridSize, const std::vector<double> & values,
 								 const std::vector<double> & xCoordinates, const std::vector<double> & yCoordinates) :
+	ColorGrid3DData(xGridSize, yGridSize, std::make_shared<const std::vector<double> >(values), xCoordinates, yCoordinates)
+{
+}
+
+
+ColorGrid3DData::ColorGrid3DData(unsigned int xGridSize, unsigned int yGridSize,
+								 std::shared_ptr<const std::vector<double> > values,
+								 const std::vector<double> & xCoordinates, const std::vector<double> & yCoordinates) :
 	m_xGridSize(xGridSize),
 	m_yGridSize(yGridSize),
-	m_values(values)
+	m_values(std::move(values))
 {
 	FUNCID(ColorGrid3DData::ColorGrid3DData);
 	Q_ASSERT(m_xGridSize>0);
 	Q_ASSERT(m_yGridSize>0);
 	if (m_xGridSize == 0 || m_yGridSize == 0)
 		throw ZEB::Exception("Grid without cells.", FUNC_ID);
-	if (m_values.size() != static_cast<std::size_t>(m_xGridSize)*m_yGridSize)
+	if (m_values->size() != static_cast<std::size_t>(m_xGridSize)*m_yGridSize)
 		throw ZEB::Exception(ZEB::MessageFormat("Grid of %1 x %2 cells needs %3 values, got %4.")
 							 .arg(m_xGridSize).arg(m_yGridSize)
 							 .arg(static_cast<unsigned long long>(m_xGridSize)*m_yGridSize)
-							 .arg(static_cast<unsigned long long>(m_values.size())), FUNC_ID);
+							 .arg(static_cast<unsigned long long>(m_values->size())), FUNC_ID);
 	m_xEdges = cellEdges(xCoordinates, m_xGridSize, 'x');
 	m_yEdges = cellEdges(yCoordinates, m_yGridSize, 'y');
 
 	setInterval(Qt::XAxis, QwtInterval(m_xEdges.front(), m_xEdges.back()));
 	setInterval(Qt::YAxis, QwtInterval(m_yEdges.front(), m_yEdges.back()));
-	const double zMin = ArrayTools::minimum(m_values.data(), static_cast<unsigned int>(m_values.size()));
-	const double zMax = ArrayTools::maximum(m_values.data(), static_cast<unsigned int>(m_values.size()));
-	if (!std::isnan(zMin))
-		setInterval(Qt::ZAxis, QwtInterval(zMin, zMax));
+	const QwtInterval z = ArrayTools::range(m_values->data(), static_cast<unsigned int>(m_values->size()));
+	if (z.isValid())
+		setInterval(Qt::ZAxis, z);
 }
 
 
@@ -44,7 +51,7 @@ double ColorGrid3DData::value(double x, double y) const {
 	const int j = cellIndex(m_yEdges, y);
 	if (i < 0 || j < 0)
 		return std::numeric_limits<double>::quiet_NaN();
-	return m_values[static_cast<std::size_t>(j)*m_xGridSize + static_cast<std::size_t>(i)];
+	return (*m_values)[static_cast<std::size_t>(j)*m_xGridSize + static_cast<std::size_t>(i)];
 }
 
 

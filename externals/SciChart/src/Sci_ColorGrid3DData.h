@@ -1,6 +1,7 @@
 #ifndef Sci_ColorGrid3DDataH
 #define Sci_ColorGrid3DDataH
 
+#include <memory>
 #include <vector>
 
 #include <qwt_raster_data.h>
@@ -8,8 +9,8 @@
 namespace SCI {
 
 /*! Raster data of a colour grid for the spectrogram of the plot: values on a rectilinear grid
-	of cells, looked up by plot coordinates. The data are copied on construction and never
-	change afterwards, so value() may be called from the tile tasks that render the image in
+	of cells, looked up by plot coordinates. The data are copied (or shared) on construction and
+	never change afterwards, so value() may be called from the tile tasks that render the image in
 	parallel.
 */
 class ColorGrid3DData : public QwtRasterData {
@@ -26,6 +27,9 @@ public:
 	*/
 	ColorGrid3DData(unsigned int xGridSize, unsigned int yGridSize, const std::vector<double> & values,
 					const std::vector<double> & xCoordinates, const std::vector<double> & yCoordinates);
+	/*! The same, holding values that others (the interpolated data) may share without a copy. */
+	ColorGrid3DData(unsigned int xGridSize, unsigned int yGridSize, std::shared_ptr<const std::vector<double> > values,
+					const std::vector<double> & xCoordinates, const std::vector<double> & yCoordinates);
 
 	/*! Value of the cell that holds the point (x, y), NaN outside the grid. */
 	double value(double x, double y) const override;
@@ -37,7 +41,9 @@ public:
 	/*! The cell edges in y direction, yGridSize() + 1 entries. */
 	const std::vector<double> & yEdges() const { return m_yEdges; }
 	/*! The cell values, xGridSize()*yGridSize() entries, x index fastest. */
-	const std::vector<double> & values() const { return m_values; }
+	const std::vector<double> & values() const { return *m_values; }
+	/*! The cell values as held, to be shared. */
+	const std::shared_ptr<const std::vector<double> > & sharedValues() const { return m_values; }
 
 private:
 	/*! Cell edges from coordinates that are either edges or centres of n cells; throws. */
@@ -47,7 +53,7 @@ private:
 
 	unsigned int			m_xGridSize;
 	unsigned int			m_yGridSize;
-	std::vector<double>		m_values;
+	std::shared_ptr<const std::vector<double> >	m_values;
 	std::vector<double>		m_xEdges;
 	std::vector<double>		m_yEdges;
 };

@@ -11,21 +11,29 @@ namespace SCI {
 ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 											   const std::vector<double> & values,
 											   const std::vector<double> & xEdges, const std::vector<double> & yEdges) :
+	ColorGridInterpolation(xCentres, yCentres, std::make_shared<const std::vector<double> >(values),
+						   ArrayTools::range(values.data(), static_cast<unsigned int>(values.size())), xEdges, yEdges)
+{
+}
+
+
+ColorGridInterpolation::ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
+											   std::shared_ptr<const std::vector<double> > values,
+											   const QwtInterval & valueRange,
+											   const std::vector<double> & xEdges, const std::vector<double> & yEdges) :
 	m_xCentres(xCentres),
 	m_yCentres(yCentres),
-	m_values(values),
+	m_values(std::move(values)),
 	m_xMin(xEdges.front()),
 	m_xMax(xEdges.back()),
 	m_yMin(yEdges.front()),
 	m_yMax(yEdges.back())
 {
-	Q_ASSERT(m_values.size() == m_xCentres.size()*m_yCentres.size());
+	Q_ASSERT(m_values->size() == m_xCentres.size()*m_yCentres.size());
 	setInterval(Qt::XAxis, QwtInterval(m_xMin, m_xMax));
 	setInterval(Qt::YAxis, QwtInterval(m_yMin, m_yMax));
-	const double zMin = ArrayTools::minimum(m_values.data(), static_cast<unsigned int>(m_values.size()));
-	const double zMax = ArrayTools::maximum(m_values.data(), static_cast<unsigned int>(m_values.size()));
-	if (!std::isnan(zMin))
-		setInterval(Qt::ZAxis, QwtInterval(zMin, zMax));
+	if (valueRange.isValid())
+		setInterval(Qt::ZAxis, valueRange);
 }
 
 
@@ -37,14 +45,15 @@ double ColorGridInterpolation::value(double x, double y) const {
 	locate(m_xCentres, x, i0, i1, wx);
 	locate(m_yCentres, y, j0, j1, wy);
 	const std::size_t nx = m_xCentres.size();
-	const double v00 = m_values[j0*nx + i0];
-	const double v10 = m_values[j0*nx + i1];
-	const double v01 = m_values[j1*nx + i0];
-	const double v11 = m_values[j1*nx + i1];
+	const std::vector<double> & values = *m_values;
+	const double v00 = values[j0*nx + i0];
+	const double v10 = values[j0*nx + i1];
+	const double v01 = values[j1*nx + i0];
+	const double v11 = values[j1*nx + i1];
 	if (std::isnan(v00) || std::isnan(v10) || std::isnan(v01) || std::isnan(v11)) {
 		const int i = wx < 0.5 ? i0 : i1;
 		const int j = wy < 0.5 ? j0 : j1;
-		return m_values[j*nx + i];
+		return values[j*nx + i];
 	}
 	return (1 - wy)*((1 - wx)*v00 + wx*v10) + wy*((1 - wx)*v01 + wx*v11);
 }

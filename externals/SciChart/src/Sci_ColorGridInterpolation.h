@@ -1,6 +1,7 @@
 #ifndef Sci_ColorGridInterpolationH
 #define Sci_ColorGridInterpolationH
 
+#include <memory>
 #include <vector>
 
 #include <qwt_raster_data.h>
@@ -22,6 +23,12 @@ public:
 	ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
 						   const std::vector<double> & values,
 						   const std::vector<double> & xEdges, const std::vector<double> & yEdges);
+	/*! The same over values shared with the cell data (ColorGrid3DData::sharedValues()), whose
+		value range (invalid when all values are NaN) is given.
+	*/
+	ColorGridInterpolation(const std::vector<double> & xCentres, const std::vector<double> & yCentres,
+						   std::shared_ptr<const std::vector<double> > values, const QwtInterval & valueRange,
+						   const std::vector<double> & xEdges, const std::vector<double> & yEdges);
 
 	/*! Interpolated value at (x, y), NaN outside the grid. */
 	double value(double x, double y) const override;
@@ -32,7 +39,7 @@ private:
 
 	std::vector<double>	m_xCentres;
 	std::vector<double>	m_yCentres;
-	std::vector<double>	m_values;
+	std::shared_ptr<const std::vector<double> >	m_values;
 	double				m_xMin, m_xMax, m_yMin, m_yMax;
 };
 

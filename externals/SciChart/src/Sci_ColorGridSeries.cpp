@@ -1,6 +1,7 @@
 #include "Sci_ColorGridSeries.h"
 
 #include <cmath>
+#include <memory>
 #include <vector>
 
 #include <QPointF>
@@ -20,10 +21,10 @@ namespace SCI {
 namespace {
 
 /*! Cell centres from coordinates that are centres (n entries) or edges (n + 1 entries). */
-std::vector<double> cellCentres(const QVector<double> & grid, int n) {
-	std::vector<double> c(static_cast<std::size_t>(n));
-	for (int i = 0; i < n; ++i)
-		c[static_cast<std::size_t>(i)] = grid.size() == n ? grid[i] : 0.5*(grid[i] + grid[i+1]);
+std::vector<double> cellCentres(const std::vector<double> & grid, std::size_t n) {
+	std::vector<double> c(n);
+	for (std::size_t i = 0; i < n; ++i)
+		c[i] = grid.size() == n ? grid[i] : 0.5*(grid[i] + grid[i+1]);
 	return c;
 }
 
@@ -56,43 +57,44 @@ void ColorGridSeries::updateData(int seriesIndex) {
 	{
 		throw ZEB::Exception("Colour grid model returned no grid or value array.", FUNC_ID);
 	}
-	setData(QVector<double>(xGrid, xGrid + xGridSize), QVector<double>(yGrid, yGrid + yGridSize),
-			QVector<double>(values, values + nx*ny), nx, ny);
+	// the one copy of the values the series keeps, shared by the cell and the interpolated data
+	setData(std::vector<double>(xGrid, xGrid + xGridSize), std::vector<double>(yGrid, yGrid + yGridSize),
+			std::vector<double>(values, values + static_cast<std::ptrdiff_t>(nx)*ny), nx, ny);
 	// an automatic value range follows the data
 	updateProperty(seriesIndex, AbstractColorGridSeriesModel::ColorGridValueRange);
 }
 
 
-void ColorGridSeries::setData(const QVector<double> & xGrid, const QVector<double> & yGrid,
-							  const QVector<double> & values, int xValueCount, int yValueCount)
+void ColorGridSeries::setData(const std::vector<double> & xGrid, const std::vector<double> & yGrid,
+							  std::vector<double> values, int xValueCount, int yValueCount)
 {
 	FUNCID(ColorGridSeries::setData);
 	if (xValueCount <= 0 || yValueCount <= 0)
 		throw ZEB::Exception(ZEB::MessageFormat("Colour grid needs at least one cell in each direction, got %1 x %2.")
 							 .arg(xValueCount).arg(yValueCount), FUNC_ID);
-	if (xGrid.size() != xValueCount && xGrid.size() != xValueCount + 1)
+	const std::size_t nx = static_cast<std::size_t>(xValueCount);
+	const std::size_t ny = static_cast<std::size_t>(yValueCount);
+	if (xGrid.size() != nx && xGrid.size() != nx + 1)
 		throw ZEB::Exception("Invalid x-grid and x-value sizes.", FUNC_ID);
-	if (yGrid.size() != yValueCount && yGrid.size() != yValueCount + 1)
+	if (yGrid.size() != ny && yGrid.size() != ny + 1)
 		throw ZEB::Exception("Invalid y-grid and y-value sizes.", FUNC_ID);
-	if (values.size() != xValueCount*yValueCount)
+	if (values.size() != nx*ny)
 		throw ZEB::Exception(ZEB::MessageFormat("Colour grid of %1 x %2 cells needs %3 values, got %4.")
-							 .arg(xValueCount).arg(yValueCount).arg(xValueCount*yValueCount).arg(values.size()), FUNC_ID);
+							 .arg(xValueCount).arg(yValueCount).arg(xValueCount*yValueCount)
+							 .arg(static_cast<int>(values.size())), FUNC_ID);
 
-	const std::vector<double> xs(xGrid.begin(), xGrid.end());
-	const std::vector<double> ys(yGrid.begin(), yGrid.end());
-	const std::vector<double> vs(values.begin(), values.end());
-	ColorGrid3DData * cells = nullptr;
+	std::unique_ptr<ColorGrid3DData> cells;
 	try {
-		cells = new ColorGrid3DData(static_cast<unsigned int>(xValueCount), static_cast<unsigned int>(yValueCount),
-									vs, xs, ys);
+		cells.reset(new ColorGrid3DData(static_cast<unsigned int>(xValueCount), static_cast<unsigned int>(yValueCount),
+										std::make_shared<const std::vector<double> >(std::move(values)), xGrid, yGrid));
 	}
 	catch (ZEB::Exception & ex) {
 		throw ZEB::Exception(ex, "Invalid colour grid coordinates.", FUNC_ID);
 	}
-	ColorGridInterpolation * interpolation = new ColorGridInterpolation(cellCentres(xGrid, xValueCount),
-																		cellCentres(yGrid, yValueCount), vs,
+	ColorGridInterpolation * interpolation = new ColorGridInterpolation(cellCentres(xGrid, nx), cellCentres(yGrid, ny),
+																		cells->sharedValues(), cells->interval(Qt::ZAxis),
 																		cells->xEdges(), cells->yEdges());
-	spectrogram()->setData(cells);
+	spectrogram()->setData(cells.release());
 	spectrogram()->setInterpolatedData(interpolation);
 }
 

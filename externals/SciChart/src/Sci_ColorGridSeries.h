@@ -1,7 +1,7 @@
 #ifndef Sci_ColorGridSeriesH
 #define Sci_ColorGridSeriesH
 
-#include <QVector>
+#include <vector>
 
 #include <qwt_interval.h>
 
@@ -45,7 +45,7 @@ public:
 		xValueCount*yValueCount values, x index fastest. Throws ZEB::Exception, leaving the
 		previous data in place, when sizes do not fit or coordinates do not ascend.
 	*/
-	void setData(const QVector<double> & xGrid, const QVector<double> & yGrid, const QVector<double> & values,
+	void setData(const std::vector<double> & xGrid, const std::vector<double> & yGrid, std::vector<double> values,
 				 int xValueCount, int yValueCount);
 
 	/*! The value range drawn, from the model (may be invalid). */

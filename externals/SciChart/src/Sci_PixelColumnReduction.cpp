@@ -130,15 +130,15 @@ QPolygonF pixelColumnPolyline(const double * x, const double * y, int from, int 
 }
 
 
-PolylinePieces columnSpanPieces(const QPolygonF & polyline) {
-	PolylinePieces pieces;
+ColumnSpans columnSpans(const QPolygonF & polyline) {
+	ColumnSpans result;
 	const int n = polyline.size();
 	if (n == 0)
-		return pieces;
-	pieces.m_points.reserve(n + 2);
+		return result;
+	result.m_points.reserve(n);
 	// the current piece ends with point i at the top of the loop
-	pieces.m_starts.append(0);
-	pieces.m_points.append(polyline[0]);
+	result.m_starts.append(0);
+	result.m_points.append(polyline[0]);
 	int i = 0;
 	while (i < n) {
 		// the run of points i..j-1 of one x coordinate
@@ -150,31 +150,30 @@ PolylinePieces columnSpanPieces(const QPolygonF & polyline) {
 			high = std::max(high, polyline[j].y());
 		}
 		if (j - i >= 3) {
-			// the current piece ends at the run's first point, which the vertical line covers
-			// when the piece holds nothing else
-			if (pieces.m_points.size() - pieces.m_starts.last() < 2)
-				pieces.m_points.removeLast();
-			else
-				pieces.m_starts.append(pieces.m_points.size());
-			pieces.m_points.append(QPointF(x, low));
-			pieces.m_points.append(QPointF(x, high));
-			pieces.m_starts.append(pieces.m_points.size());
-			pieces.m_points.append(polyline[j - 1]);
+			// the current piece ends at the run's first point; a piece of that point alone is
+			// covered by the span
+			if (result.m_points.size() - result.m_starts.last() < 2) {
+				result.m_points.removeLast();
+				result.m_starts.removeLast();
+			}
+			result.m_spans.append(QLineF(x, low, x, high));
+			result.m_starts.append(result.m_points.size());
+			result.m_points.append(polyline[j - 1]);
 		}
 		else {
 			for (int k = i + 1; k < j; ++k)
-				pieces.m_points.append(polyline[k]);
+				result.m_points.append(polyline[k]);
 		}
 		if (j < n)
-			pieces.m_points.append(polyline[j]);
+			result.m_points.append(polyline[j]);
 		i = j;
 	}
-	// a last piece of one point is covered by the vertical line before it
-	if (n > 1 && pieces.m_points.size() - pieces.m_starts.last() < 2) {
-		pieces.m_points.removeLast();
-		pieces.m_starts.removeLast();
+	// a last piece of one point is covered by the span before it
+	if (!result.m_spans.isEmpty() && result.m_points.size() - result.m_starts.last() < 2) {
+		result.m_points.removeLast();
+		result.m_starts.removeLast();
 	}
-	return pieces;
+	return result;
 }
 
 } // namespace SCI

@@ -2,6 +2,7 @@
 #define Sci_PixelColumnReductionH
 
 #include <QPolygonF>
+#include <QLineF>
 #include <QVector>
 
 class QwtScaleMap;
@@ -29,21 +30,22 @@ struct PixelRaster {
 QPolygonF pixelColumnPolyline(const double * x, const double * y, int from, int to,
 							  const QwtScaleMap & xMap, const QwtScaleMap & yMap, const PixelRaster & raster);
 
-/*! A polyline cut into pieces that cover the same points: piece k holds the points
-	m_points[m_starts[k]] up to the next piece's start.
+/*! A polyline split into the vertical spans of the columns it runs up and down in and the pieces
+	between them: piece k holds the points m_points[m_starts[k]] up to the next piece's start.
 */
-struct PolylinePieces {
+struct ColumnSpans {
 	QPolygonF		m_points;
 	QVector<int>	m_starts;
+	QVector<QLineF>	m_spans;	///< each from the lowest to the highest point of its run
 };
 
-/*! The polyline in pieces that cover the same points, where each run of three or more consecutive
-	points of one x coordinate becomes a piece of its own, one vertical line from the run's lowest
-	to its highest point: a thinned noisy curve goes up and down its columns, and drawn so each
-	part of a column is painted once instead of two or three times. Runs of fewer points stay in
-	the pieces around them, so a curve of one point per column stays one piece.
+/*! The polyline as spans and pieces that cover the same points: each run of three or more
+	consecutive points of one x coordinate, where a thinned noisy curve goes up and down its pixel
+	column, becomes one vertical span from the run's lowest to its highest point, so that each part
+	of a column is painted once instead of two or three times; the pieces keep the rest. A curve of
+	at most two points per column stays one piece.
 */
-PolylinePieces columnSpanPieces(const QPolygonF & polyline);
+ColumnSpans columnSpans(const QPolygonF & polyline);
 
 } // namespace SCI
 

@@ -142,17 +142,41 @@ bool PlotCurve::drawColumnLines(QPainter * painter, const QwtScaleMap & xMap, co
 		const qreal pw = qMax(qreal(1), painter->pen().widthF());
 		polyline = QwtClipper::clipPolygonF(canvasRect.adjusted(-pw, -pw, pw, pw), polyline, false);
 	}
-	// a pen of at most one pixel has no joins to keep, so a dense column is drawn as one line
+	// a pen of at most one pixel has no joins to keep, so a dense column is drawn as one span
 	if (!thinned && raster.m_round && painter->pen().widthF()*raster.m_scale <= 1) {
-		const PolylinePieces pieces = columnSpanPieces(polyline);
-		for (int k = 0; k < pieces.m_starts.size(); ++k) {
-			const int end = k + 1 < pieces.m_starts.size() ? pieces.m_starts[k + 1] : pieces.m_points.size();
-			painter->drawPolyline(pieces.m_points.constData() + pieces.m_starts[k], end - pieces.m_starts[k]);
+		const ColumnSpans spans = columnSpans(polyline);
+		for (int k = 0; k < spans.m_starts.size(); ++k) {
+			const int end = k + 1 < spans.m_starts.size() ? spans.m_starts[k + 1] : spans.m_points.size();
+			painter->drawPolyline(spans.m_points.constData() + spans.m_starts[k], end - spans.m_starts[k]);
 		}
+		drawColumnSpans(painter, spans.m_spans, raster.m_scale);
 	}
 	else
 		QwtPainter::drawPolyline(painter, polyline);
 	return true;
+}
+
+
+void PlotCurve::drawColumnSpans(QPainter * painter, const QVector<QLineF> & spans, double scale) const {
+	const QPen pen = painter->pen();
+	if (spans.isEmpty() || pen.style() != Qt::SolidLine || pen.color().alpha() != 255
+		|| !painter->testRenderHint(QPainter::Antialiasing) || !(scale > 0))
+	{
+		painter->drawLines(spans);
+		return;
+	}
+	// the every-point line runs up and down such a column many times, and its antialiased
+	// coverage of the two device pixels beside x adds up to the opaque pen colour
+	const double half = 1/scale;
+	QVector<QRectF> bands;
+	bands.reserve(spans.size());
+	for (const QLineF & s : spans)
+		bands.append(QRectF(s.x1() - half, s.y1(), 2*half, s.y2() - s.y1()));
+	painter->save();
+	painter->setPen(Qt::NoPen);
+	painter->setBrush(pen.color());
+	painter->drawRects(bands);
+	painter->restore();
 }
 
 

@@ -52,6 +52,12 @@ private:
 	bool drawColumnLines(QPainter * painter, const QwtScaleMap & xMap, const QwtScaleMap & yMap,
 						 const QRectF & canvasRect, int from, int to) const;
 
+	/*! Draws the vertical spans of the pixel columns a thinned line runs up and down in (see
+		columnSpans()); with an antialiasing painter and an opaque solid pen as the bands of two
+		device pixels in the pen colour that the line through every point paints there.
+	*/
+	void drawColumnSpans(QPainter * painter, const QVector<QLineF> & spans, double scale) const;
+
 	int	m_iconStyle = IconLine;
 };
 

@@ -60,7 +60,7 @@ MappedFile::~MappedFile() {
 
 
 MappedFile::MappedFile(MappedFile && other) noexcept :
-	m_data(other.m_data), m_size(other.m_size), m_cut(other.isCut())
+	m_data(other.m_data), m_size(other.m_size), m_copied(other.m_copied), m_cut(other.isCut())
 {
 	other.m_data = nullptr;
 	other.m_size = 0;
@@ -72,6 +72,7 @@ MappedFile & MappedFile::operator=(MappedFile && other) noexcept {
 		unmap();
 		m_data = other.m_data;
 		m_size = other.m_size;
+		m_copied = other.m_copied;
 		m_cut = other.isCut();
 		other.m_data = nullptr;
 		other.m_size = 0;
@@ -85,21 +86,61 @@ void MappedFile::map(const std::string & filename, std::uint64_t size) {
 	if (size > std::numeric_limits<std::size_t>::max())
 		throw ZEB::Exception(ZEB::MessageFormat("File '%1' is too large to be mapped into memory.").arg(filename), FUNC_ID);
 	char * data = nullptr;
+	bool copied = false;
+	bool cut = false;
 	if (size > 0) {
 		const int fd = ::open(filename.c_str(), O_RDONLY | O_CLOEXEC);
 		if (fd < 0)
 			throw ZEB::Exception(ZEB::MessageFormat("Cannot open file '%1'").arg(filename), FUNC_ID);
 		void * p = ::mmap(nullptr, static_cast<std::size_t>(size), PROT_READ, MAP_SHARED, fd, 0);
-		const int error = errno;
+		if (p == MAP_FAILED) {
+			// some file systems (shares of virtual machines, kernel interfaces) cannot map files:
+			// theirs are read into memory of this process instead
+			const int mapError = errno;
+			p = copy(fd, size, cut);
+			copied = true;
+			if (p == MAP_FAILED) {
+				const int readError = errno;
+				::close(fd);
+				throw ZEB::Exception(ZEB::MessageFormat("Cannot map file '%1' into memory (%2), nor read it (%3).")
+									 .arg(filename).arg(std::strerror(mapError)).arg(std::strerror(readError)), FUNC_ID);
+			}
+		}
 		::close(fd);
-		if (p == MAP_FAILED)
-			throw ZEB::Exception(ZEB::MessageFormat("Cannot map file '%1' into memory: %2.").arg(filename)
-								 .arg(std::strerror(error)), FUNC_ID);
 		data = static_cast<char*>(p);
 	}
 	unmap();
 	m_data = data;
 	m_size = size;
+	m_copied = copied;
+	m_cut = cut;
+}
+
+
+void * MappedFile::copy(int fd, std::uint64_t size, bool & cut) {
+	void * p = ::mmap(nullptr, static_cast<std::size_t>(size), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+	if (p == MAP_FAILED)
+		return MAP_FAILED;
+	char * bytes = static_cast<char*>(p);
+	std::uint64_t done = 0;
+	while (done < size) {
+		const ssize_t got = ::pread(fd, bytes + done, static_cast<std::size_t>(size - done), static_cast<off_t>(done));
+		if (got < 0 && errno == EINTR)
+			continue;
+		if (got < 0) {
+			const int error = errno;
+			::munmap(p, static_cast<std::size_t>(size));
+			errno = error;
+			return MAP_FAILED;
+		}
+		if (got == 0)
+			break;
+		done += static_cast<std::uint64_t>(got);
+	}
+	// a file shorter than asked for reads as NUL bytes after its end, as a cut mapping does
+	cut = done < size;
+	::mprotect(p, static_cast<std::size_t>(size), PROT_READ);
+	return p;
 }
 
 
@@ -108,11 +149,14 @@ void MappedFile::unmap() {
 		::munmap(m_data, static_cast<std::size_t>(m_size));
 	m_data = nullptr;
 	m_size = 0;
+	m_copied = false;
 	m_cut = false;
 }
 
 
 void MappedFile::release(std::uint64_t begin, std::uint64_t end) const {
+	if (m_copied)
+		return;	// the only copy of these bytes
 	const std::uint64_t page = MappedFileSignals::s_pageSize;
 	begin = (begin + page - 1)/page*page;
 	end = std::min(end, m_size)/page*page;

@@ -28,7 +28,9 @@ public:
 	MappedFile & operator=(MappedFile && other) noexcept;
 
 	/*! Maps the first size bytes of the file, replacing an earlier mapping (a size of 0 maps
-		nothing). Throws ZEB::Exception when the file cannot be opened or mapped.
+		nothing). A file system that cannot map files gets its bytes read into memory instead
+		(a file shorter than size then counts as cut). Throws ZEB::Exception when the file can
+		neither be mapped nor read.
 	*/
 	void map(const std::string & filename, std::uint64_t size);
 	/*! Gives the mapping up. */
@@ -42,7 +44,8 @@ public:
 	bool isCut() const { return m_cut.load(std::memory_order_relaxed); }
 
 	/*! Lets the system drop the pages that lie wholly within [begin, end) from this process;
-		they stay in the file cache and are mapped again when read again.
+		they stay in the file cache and are mapped again when read again. Bytes read into memory
+		are kept.
 	*/
 	void release(std::uint64_t begin, std::uint64_t end) const;
 
@@ -65,11 +68,16 @@ private:
 		there to the end are then replaced by zero pages.
 	*/
 	bool replaceLostPages(const void * address) const;
+	/*! Reads the first size bytes of the open file fd into fresh read-only memory; MAP_FAILED
+		(errno set) when that fails. cut tells whether the file held fewer bytes.
+	*/
+	static void * copy(int fd, std::uint64_t size, bool & cut);
 
 	friend struct MappedFileSignals;
 
 	char *						m_data = nullptr;
 	std::uint64_t				m_size = 0;
+	bool						m_copied = false;	///< read into memory, not mapped
 	mutable std::atomic<bool>	m_cut{false};
 };
 

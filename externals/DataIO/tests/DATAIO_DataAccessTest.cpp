@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <fstream>
 
 #include <DATAIO_DataIO.h>
 #include <DATAIO_DataIOWriter.h>
 #include <DATAIO_GeoFile.h>
+#include <DATAIO_MappedFile.h>
 #include <ZEB_NotificationHandler.h>
 
 #include "DATAIO_TestUtils.h"
@@ -228,4 +230,22 @@ TEST(DataIOData, ReadingReportsProgressUpToTheWholeFile) {
 		EXPECT_TRUE(std::is_sorted(recorder.m_fractions.begin(), recorder.m_fractions.end()));
 		EXPECT_EQ(recorder.m_fractions.back(), 1.0);
 	}
+}
+
+
+TEST(DataIOMappedFile, FilesThatCannotBeMappedAreReadIntoMemory) {
+	// a file of the kernel's interface cannot be mapped, and holds fewer bytes than its size says
+	const std::string path = "/sys/kernel/mm/transparent_hugepage/enabled";
+	std::ifstream in(path);
+	std::string text;
+	if (!std::getline(in, text))
+		GTEST_SKIP() << "no " << path;
+	DATAIO::MappedFile file;
+	file.map(path, 4096);
+	EXPECT_EQ(std::string(file.data(), text.size()), text);
+	EXPECT_EQ(file.data()[4095], '\0');
+	EXPECT_TRUE(file.isCut());
+	// the bytes read are the only copy: letting pages go keeps them
+	file.release(0, 4096);
+	EXPECT_EQ(std::string(file.data(), text.size()), text);
 }

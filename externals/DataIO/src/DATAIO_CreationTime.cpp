@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cstdio>
 
+#include <ZEB_CivilDate.h>
+
 namespace DATAIO {
 
 namespace {
@@ -11,29 +13,6 @@ const std::int64_t SECONDS_PER_DAY = 86400;
 /*! Days from 1970-01-01 to 0001-01-01 and to 10000-01-01, the range of the text form. */
 const std::int64_t FIRST_DAY = -719162;
 const std::int64_t END_DAY = 2932897;
-
-/*! Days since 1970-01-01 of a date in the proleptic Gregorian calendar. */
-std::int64_t daysFromCivil(std::int64_t y, unsigned int m, unsigned int d) {
-	y -= m <= 2 ? 1 : 0;
-	const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
-	const std::int64_t yoe = y - era*400;								// [0, 399]
-	const std::int64_t doy = (153*(m > 2 ? m - 3 : m + 9) + 2)/5 + d - 1;	// [0, 365]
-	const std::int64_t doe = yoe*365 + yoe/4 - yoe/100 + doy;			// [0, 146096]
-	return era*146097 + doe - 719468;
-}
-
-/*! Date of a day count since 1970-01-01 (inverse of daysFromCivil). */
-void civilFromDays(std::int64_t z, std::int64_t & y, unsigned int & m, unsigned int & d) {
-	z += 719468;
-	const std::int64_t era = (z >= 0 ? z : z - 146096) / 146097;
-	const std::int64_t doe = z - era*146097;
-	const std::int64_t yoe = (doe - doe/1460 + doe/36524 - doe/146096) / 365;
-	const std::int64_t doy = doe - (365*yoe + yoe/4 - yoe/100);
-	const std::int64_t mp = (5*doy + 2)/153;
-	d = static_cast<unsigned int>(doy - (153*mp + 2)/5 + 1);
-	m = static_cast<unsigned int>(mp < 10 ? mp + 3 : mp - 9);
-	y = yoe + era*400 + (m <= 2 ? 1 : 0);
-}
 
 /*! Parses count digits at p into v. */
 bool digits(const char * p, int count, unsigned int & v) {
@@ -62,7 +41,7 @@ std::string CreationTime::toText(std::int64_t seconds) {
 		return "@" + std::to_string(seconds);
 	std::int64_t y;
 	unsigned int m, d;
-	civilFromDays(days, y, m, d);
+	ZEB::civilFromDays(days, y, m, d);
 	char buf[32];
 	std::snprintf(buf, sizeof(buf), "%04d-%02u-%02u %02d:%02d:%02d", static_cast<int>(y), m, d,
 				  static_cast<int>(rest/3600), static_cast<int>(rest/60%60), static_cast<int>(rest%60));
@@ -91,10 +70,10 @@ bool CreationTime::fromText(const std::string & text, std::int64_t & seconds) {
 	if (y < 1 || mo < 1 || mo > 12 || d < 1 || h > 23 || mi > 59 || s > 59)
 		return false;
 	// the day must exist in that month: converting back must give the same date
-	const std::int64_t days = daysFromCivil(y, mo, d);
+	const std::int64_t days = ZEB::daysFromCivil(y, mo, d);
 	std::int64_t y2;
 	unsigned int m2, d2;
-	civilFromDays(days, y2, m2, d2);
+	ZEB::civilFromDays(days, y2, m2, d2);
 	if (y2 != y || m2 != mo || d2 != d)
 		return false;
 	seconds = days*SECONDS_PER_DAY + h*3600 + mi*60 + s;

@@ -8,6 +8,7 @@
 
 #include <DATAIO_DataIO.h>
 
+#include <ZEB_CivilDate.h>
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_UnitVector.h>
@@ -40,7 +41,7 @@ public:
 	PeriodGrid(BarAggregation::Period period, std::int32_t startYear) :
 		m_period(period),
 		m_calendar(startYear != DATAIO::DataIO::UNSET_START_YEAR),
-		m_dayZero(m_calendar ? DateTimeText::daysFromCivil(startYear, 1, 1) : 0)
+		m_dayZero(m_calendar ? ZEB::daysFromCivil(startYear, 1, 1) : 0)
 	{}
 
 	/*! The period key of the day with the given number. */
@@ -51,7 +52,7 @@ public:
 		unsigned int month = 1;
 		if (m_calendar) {
 			unsigned int dayOfMonth = 1;
-			DateTimeText::civilFromDays(m_dayZero + day, year, month, dayOfMonth);
+			ZEB::civilFromDays(m_dayZero + day, year, month, dayOfMonth);
 		}
 		else {
 			year = floorDiv(day, 365);
@@ -67,7 +68,7 @@ public:
 		const std::int64_t year = m_period == BarAggregation::P_Year ? key : floorDiv(key, 12);
 		const unsigned int month = m_period == BarAggregation::P_Year ? 1 : static_cast<unsigned int>(key - 12*year + 1);
 		if (m_calendar)
-			return DateTimeText::daysFromCivil(year, month, 1) - m_dayZero;
+			return ZEB::daysFromCivil(year, month, 1) - m_dayZero;
 		return year*365 + MONTH_STARTS[month - 1];
 	}
 

@@ -1,5 +1,6 @@
 #include "OVP_DateTimeColumn.h"
 
+#include <ZEB_CivilDate.h>
 #include <ZEB_Exception.h>
 #include <ZEB_MessageFormat.h>
 #include <ZEB_MessageHandler.h>
@@ -79,7 +80,7 @@ std::vector<double> DateTimeColumn::seconds(std::int32_t & startYear) const {
 	const bool iso = m_entries.front().m_parts.m_form == DateTimeText::F_ISO;
 	const bool dayFirst = !iso && decideOrder() == O_DAY_FIRST;
 	startYear = m_entries.front().m_parts.m_year;
-	const std::int64_t startDay = DateTimeText::daysFromCivil(startYear, 1, 1);
+	const std::int64_t startDay = ZEB::daysFromCivil(startYear, 1, 1);
 	result.reserve(m_entries.size());
 	for (std::size_t i = 0; i < m_entries.size(); ++i) {
 		const DateTimeText::Parts & p = m_entries[i].m_parts;
@@ -89,7 +90,7 @@ std::vector<double> DateTimeColumn::seconds(std::int32_t & startYear) const {
 			throw ZEB::Exception(ZEB::MessageFormat("Line %1, column %2 of file '%3': there is no day %4 in month %5 of %6.")
 				.arg(static_cast<unsigned long long>(m_entries[i].m_line)).arg(m_column).arg(m_fileName)
 				.arg(day).arg(month).arg(p.m_year), FUNC_ID);
-		const double t = static_cast<double>(DateTimeText::daysFromCivil(p.m_year, month, day) - startDay)*86400 + p.m_secondOfDay;
+		const double t = static_cast<double>(ZEB::daysFromCivil(p.m_year, month, day) - startDay)*86400 + p.m_secondOfDay;
 		if (!result.empty() && t <= result.back()) {
 			const double back = result.back() - t;
 			const std::string hint = back < 3600 ?

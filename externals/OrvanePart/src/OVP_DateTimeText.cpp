@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include <ZEB_CivilDate.h>
+
 #include "OVP_ReaderText.h"
 
 namespace OVP {
@@ -118,17 +120,6 @@ bool DateTimeText::parse(const char * begin, const char * end, Parts & parts) {
 }
 
 
-std::int64_t DateTimeText::daysFromCivil(std::int64_t year, unsigned int month, unsigned int day) {
-	// eras of 400 years, years counted from 1 March so that the leap day ends the year
-	year -= month <= 2;
-	const std::int64_t era = (year >= 0 ? year : year - 399)/400;
-	const std::int64_t yearOfEra = year - era*400;
-	const std::int64_t dayOfYear = (153*(month > 2 ? month - 3 : month + 9) + 2)/5 + day - 1;
-	const std::int64_t dayOfEra = yearOfEra*365 + yearOfEra/4 - yearOfEra/100 + dayOfYear;
-	return era*146097 + dayOfEra - 719468;
-}
-
-
 unsigned int DateTimeText::daysInMonth(std::int64_t year, unsigned int month) {
 	static const unsigned int DAYS[12] = { 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
 	if (month == 2 && year % 4 == 0 && (year % 100 != 0 || year % 400 == 0))
@@ -137,25 +128,12 @@ unsigned int DateTimeText::daysInMonth(std::int64_t year, unsigned int month) {
 }
 
 
-void DateTimeText::civilFromDays(std::int64_t days, std::int64_t & year, unsigned int & month, unsigned int & day) {
-	const std::int64_t z = days + 719468;
-	const std::int64_t era = (z >= 0 ? z : z - 146096)/146097;
-	const std::int64_t dayOfEra = z - era*146097;
-	const std::int64_t yearOfEra = (dayOfEra - dayOfEra/1460 + dayOfEra/36524 - dayOfEra/146096)/365;
-	const std::int64_t dayOfYear = dayOfEra - (365*yearOfEra + yearOfEra/4 - yearOfEra/100);
-	const std::int64_t mp = (5*dayOfYear + 2)/153;
-	day = static_cast<unsigned int>(dayOfYear - (153*mp + 2)/5 + 1);
-	month = static_cast<unsigned int>(mp < 10 ? mp + 3 : mp - 9);
-	year = yearOfEra + era*400 + (month <= 2);
-}
-
-
 std::string DateTimeText::format(std::int32_t startYear, double seconds) {
 	const double wholeDays = std::floor(seconds/86400);
 	std::int64_t year = 0;
 	unsigned int month = 0;
 	unsigned int day = 0;
-	civilFromDays(daysFromCivil(startYear, 1, 1) + static_cast<std::int64_t>(wholeDays), year, month, day);
+	ZEB::civilFromDays(ZEB::daysFromCivil(startYear, 1, 1) + static_cast<std::int64_t>(wholeDays), year, month, day);
 	const double secondOfDay = seconds - wholeDays*86400;
 	const long clock = static_cast<long>(std::floor(secondOfDay));
 	char text[160];

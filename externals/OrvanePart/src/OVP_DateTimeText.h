@@ -36,12 +36,6 @@ public:
 		ISO date are checked too; for dot and slash dates only that both parts lie in 1..31.
 	*/
 	static bool parse(const char * begin, const char * end, Parts & parts);
-	/*! Days from 1 January 1970 to the given date. */
-	static std::int64_t daysFromCivil(std::int64_t year, unsigned int month, unsigned int day);
-	/*! The date (year, month 1..12, day 1..31) that lies days after 1 January 1970: the inverse
-		of daysFromCivil().
-	*/
-	static void civilFromDays(std::int64_t days, std::int64_t & year, unsigned int & month, unsigned int & day);
 	/*! Number of days of the month (1..12) in the year. */
 	static unsigned int daysInMonth(std::int64_t year, unsigned int month);
 	/*! The time given in seconds from 1 January 00:00 of startYear as "2023-01-31 13:00:00". */
